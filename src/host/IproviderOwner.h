@@ -1,0 +1,64 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "host/Iprovider.h"
+#include "platform/XArrayDBObject.h"
+
+class Itier;
+
+/// What happens to the data between the radio and the forms. Implemented by the tier; legal once the
+/// tier is initialised. A band is given by its position in the band list (0 to 9), frequencies in Hz.
+class IproviderOwner {
+ public:
+  virtual ~IproviderOwner() = default;
+  /// Converts a personality from one database version to a neighbouring one; a version text is model
+  /// name, point, four digits ("KD4410.0054"). The host has already copied what both versions share.
+  /// The user is told of each step that changes or refuses something; false: do not go on.
+  /// `report` is not used.
+  virtual Status BackwardsCompatibility(std::shared_ptr<Iprovider> source, std::string_view fromVersion,
+                                        std::shared_ptr<Iprovider> destination, std::string_view toVersion,
+                                        const Variant& report, Boolean& out) = 0;
+  /// After a read from the radio: inverts the DCS polarities of table 36 for the forms.
+  virtual Status PostReadProcessing(std::shared_ptr<Iprovider> provider, const Variant& argument) = 0;
+  /// Before a write to the radio: pads tables 50 and 61 to their capacity, inverts the DCS polarities.
+  /// They are not inverted back: the host hands in what is about to be written.
+  virtual Status PreWriteProcessing(std::shared_ptr<Iprovider> provider, const Variant& argument1,
+                                    const Variant& argument2) = 0;
+  /// After a record was added to a grid: its defaults and companions. False refuses the new record.
+  virtual Status PostAddProcessing(std::shared_ptr<Iprovider> provider, std::string_view gridName,
+                                   Boolean& out) = 0;
+  virtual Status PostInsertProcessing(std::shared_ptr<Iprovider> provider, std::string_view gridName,
+                                      RecordNr record, Boolean& out) = 0;
+  /// The items that the field's combo box offers: rows from 0, text in column 0. An empty reference
+  /// receives a new array.
+  virtual Status GetComboItemsByUIID(std::shared_ptr<Iprovider> provider, std::string_view uiid,
+                                     RecordNr record, std::shared_ptr<XArrayDBObject>& items,
+                                     Boolean& out) = 0;
+  /// Converts the form value of a field to its raw fields; call it after the form's value has been stored.
+  /// False for a field without conversion, with nothing changed.
+  virtual Status TransformFromUI(std::shared_ptr<Iprovider> provider, std::string_view fieldId,
+                                 RecordNr record, Boolean& out) = 0;
+  /// Converts the raw fields to the form value; call it before a form reads the field.
+  virtual Status TransformToUI(std::shared_ptr<Iprovider> provider, std::string_view fieldId, RecordNr record,
+                               Boolean& out) = 0;
+  /// The limits of a band, the same for Tx and Rx, and its channel steps in Hz ("6250|5000|3125|2500").
+  /// Positions 10 and 11 give zeros and ""; any other is error 9.
+  virtual Status GetFrequencyRanges(std::int32_t bandPosition, std::int32_t& txLowest,
+                                    std::int32_t& txHighest, std::int32_t& rxLowest, std::int32_t& rxHighest,
+                                    std::string& steps) = 0;
+  /// Fills rows 0 to 9, column 0, with the descriptions of the bands.
+  virtual Status GetBands(XArrayDBObject& bands) = 0;
+  /// The code of the provider's band, the first two characters of its description ("B1").
+  virtual Status GetBandDesc(std::shared_ptr<Iprovider> provider, std::string& out) = 0;
+  /// Binds the object to its tier. Called by the tier.
+  virtual Status Initialize(Itier* tier) = 0;
+  /// As GetFrequencyRanges, for the band of the current provider.
+  virtual Status GetCurrentFrequencyRanges(std::int32_t& txLowest, std::int32_t& txHighest,
+                                           std::int32_t& rxLowest, std::int32_t& rxHighest,
+                                           std::string& steps) = 0;
+  virtual Status PostDeleteProcessing(std::shared_ptr<Iprovider> provider, std::string_view gridName,
+                                      RecordNr record, Boolean& out) = 0;
+};
