@@ -1,0 +1,98 @@
+#include "tier/DataFile.h"
+
+#include <cmath>
+#include <fstream>
+#include <limits>
+
+#include "platform/CaseText.h"
+#include "platform/DecimalText.h"
+#include "platform/Error.h"
+#include "tier/modCommonGlobals.h"
+
+namespace {
+constexpr std::string_view kScrambledMark = "PCA Set";
+
+std::vector<std::string> CutAtTabs(std::string_view line) {
+  std::vector<std::string> pieces;
+  for (;;) {
+    const std::size_t tab = line.find('\t');
+    std::string_view piece = line.substr(0, tab);
+    if (piece.starts_with('"'))
+      piece = piece.size() < 2 ? std::string_view() : piece.substr(1, piece.size() - 2);
+    pieces.emplace_back(piece);
+    if (tab == std::string_view::npos) return pieces;
+    line.remove_prefix(tab + 1);
+  }
+}
+
+bool ReadLine(std::istream& file, std::string& line) {
+  if (!std::getline(file, line)) return false;
+  if (line.ends_with('\r')) line.pop_back();
+  return true;
+}
+}  // namespace
+
+DataFile::DataFile(std::string path) : path_(std::move(path)) {
+  std::ifstream file(path_, std::ios::binary);
+  std::string line;
+  if (!file || !ReadLine(file, line)) {
+    throw Error(ErrorNumber::kFileNotFound, "DataFile", path_ + ": the file can not be read or is empty");
+  }
+  int lineNumber = 1;
+  const bool scrambled = line == kScrambledMark;
+  const auto plain = [&] { return scrambled ? modCommonGlobals::DecryptString(line) : line; };
+  if (scrambled) {
+    if (!ReadLine(file, line)) {
+      throw Error(ErrorNumber::kFileNotFound, "DataFile", path_ + ":2: the header line is missing");
+    }
+    ++lineNumber;
+  }
+  for (const std::string& name : CutAtTabs(plain())) columns_.push_back(UpperCase(name));
+  while (ReadLine(file, line)) {
+    ++lineNumber;
+    if (line.empty()) continue;
+    Row row{lineNumber, CutAtTabs(plain())};
+    for (; row.pieces.size() > columns_.size(); row.pieces.pop_back()) {
+      if (!row.pieces.back().empty()) Raise(ErrorNumber::kSubscript, row, "a value beyond the last column");
+    }
+    rows_.push_back(std::move(row));
+  }
+}
+
+std::int32_t DataFile::Long(const Row& row, std::size_t column) const {
+  using Limits = std::numeric_limits<std::int32_t>;
+  return static_cast<std::int32_t>(Number(row, column, Limits::min(), Limits::max()));
+}
+
+std::int16_t DataFile::Integer(const Row& row, std::size_t column) const {
+  using Limits = std::numeric_limits<std::int16_t>;
+  return static_cast<std::int16_t>(Number(row, column, Limits::min(), Limits::max()));
+}
+
+bool DataFile::Flag(const Row& row, std::size_t column) const {
+  const std::string& text = row.pieces[column];
+  if (EqualsIgnoringCase(text, "True")) return true;
+  if (EqualsIgnoringCase(text, "False")) return false;
+  return Long(row, column) != 0;
+}
+
+double DataFile::Number(const Row& row, std::size_t column, double lowest, double highest) const {
+  const auto number = ParseNumber(row.pieces[column]);
+  if (!number) {
+    Raise(ErrorNumber::kTypeMismatch, row, column,
+          "\"" + row.pieces[column] + "\" is not of the column's type");
+  }
+  const double whole = std::nearbyint(*number);
+  if (whole < lowest || whole > highest) {
+    Raise(ErrorNumber::kOverflow, row, column, row.pieces[column] + " is out of range");
+  }
+  return whole;
+}
+
+void DataFile::Raise(std::int32_t number, const Row& row, std::string_view reason) const {
+  throw Error(number, "DataFile", path_ + ":" + std::to_string(row.line) + ": " + std::string(reason));
+}
+
+void DataFile::Raise(std::int32_t number, const Row& row, std::size_t column, std::string_view reason) const {
+  Raise(number, row, columns_[column] + ": " + std::string(reason));
+}

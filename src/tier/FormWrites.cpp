@@ -1,0 +1,19 @@
+#include "tier/FormWrites.h"
+
+#include <algorithm>
+
+#include "platform/CaseText.h"
+
+void FormWrites::Set(std::string_view fieldId, std::string_view uiid, RecordNr record, const Variant& value) {
+  validator_.CurrentProvider().Field(fieldId).SetValue(record, value);
+  const auto isSame = [&](std::string_view known) { return EqualsIgnoringCase(known, uiid); };
+  if (isSame(uiidInHand_) || std::any_of(written_.begin(), written_.end(), isSame)) return;
+  written_.push_back(uiid);
+}
+
+bool FormWrites::Accept() {
+  if (written_.empty() || !validator_.CurrentProvider().AutoUpdate()) return true;
+  const MessengerRef messenger = validator_.Messenger();
+  for (const std::string_view uiid : written_) messenger.RefreshField(uiid);
+  return true;
+}

@@ -1,0 +1,151 @@
+#pragma once
+
+#include <memory>
+#include <ranges>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+#include "host/Imessenger.h"
+#include "host/Iprovider.h"
+#include "platform/Status.h"
+
+/// Handles around the host's objects: they return values and raise a failed status, so that mapping code
+/// and rules never see one. A handle lives for one call.
+
+/// Calls a host operation and returns what it wrote to its last argument; raises a failed status.
+template <typename Out, typename Host, typename Operation, typename... Args>
+Out Ask(Host& host, Operation operation, const Args&... args) {
+  Out out{};
+  Check((host.*operation)(args..., out));
+  return out;
+}
+
+[[noreturn]] void RaiseNothing(std::string_view what);
+
+/// The object behind the pointer; raises 91 when the host handed out none.
+template <typename Host>
+Host& Deref(const std::shared_ptr<Host>& pointer, std::string_view what) {
+  if (pointer == nullptr) [[unlikely]] {
+    RaiseNothing(what);
+  }
+  return *pointer;
+}
+
+/// 1 to `count`, counted once. Walk it with `std::views::reverse` when deleting.
+inline auto RecordsUpTo(RecordNr count) { return std::views::iota(RecordNr{1}, count + 1); }
+
+class ValueListRef {
+ public:
+  explicit ValueListRef(std::shared_ptr<IvalueList> list) : list_(std::move(list)) {}
+  /// Zero-based.
+  std::string Item(std::int32_t index) const { return Ask<std::string>(Host(), &IvalueList::Item, index); }
+  std::int32_t Count() const { return Ask<std::int32_t>(Host(), &IvalueList::Count); }
+
+ private:
+  IvalueList& Host() const { return Deref(list_, "IvalueList"); }
+  std::shared_ptr<IvalueList> list_;
+};
+
+class FieldRef {
+ public:
+  explicit FieldRef(std::shared_ptr<Ifield> field) : field_(std::move(field)) {}
+  Variant Value(RecordNr record) const { return Ask<Variant>(Host(), &Ifield::Value, record); }
+  void SetValue(RecordNr record, const Variant& value) const { Check(Host().SetValue(record, value)); }
+  RecordNr RecordCount() const { return Ask<RecordNr>(Host(), &Ifield::RecordCount); }
+  auto Records() const { return RecordsUpTo(RecordCount()); }
+  std::int32_t TransformId() const { return Ask<std::int32_t>(Host(), &Ifield::TransformId); }
+  std::int32_t TableNumber() const { return Ask<std::int32_t>(Host(), &Ifield::TableNumber); }
+  std::string Name() const { return Ask<std::string>(Host(), &Ifield::Name); }
+
+ private:
+  Ifield& Host() const { return Deref(field_, "Ifield"); }
+  std::shared_ptr<Ifield> field_;
+};
+
+class FieldsRef {
+ public:
+  explicit FieldsRef(std::shared_ptr<Ifields> fields) : fields_(std::move(fields)) {}
+  FieldRef Item(std::string_view name) const {
+    return FieldRef(Ask<std::shared_ptr<Ifield>>(Deref(fields_, "Ifields"), &Ifields::Item, name));
+  }
+
+ private:
+  std::shared_ptr<Ifields> fields_;
+};
+
+class TableRef {
+ public:
+  explicit TableRef(std::shared_ptr<Itable> table) : table_(std::move(table)) {}
+  RecordNr RecordCount() const { return Ask<RecordNr>(Host(), &Itable::RecordCount); }
+  RecordNr MaxRecords() const { return Ask<RecordNr>(Host(), &Itable::MaxRecords); }
+  auto Records() const { return RecordsUpTo(RecordCount()); }
+  FieldsRef Fields() const { return FieldsRef(Ask<std::shared_ptr<Ifields>>(Host(), &Itable::Fields)); }
+  /// The new record's number is the record count afterwards, whatever the host's operation says.
+  RecordNr AppendRecord() const {
+    static_cast<void>(Ask<RecordNr>(Host(), &Itable::AppendRecord));
+    return RecordCount();
+  }
+
+ private:
+  Itable& Host() const { return Deref(table_, "Itable"); }
+  std::shared_ptr<Itable> table_;
+};
+
+class ProviderRef {
+ public:
+  explicit ProviderRef(std::shared_ptr<Iprovider> provider) : provider_(std::move(provider)) {}
+  FieldRef Field(std::string_view name) const {
+    return FieldRef(Ask<std::shared_ptr<Ifield>>(Host(), &Iprovider::Field, name));
+  }
+  TableRef Table(std::string_view tableId) const {
+    const auto tables = Ask<std::shared_ptr<Itables>>(Host(), &Iprovider::Tables);
+    return TableRef(Ask<std::shared_ptr<Itable>>(Deref(tables, "Itables"), &Itables::Table, tableId));
+  }
+  bool FactoryMode() const { return Ask<Boolean>(Host(), &Iprovider::FactoryMode) != kFalse; }
+  bool AutoUpdate() const { return Ask<Boolean>(Host(), &Iprovider::AutoUpdate) != kFalse; }
+  void SetAutoUpdate(bool state) const { Check(TrySetAutoUpdate(state)); }
+  Status TrySetAutoUpdate(bool state) const { return Host().SetAutoUpdate(ToBoolean(state)); }
+  void ClearTable(std::string_view tableId) const { Check(Host().ClearTable(tableId, kTrue)); }
+  void RefreshField(std::string_view name) const { Check(Host().RefreshField(name)); }
+  bool IsNothing() const { return provider_ == nullptr; }
+
+ private:
+  Iprovider& Host() const { return Deref(provider_, "Iprovider"); }
+  std::shared_ptr<Iprovider> provider_;
+};
+
+class MessengerRef {
+ public:
+  explicit MessengerRef(std::shared_ptr<Imessenger> messenger) : messenger_(std::move(messenger)) {}
+  Button ShowMessage(std::string_view message, std::int32_t style, std::string_view title,
+                     std::string_view parameters) const {
+    return static_cast<Button>(
+        Ask<std::int32_t>(Host(), &Imessenger::ShowMessage, message, style, title, parameters));
+  }
+  void RefreshField(std::string_view uiid) const { Check(Host().RefreshField(uiid)); }
+  void SetFieldEnabled(std::string_view uiid, bool enabled) const {
+    Check(Host().SetFieldEnabled(uiid, ToBoolean(enabled)));
+  }
+
+ private:
+  Imessenger& Host() const { return Deref(messenger_, "Imessenger"); }
+  std::shared_ptr<Imessenger> messenger_;
+};
+
+/// Sets the provider's AutoUpdate for a batch of writes and restores the state that it found, also
+/// after an error. A restore that fails is raised, unless an error is already on its way.
+class ScopedAutoUpdate {
+ public:
+  ScopedAutoUpdate(const ProviderRef& provider, bool state);
+  ~ScopedAutoUpdate() noexcept(false);
+  ScopedAutoUpdate(const ScopedAutoUpdate&) = delete;
+  ScopedAutoUpdate& operator=(const ScopedAutoUpdate&) = delete;
+
+ private:
+  const ProviderRef& provider_;
+  const int errorsBefore_;
+  const bool before_;
+};

@@ -1,0 +1,25 @@
+#include "tier/Procedure.h"
+
+#include <exception>
+
+#include "tier/modCommonErrorHandler.h"
+#include "tier/modRaiseError.h"
+
+namespace {
+/// The fault in flight, whatever carries it.
+Fault CurrentFault() {
+  try {
+    throw;
+  } catch (const Error& error) {
+    return error.Reason();
+  } catch (const std::exception& unexpected) {
+    return {ErrorNumber::kInvalidCall, "KD4410", unexpected.what()};
+  }
+}
+}  // namespace
+
+void ErrorTail(std::string_view procedure) {
+  Fault fault = CurrentFault();
+  modCommonErrorHandler::AddProcToError(fault, procedure);
+  modRaiseError::RaiseError(fault);
+}

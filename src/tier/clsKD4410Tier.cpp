@@ -1,0 +1,164 @@
+#include "tier/clsKD4410Tier.h"
+
+#include "platform/Border.h"
+#include "provider/clsKD4410ProvOwn.h"
+#include "tier/Handles.h"
+#include "tier/HostServices.h"
+#include "tier/Procedure.h"
+#include "tier/clsSchema.h"
+#include "tier/modRaiseError.h"
+#include "ui/clsTierUI.h"
+#include "validation/cKD4410TierValidator.h"
+
+namespace {
+constexpr std::int32_t kTerminateEvent = 1;
+/// The one version list of this tier.
+const std::vector<std::string> kVersionLists = {"KD4410"};
+}  // namespace
+
+clsKD4410Tier::~clsKD4410Tier() { modRaiseError::WithdrawTerminator(this); }
+
+Status clsKD4410Tier::Initialize(std::string_view tierName, std::shared_ptr<IvalidatorHost> validatorHost,
+                                 std::shared_ptr<Imessenger> messenger, const Variant& uiArgument,
+                                 Boolean& out) {
+  return Border([&] {
+    out = ToBoolean(Procedure("Initialize", false, [&] {
+      tierName_ = tierName;
+      messenger_ = messenger;
+      modRaiseError::InitRaiseError(this);  // from here on an unexpected error is fatal
+      return Build(uiArgument, validatorHost);
+    }));
+  });
+}
+
+/// A step that fails ends the work; the children created so far stay.
+bool clsKD4410Tier::Build(const Variant& uiArgument, const std::shared_ptr<IvalidatorHost>& validatorHost) {
+  providerOwner_ = std::make_shared<clsKD4410ProvOwn>();
+  if (!CreateSchema() || !CreateUserInterface(uiArgument)) return false;
+  validator_ = std::make_shared<cKD4410TierValidator>();
+  validatorHost_ = validatorHost;
+  return Ask<Boolean>(*this, &clsKD4410Tier::Activate) != kFalse;
+}
+
+bool clsKD4410Tier::CreateSchema() {
+  schema_ = std::make_shared<clsSchema>();
+  std::string currentVersion;
+  Boolean initialized = kFalse;
+  Check(schema_->Initialize(this, kVersionLists, currentVersion, initialized));
+  if (initialized == kFalse) return false;
+  if (!currentVersion.empty()) Check(SetTierKey(currentVersion + "." + tierName_));
+  return true;
+}
+
+bool clsKD4410Tier::CreateUserInterface(const Variant& uiArgument) {
+  userInterface_ = std::make_shared<clsTierUI>();
+  Boolean initialised = kFalse;
+  Check(userInterface_->InitialiseUserInterface(this, uiArgument, initialised));
+  return initialised != kFalse;
+}
+
+Status clsKD4410Tier::Activate(Boolean& out) {
+  return Border([&] {
+    out = ToBoolean(Procedure("Activate", false, [&] {
+      BindChildren(this, validatorHost_);
+      return true;
+    }));
+  });
+}
+
+Status clsKD4410Tier::InitializeAsDelegate(Itier* delegatingTier,
+                                           std::shared_ptr<IvalidatorHost> validatorHost) {
+  return Border(
+      [&] { Procedure("InitializeAsDelegate", [&] { BindChildren(delegatingTier, validatorHost); }); });
+}
+
+void clsKD4410Tier::BindChildren(Itier* tier, const std::shared_ptr<IvalidatorHost>& validatorHost) {
+  Check(Deref(providerOwner_, "IproviderOwner").Initialize(tier));
+  Boolean filesRead = kFalse;  // not looked at: the files were read before
+  Check(Deref(userInterface_, "ItierUserInterface").InitialiseUserInterface(tier, Variant(), filesRead));
+  Check(Deref(validator_, "ItierValidator").Initialize(tier, validatorHost));
+}
+
+IprovInfo& clsKD4410Tier::FindCurrentProvInfo() {
+  if (currentProvInfo_ == nullptr) {
+    const auto list =
+        Ask<std::shared_ptr<IcolProvInfo>>(Deref(schema_, "ItierSchema"), &ItierSchema::TierList);
+    currentProvInfo_ =
+        Ask<std::shared_ptr<IprovInfo>>(Deref(list, "IcolProvInfo"), &IcolProvInfo::Item, Variant(tierKey_));
+  }
+  return Deref(currentProvInfo_, "IprovInfo");
+}
+
+Status clsKD4410Tier::CurrentProvInfo(std::shared_ptr<IprovInfo>& out) {
+  return Border([&] {
+    FindCurrentProvInfo();
+    out = currentProvInfo_;
+  });
+}
+
+Status clsKD4410Tier::CurrentProvider(std::shared_ptr<Iprovider>& out) {
+  return Border([&] { Check(FindCurrentProvInfo().Provider(out)); });
+}
+
+Status clsKD4410Tier::ProviderOwner(std::shared_ptr<IproviderOwner>& out) {
+  out = providerOwner_;
+  return {};
+}
+
+Status clsKD4410Tier::Schema(std::shared_ptr<ItierSchema>& out) {
+  out = schema_;
+  return {};
+}
+
+Status clsKD4410Tier::Terminator(std::shared_ptr<Iterminator>& out) {
+  out = shared_from_this();
+  return {};
+}
+
+Status clsKD4410Tier::UserInterface(std::shared_ptr<ItierUserInterface>& out) {
+  out = userInterface_;
+  return {};
+}
+
+Status clsKD4410Tier::Validator(std::shared_ptr<ItierValidator>& out) {
+  out = validator_;
+  return {};
+}
+
+Status clsKD4410Tier::Terminate() {
+  providerOwner_.reset();
+  schema_.reset();
+  userInterface_.reset();
+  validator_.reset();
+  messenger_.reset();
+  return {};
+}
+
+Status clsKD4410Tier::TierKey(std::string& out) {
+  out = tierKey_;
+  return {};
+}
+
+Status clsKD4410Tier::SetTierKey(std::string_view key) {
+  if (key == tierKey_) return {};
+  tierKey_ = key;
+  currentProvInfo_.reset();
+  return {};
+}
+
+Status clsKD4410Tier::SetTierName(std::string_view name) {
+  tierName_ = name;
+  return {};
+}
+
+Status clsKD4410Tier::TierName(std::string& out) {
+  out = tierName_;
+  return {};
+}
+
+Status clsKD4410Tier::Messenger(std::shared_ptr<Imessenger>& out) {
+  out = messenger_;
+  return {};
+}
+
+Status clsKD4410Tier::TerminateApplication() { return HostServices::RaiseEvent(kTerminateEvent); }

@@ -1,0 +1,92 @@
+#include "tier/clsSchema.h"
+
+#include "platform/Border.h"
+#include "platform/CaseText.h"
+#include "platform/KeyedCollection.h"
+#include "tier/Handles.h"
+#include "tier/HostServices.h"
+#include "tier/Procedure.h"
+#include "tier/modItierSchemaSupport.h"
+
+namespace {
+namespace support = modItierSchemaSupport;
+
+constexpr std::string_view kTierFamily = "KD4410";
+
+std::string KeyOf(std::string_view version, std::string_view tierName) {
+  return std::string(version) + "." + std::string(tierName);
+}
+
+std::shared_ptr<IprovInfo> Item(IcolProvInfo& list, std::string_view key) {
+  return Ask<std::shared_ptr<IprovInfo>>(list, &IcolProvInfo::Item, Variant(key));
+}
+}  // namespace
+
+std::shared_ptr<IcolProvInfo> clsSchema::List() const { return support::ListWithSiblings(versions_); }
+
+Status clsSchema::TierMenuList(std::string& out) {
+  out = menuText_;
+  return {};
+}
+
+Status clsSchema::TierList(std::shared_ptr<IcolProvInfo>& out) {
+  return Border(
+      [&] { out = Procedure("TierList", std::shared_ptr<IcolProvInfo>(), [&] { return List(); }); });
+}
+
+Status clsSchema::GetDBVersionPathForTier(std::string_view tierKey, std::vector<std::string>& path,
+                                          Boolean& out) {
+  return Border([&] {
+    out = ToBoolean(Procedure("GetDBVersionPathForTier", false, [&](bool& result) {
+      KeyedCollection<std::string> keys;
+      for (const auto& sibling : support::Siblings(*Item(*List(), tierKey))) {
+        const std::string key = support::Key(*sibling);
+        keys.Add(key, key);  // a key that comes twice is an error
+        if (EqualsIgnoringCase(key, tierKey)) result = true;
+      }
+      path.assign(keys.begin(), keys.end());
+      support::SortVersionPath(path);
+    }));
+  });
+}
+
+Status clsSchema::GetDBVersionPathForTierAndVersion(std::string_view tierName, std::string_view version,
+                                                    std::vector<std::string>& path, Boolean& out) {
+  path.clear();
+  // The one operation that handles its own errors: a version that is not there is the normal way of saying
+  // no.
+  const Status walked =
+      Border([&] { path = support::WalkBaseKeys(Item(*List(), KeyOf(version, tierName))); });
+  out = ToBoolean(walked.Ok());
+  return {};
+}
+
+Status clsSchema::GetLatestTierForTierNameAndVersion(std::string_view tierName, std::string_view version,
+                                                     std::string& out) {
+  return Border([&] {
+    out = Procedure("GetLatestTierForTierNameAndVersion", std::string(), [&]() -> std::string {
+      const auto list = List();
+      if (Ask<std::int32_t>(*list, &IcolProvInfo::Count) == 0) return {};
+      return support::WalkBaseKeys(Item(*list, KeyOf(version, tierName))).back();
+    });
+  });
+}
+
+Status clsSchema::Initialize(Itier* tier, const std::vector<std::string>& versions,
+                             std::string& currentVersion, Boolean& out) {
+  return Border([&] {
+    out = ToBoolean(Procedure("Initialize", false, [&] {
+      versions_.clear();
+      for (const std::string& version : versions) {
+        auto info = HostServices::CreateProvInfo();
+        if (info == nullptr) return false;
+        Boolean loaded = kFalse;  // not looked at: what counts is what Load has filled
+        Check(info->Load(kTierFamily, version, "", currentVersion, loaded));
+        versions_.push_back(std::move(info));
+      }
+      menuText_ = support::MenuText(versions_);
+      tier_ = tier;
+      return true;
+    }));
+  });
+}

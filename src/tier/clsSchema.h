@@ -1,0 +1,25 @@
+#pragma once
+
+#include "host/ItierSchema.h"
+#include "tier/LibraryObject.h"
+
+class clsSchema final : public ItierSchema, private LibraryObject {
+ public:
+  Status TierMenuList(std::string& out) override;
+  Status TierList(std::shared_ptr<IcolProvInfo>& out) override;
+  Status GetDBVersionPathForTier(std::string_view tierKey, std::vector<std::string>& path,
+                                 Boolean& out) override;
+  Status GetDBVersionPathForTierAndVersion(std::string_view tierName, std::string_view version,
+                                           std::vector<std::string>& path, Boolean& out) override;
+  Status GetLatestTierForTierNameAndVersion(std::string_view tierName, std::string_view version,
+                                            std::string& out) override;
+  Status Initialize(Itier* tier, const std::vector<std::string>& versions, std::string& currentVersion,
+                    Boolean& out) override;
+
+ private:
+  std::shared_ptr<IcolProvInfo> List() const;
+
+  Itier* tier_ = nullptr;
+  std::vector<std::shared_ptr<IprovInfo>> versions_;
+  std::string menuText_;
+};
