@@ -1,0 +1,154 @@
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include "channels/modChannels.h"
+#include "platform/CaseText.h"
+#include "platform/Conversions.h"
+#include "selcall/modSelcallMapping.h"
+#include "tier/Procedure.h"
+#include "tier/modCommonErrorHandler.h"
+#include "tier/modCommonGlobals.h"
+#include "tier/modProjectGlobals.h"
+
+namespace modChannels {
+namespace {
+/// The records of table 30 that hold the bursts of one kind, relative to the first record of the system's
+/// block less 1.
+struct BurstRange {
+  RecordNr first, last;
+};
+constexpr BurstRange kRepeater{2, 6};
+constexpr BurstRange kCallerId{7, 8};
+constexpr BurstRange kTxCall{9, 108};
+constexpr BurstRange kStatus{109, 132};
+constexpr BurstRange kAccessTone{133, 137};
+constexpr BurstRange kLeadIn{138, 142};
+
+struct BurstField {
+  std::string_view form, pointer;
+  BurstRange range;
+};
+// clang-format off
+constexpr BurstField kBurstFields[] = {
+    {"5.RepeaterBurstSeq",      "5.RepeaterBurst",       kRepeater},
+    {"5.CallerIDBurstSeq",      "5.CallerIDBurst",       kCallerId},
+    {"5.TXCallBurstSeq",        "5.TXCallBurst",         kTxCall},
+    {"5.StatusBurstSeq",        "5.StatusBurst",         kStatus},
+    {"5.RepeaterAccessToneSeq", "5.RepeaterAccessTone",  kAccessTone},
+    {"5.Lead-In-ToneSeq",       "5.Lead-In-Tone",        kLeadIn},
+    {"76.RepeaterBurstSeq", "76.DSDBM_CHANNEL_SEL_RPT_BURST_INDEX_POINTER", kRepeater},
+    {"76.CallerIDBurstSeq", "76.DSDBM_CHANNEL_SEL_CALLER_ID_INDEX_POINTER", kCallerId},
+    {"76.TXCallBurstSeq",   "76.DSDBM_CHANNEL_SEL_TXCALL_INDEX_POINTER",    kTxCall},
+    {"76.StatusBurstSeq",   "76.DSDBM_CHANNEL_SEL_STATUS_INDEX_POINTER",    kStatus},
+};
+// clang-format on
+
+/// The row of a form field, whatever its case; none for another field.
+const BurstField* FindBurstField(std::string_view fieldId) {
+  for (const BurstField& field : kBurstFields) {
+    if (EqualsIgnoringCase(field.form, fieldId)) return &field;
+  }
+  return nullptr;
+}
+
+bool IsBurstTable(std::string_view fieldId) {
+  const auto table = modCommonGlobals::SplitFieldId(fieldId).first;
+  return table == "5" || table == "76";
+}
+
+/// The burst that the index points at, as its system shows it. An index that is 0 or lies outside the
+/// table points at nothing.
+std::string BurstText(const ProviderRef& provider, std::int32_t index) {
+  using namespace modSelcallMapping;
+  const FieldRef bursts = provider.Field("30.FixedFormatBurstSeq");
+  if (index <= 0 || index >= bursts.RecordCount()) return std::string(kNone);
+  const RecordNr burst = index + 1;
+  return MapBurstToUI(provider, GetSigSysRecNrForFixedFormBurst(burst),
+                      NumarrayToString(bursts.Value(burst)));
+}
+
+/// The record of table 5 that the field's record belongs to; table 76 names it by its record number.
+RecordNr ChannelOf(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
+  if (modCommonGlobals::SplitFieldId(fieldId).first == "5") return record;
+  return CLng(provider.Field("76.DSDBM_PRESET_CALL_CHANNEL_REF").Value(record));
+}
+
+/// Puts the channel on the first network and says so. The text names the channel of record 1, whichever
+/// channel is in hand; both are wanted so. 0 when there is no network.
+RecordNr FallBackToFirstNetwork(const ProviderRef& provider, RecordNr channel, const std::string& number) {
+  const FieldRef networkNumbers = provider.Field("21.NetworkPointer");
+  if (networkNumbers.RecordCount() == 0) return 0;
+  const Variant first = networkNumbers.Value(1);
+  const std::string text = "Error processing channel " + CStr(provider.Field("5.ChannelIDTracker").Value(1)) +
+                           ").TempValue( network " + number + " not found.\r\nUsing network " + CStr(first) +
+                           " for this channel";
+  constexpr std::int32_t kCritical = 16;
+  modCommonErrorHandler::ShowMessageBox(text, kCritical, "Unknown Error");
+  provider.Field("5.ChannelNetworkIdUI").SetValue(channel, first);
+  return 1;
+}
+
+/// The network of the channel, by its number as text.
+RecordNr NetworkOf(const ProviderRef& provider, RecordNr channel) {
+  const std::string number = CStr(provider.Field("5.ChannelNetworkIdUI").Value(channel));
+  const FieldRef numbers = provider.Field("21.NetworkIDTracker");
+  for (const RecordNr network : numbers.Records()) {
+    if (CStr(numbers.Value(network)) == number) return network;
+  }
+  return FallBackToFirstNetwork(provider, channel, number);
+}
+
+/// The record of the system's burst with that text among those of its kind; 0 for none.
+RecordNr FindBurst(const ProviderRef& provider, RecordNr system, const BurstRange& range,
+                   const std::string& text) {
+  const FieldRef bursts = provider.Field("30.UGBurstSeq");
+  const RecordNr base = (system - 1) * modSelcallMapping::kBurstsPerSystem;
+  const RecordNr last = std::min(base + range.last, bursts.RecordCount());
+  for (RecordNr burst = base + range.first; burst <= last; ++burst) {
+    if (CStr(bursts.Value(burst)) == text) return burst;
+  }
+  return 0;
+}
+
+/// The index that the text stands for on this channel; none when the stored one is to be kept.
+std::optional<std::int32_t> BurstIndex(const ProviderRef& provider, RecordNr channel, const BurstRange& range,
+                                       const std::string& text) {
+  const RecordNr network = NetworkOf(provider, channel);
+  if (network == 0) return 0;
+  if (CLng(provider.Field("21.SignallingType").Value(network)) != SignallingType::kSelcall) return 0;
+  const Variant identity = provider.Field("21.NetworkSignallingID").Value(network);
+  const RecordNr system =
+      modProjectGlobals::SigSysRecordNr(provider, SignallingType::kSelcall, identity, true);
+  const RecordNr burst = system == 0 ? 0 : FindBurst(provider, system, range, text);
+  if (burst == 0) return std::nullopt;
+  return burst - 1;
+}
+}  // namespace
+
+void GetPresetSelcallIndex(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
+  Procedure("GetPresetSelcallIndex", [&] {
+    if (!IsBurstTable(fieldId)) return;
+    const BurstField* field = FindBurstField(fieldId);
+    const std::int32_t index = field == nullptr ? 0 : CLng(provider.Field(field->pointer).Value(record));
+    provider.Field(fieldId).SetValue(record, BurstText(provider, index));
+  });
+}
+
+void SetPresetSelcallIndex(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
+  Procedure("SetPresetSelcallIndex", [&] {
+    const BurstField* field = FindBurstField(fieldId);
+    if (field == nullptr) return;
+    const FieldRef pointer = provider.Field(field->pointer);
+    const std::string text = CStr(provider.Field(fieldId).Value(record));
+    if (text == kNone || text.empty()) {  // an empty text would match the first unused slot
+      pointer.SetValue(record, 0);
+      return;
+    }
+    const RecordNr channel = ChannelOf(provider, fieldId, record);
+    if (channel < 1 || channel > provider.Table("5").RecordCount()) return;
+    const auto index = BurstIndex(provider, channel, field->range, text);
+    if (index) pointer.SetValue(record, *index);
+  });
+}
+}  // namespace modChannels

@@ -1,0 +1,140 @@
+#include "channels/modvalChannels.h"
+#include "networks/modvalEmergency.h"
+#include "platform/Conversions.h"
+#include "tier/Messages.h"
+#include "tier/Procedure.h"
+#include "tier/RadioCodes.h"
+#include "tier/modProjectGlobals.h"
+
+namespace modvalChannels {
+namespace {
+/// The fields that refer to a channel by its number, in every record; and the first parameter of a function
+/// key that selects a preset channel.
+constexpr std::string_view kReferences[] = {
+    "Priority1Channel_k6k",
+    "Priority2Channel_k6k",
+    "ScanPresetTxChannel_k6k",
+    "GroupChannelUI_k6k",
+    "EmChannel",
+    "ActionParamPresetChannel",
+    "ActionParamHomeChannel",
+    "GPSPollResponseChannel",
+    "FilteredScanGroupChannelMemberID",
+    "ChannelGroupIDForRadioStartup",
+};
+
+/// Moves the references to a channel from its old number to the new one, after one question.
+class Renumbering {
+ public:
+  Renumbering(FieldEdit& edit, Variant old)
+      : edit_(edit), provider_(edit.validator.CurrentProvider()), old_(std::move(old)) {}
+
+  /// False when the user declines, before anything was written.
+  bool Run() {
+    for (const std::string_view name : kReferences) {
+      if (!MoveAll(name)) return false;
+    }
+    for (const FunctionKey& key : kFunctionKeys) {
+      const Variant action = provider_.Field(key.action).Value(1);
+      if (SameValue(action, KeyAction::kPresetChannel) && !Move(key.parameter1, 1)) return false;
+    }
+    return true;
+  }
+
+ private:
+  bool MoveAll(std::string_view name) {
+    for (const RecordNr record : provider_.Field(name).Records()) {
+      if (!Move(name, record)) return false;
+    }
+    return true;
+  }
+
+  bool Move(std::string_view name, RecordNr record) {
+    const Variant reference = provider_.Field(name).Value(record);
+    if (!SameValue(reference, old_) || CStr(reference) == kNone) return true;
+    if (!agreed_ &&
+        AskYesNo(edit_.validator,
+                 "Changing this Channel ID will cause all references to it to be updated. %0:S Do "
+                 "you wish to proceed?",
+                 {kLineBreak}) != Button::Yes) {
+      return false;
+    }
+    agreed_ = true;
+    edit_.writes.Set(name, record, edit_.value);
+    return true;
+  }
+
+  FieldEdit& edit_;
+  ProviderRef provider_;
+  Variant old_;
+  bool agreed_ = false;
+};
+
+bool ValidateNumber(FieldEdit& edit) {
+  const Variant old = edit.validator.CurrentProvider().Field("ChannelID_k6k").Value(edit.record);
+  return SameValue(old, edit.value) || Renumbering(edit, old).Run();
+}
+
+/// The controls of the channel form that one signalling type uses.
+constexpr struct {
+  std::string_view uiid;
+  std::int32_t signallingType;
+} kSignallingControls[] = {
+    {"RepeaterBurstIndex_k6k", SignallingType::kSelcall},
+    {"CallerIDBurstIndex_k6k", SignallingType::kSelcall},
+    {"TXCallBurstIndex_k6k", SignallingType::kSelcall},
+    {"StatusBurstIndex_k6k", SignallingType::kSelcall},
+    {"RepeaterAccessToneIndex_k6k", SignallingType::kSelcall},
+    {"Lead-In-ToneIndex_k6k", SignallingType::kSelcall},
+    {"RxDecodeOneEnabled_k6k", SignallingType::kSelcall},
+    {"RxDecodeTwoEnabled_k6k", SignallingType::kSelcall},
+    {"GroupCallDecode_k6k", SignallingType::kSelcall},
+    {"DTMFPresetCallSequence", SignallingType::kDTMF},
+    {"T99IndividualCallReceive_k6k", SignallingType::kTwoTone},
+    {"T99GroupCallReceive_k6k", SignallingType::kTwoTone},
+    {"T99AllCallReceive_k6k", SignallingType::kTwoTone},
+};
+
+/// What the network's signalling makes of the channel's controls; without a network there is none.
+void EnableSignallingControls(const ValidatorRef& validator, RecordNr network) {
+  const ProviderRef provider = validator.CurrentProvider();
+  const MessengerRef messenger = validator.Messenger();
+  const auto type =
+      network == 0 ? SignallingType::kNone : CLng(provider.Field("SignallingType").Value(network));
+  for (const auto& control : kSignallingControls) {
+    messenger.SetFieldEnabled(control.uiid, type == control.signallingType);
+  }
+  const bool usesSIBT = network != 0 && IsTicked(provider.Field("SIBTEnabled_k6k").Value(network));
+  messenger.SetFieldEnabled("ChannelSIBTEnabled_k6k", usesSIBT);
+}
+
+/// The same network again runs through all of it too.
+bool ValidateNetwork(FieldEdit& edit) {
+  if (!modvalEmergency::ValidateChannelID(edit.validator, edit.record)) return false;
+  if (!ValidatePresetSelcallAgainstTxFormat(edit.validator, edit.record)) return false;
+  edit.writes.Set(edit.uiid, edit.record, edit.value);
+  EnableSignallingControls(edit.validator, FindChannelsNetworkRecordNr(edit.validator, edit.record));
+  ResetChannelSelcallPresets(edit.writes, edit.record);
+  edit.writes.Set("DTMFPresetCallSequence", edit.record, kNone);
+  return true;
+}
+}  // namespace
+
+bool ValidateChannelID(FieldEdit& edit) {
+  return Procedure("ValidateChannelID", true, [&] {
+    return edit.uiid == "CHANNELID_K6K" ? ValidateNumber(edit) : ValidateNetwork(edit);
+  });
+}
+
+RecordNr FindChannelsNetworkRecordNr(const ValidatorRef& validator, RecordNr channel) {
+  return Procedure("FindChannelsNetworkRecordNr", RecordNr{0}, [&] {
+    const ProviderRef provider = validator.CurrentProvider();
+    const Variant number = provider.Field("ChannelNetworkId_k6k").Value(channel);
+    const FieldRef numbers = provider.Field("NetworkID");
+    for (const RecordNr network : numbers.Records()) {
+      if (SameValue(numbers.Value(network), number)) return network;
+    }
+    return numbers.RecordCount();
+  });
+}
+}  // namespace modvalChannels

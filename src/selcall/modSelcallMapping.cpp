@@ -1,0 +1,61 @@
+#include "selcall/modSelcallMapping.h"
+
+#include <memory>
+
+#include "platform/Conversions.h"
+#include "platform/XArrayDBObject.h"
+#include "tier/Procedure.h"
+
+namespace modSelcallMapping {
+namespace {
+/// The characters of the codes 10 to 18.
+constexpr std::string_view kLetters = "ABCDEF-GV";
+constexpr std::int32_t kFirstLetterCode = 10;
+
+std::int32_t ToneCode(char tone) {
+  const std::size_t letter = kLetters.find(tone);
+  if (letter != std::string_view::npos) return kFirstLetterCode + static_cast<std::int32_t>(letter);
+  return CLng(std::string_view(&tone, 1));
+}
+
+std::string ToneText(std::int32_t code) {
+  const auto letter = static_cast<std::size_t>(code - kFirstLetterCode);
+  if (code >= kFirstLetterCode && letter < kLetters.size()) return {kLetters[letter]};
+  return std::to_string(code);
+}
+}  // namespace
+
+ArrayObject StringToNumarray(std::string_view text) {
+  const auto sequence = std::make_shared<XArrayDBObject>();
+  Procedure("StringToNumarray", [&] {
+    const auto tones = static_cast<std::int32_t>(text.size());
+    sequence->Redim(0, tones, 0, 0);
+    for (std::int32_t row = 1; row <= tones; ++row) {
+      sequence->SetValue(row, 0, ToneCode(text[static_cast<std::size_t>(row - 1)]));
+    }
+  });
+  return sequence;
+}
+
+std::string NumarrayToString(const Variant& sequence) {
+  return Procedure("NumarrayToString", std::string(), [&](std::string& text) {
+    if (sequence.IsEmpty()) return;
+    const XArrayDBObject& codes = CArray(sequence);
+    for (std::int32_t row = 1, last = codes.UpperBound(1); row <= last; ++row) {
+      text += ToneText(CLng(codes.GetValue(row, 0)));
+    }
+  });
+}
+
+std::string MapBurstToUI(const ProviderRef&, RecordNr system, const std::string& text) {
+  return system == 0 ? std::string() : text;
+}
+
+std::string MapBurstFromUI(const ProviderRef& provider, RecordNr system, const std::string& text) {
+  return MapBurstToUI(provider, system, text);
+}
+
+RecordNr GetSigSysRecNrForFixedFormBurst(RecordNr burst) {
+  return burst < 2 ? 0 : (burst - 2) / kBurstsPerSystem + 1;
+}
+}  // namespace modSelcallMapping
