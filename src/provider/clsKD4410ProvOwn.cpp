@@ -1,0 +1,187 @@
+#include "provider/clsKD4410ProvOwn.h"
+
+#include <cstdlib>
+
+#include "channels/modBandLimits.h"
+#include "compat/modBackwardsCompatibility.h"
+#include "platform/Border.h"
+#include "platform/Conversions.h"
+#include "provider/modTransformations.h"
+#include "tier/Procedure.h"
+#include "tier/ValidatorRef.h"
+#include "tier/modCommonGlobals.h"
+
+namespace {
+using modBandLimits::GetBandLimitsByComboBoxPosition;
+using modTransformations::Transformation;
+
+/// The radio stores the polarities of table 36 with the opposite sense to the forms.
+void InvertPolarities(const ProviderRef& provider) {
+  for (const std::string_view name : {"36.DCSTxPolarity", "36.DCSRxPolarity"}) {
+    const FieldRef polarity = provider.Field(name);
+    for (const RecordNr record : polarity.Records()) {
+      polarity.SetValue(record, std::abs(1 - CLng(polarity.Value(record))));
+    }
+  }
+}
+
+void PadToCapacity(const ProviderRef& provider, std::string_view tableId) {
+  const TableRef table = provider.Table(tableId);
+  const RecordNr capacity = table.MaxRecords();
+  for (RecordNr count = table.RecordCount(); count < capacity; ++count) table.AppendRecord();
+}
+
+std::int32_t BandPosition(const ProviderRef& provider) { return CLng(provider.Field("Band_k6k").Value(1)); }
+
+/// The field called by FieldId, or by a plain name, which names its table by itself.
+FieldRef ResolveField(const ProviderRef& provider, std::string_view name, std::string& fieldId) {
+  const auto [table, field] = modCommonGlobals::SplitFieldId(name);
+  if (!table.empty()) {
+    fieldId = name;
+    return provider.Table(table).Fields().Item(field);
+  }
+  FieldRef found = provider.Field(name);
+  fieldId = std::to_string(found.TableNumber()) + "." + found.Name();
+  return found;
+}
+
+/// Runs one side of the field's transformation, silently for the host's follow-up work. False for a
+/// field whose number is not in the table.
+bool Transform(std::shared_ptr<Iprovider> host, std::string_view name, RecordNr record,
+               modTransformations::Routine Transformation::*side) {
+  const ProviderRef provider(std::move(host));
+  std::string fieldId;
+  const std::int32_t number = ResolveField(provider, name, fieldId).TransformId();
+  const Transformation* transformation = modTransformations::Find(number, fieldId);
+  if (transformation == nullptr) return false;
+  const ScopedAutoUpdate silent(provider, false);
+  (transformation->*side)(provider, fieldId, record);
+  return true;
+}
+
+/// The operation belongs to a subject that the tier does not have yet: an honest failure, so that no host
+/// takes a record for complete that nobody has completed.
+Status NotSupported(std::string_view operation) {
+  return {ErrorNumber::kNotSupported, "IproviderOwner",
+          "Object doesn't support this action: " + std::string(operation)};
+}
+}  // namespace
+
+Status clsKD4410ProvOwn::BackwardsCompatibility(std::shared_ptr<Iprovider> source,
+                                                std::string_view fromVersion,
+                                                std::shared_ptr<Iprovider> destination,
+                                                std::string_view toVersion, const Variant&, Boolean& out) {
+  return Border([&] {
+    out = ToBoolean(modBackwardsCompatibility::BackwardsCompatibility(
+        ValidatorRef(tier_), fromVersion, ProviderRef(source), toVersion, ProviderRef(destination)));
+  });
+}
+
+Status clsKD4410ProvOwn::PostReadProcessing(std::shared_ptr<Iprovider> provider, const Variant&) {
+  return Border([&] {
+    Procedure("PostReadProcessing", [&] {
+      const ProviderRef personality(provider);
+      const ScopedAutoUpdate silent(personality, false);
+      InvertPolarities(personality);
+    });
+  });
+}
+
+Status clsKD4410ProvOwn::PreWriteProcessing(std::shared_ptr<Iprovider> provider, const Variant&,
+                                            const Variant&) {
+  return Border([&] {
+    Procedure("PreWriteProcessing", [&] {
+      const ProviderRef personality(provider);
+      const ScopedAutoUpdate silent(personality, false);
+      PadToCapacity(personality, "50");
+      PadToCapacity(personality, "61");
+      InvertPolarities(personality);
+    });
+  });
+}
+
+Status clsKD4410ProvOwn::PostAddProcessing(std::shared_ptr<Iprovider>, std::string_view, Boolean&) {
+  return NotSupported("PostAddProcessing");
+}
+
+Status clsKD4410ProvOwn::PostInsertProcessing(std::shared_ptr<Iprovider>, std::string_view, RecordNr,
+                                              Boolean&) {
+  return NotSupported("PostInsertProcessing");
+}
+
+Status clsKD4410ProvOwn::GetComboItemsByUIID(std::shared_ptr<Iprovider>, std::string_view, RecordNr,
+                                             std::shared_ptr<XArrayDBObject>&, Boolean&) {
+  return NotSupported("GetComboItemsByUIID");
+}
+
+Status clsKD4410ProvOwn::TransformFromUI(std::shared_ptr<Iprovider> provider, std::string_view fieldId,
+                                         RecordNr record, Boolean& out) {
+  return Border([&] {
+    out = ToBoolean(Procedure("TransformFromUI", true, [&] {
+      return Transform(std::move(provider), fieldId, record, &Transformation::fromUI);
+    }));
+  });
+}
+
+Status clsKD4410ProvOwn::TransformToUI(std::shared_ptr<Iprovider> provider, std::string_view fieldId,
+                                       RecordNr record, Boolean& out) {
+  return Border([&] {
+    out = ToBoolean(Procedure("TransformToUI", true, [&] {
+      return Transform(std::move(provider), fieldId, record, &Transformation::toUI);
+    }));
+  });
+}
+
+Status clsKD4410ProvOwn::GetFrequencyRanges(std::int32_t bandPosition, std::int32_t& txLowest,
+                                            std::int32_t& txHighest, std::int32_t& rxLowest,
+                                            std::int32_t& rxHighest, std::string& steps) {
+  return Border([&] {
+    Procedure("GetFrequencyRanges", [&] {
+      const BandLimits& band = GetBandLimitsByComboBoxPosition(bandPosition);
+      txLowest = rxLowest = band.LowerLimit;
+      txHighest = rxHighest = band.UpperLimit;
+      steps = band.Steps;
+    });
+  });
+}
+
+Status clsKD4410ProvOwn::GetBands(XArrayDBObject& bands) {
+  return Border([&] {
+    Procedure("GetBands", [&] {
+      bands.Redim(0, modBandLimits::kBandCount - 1, 0, 0);
+      for (std::int32_t position = 0; position < modBandLimits::kBandCount; ++position) {
+        bands.SetValue(position, 0, GetBandLimitsByComboBoxPosition(position).Description);
+      }
+    });
+  });
+}
+
+Status clsKD4410ProvOwn::GetBandDesc(std::shared_ptr<Iprovider> provider, std::string& out) {
+  return Border([&] {
+    out = Procedure("GetBandDesc", std::string(), [&] {
+      const std::int32_t position = BandPosition(ProviderRef(provider));
+      return std::string(GetBandLimitsByComboBoxPosition(position).Description.substr(0, 2));
+    });
+  });
+}
+
+Status clsKD4410ProvOwn::Initialize(Itier* tier) {
+  tier_ = tier;
+  return {};
+}
+
+Status clsKD4410ProvOwn::GetCurrentFrequencyRanges(std::int32_t& txLowest, std::int32_t& txHighest,
+                                                   std::int32_t& rxLowest, std::int32_t& rxHighest,
+                                                   std::string& steps) {
+  return Border([&] {
+    Procedure("GetCurrentFrequencyRanges", [&] {
+      const std::int32_t position = BandPosition(ValidatorRef(tier_).CurrentProvider());
+      Check(GetFrequencyRanges(position, txLowest, txHighest, rxLowest, rxHighest, steps));
+    });
+  });
+}
+
+Status clsKD4410ProvOwn::PostDeleteProcessing(std::shared_ptr<Iprovider>, std::string_view, RecordNr,
+                                              Boolean&) {
+  return NotSupported("PostDeleteProcessing");
+}

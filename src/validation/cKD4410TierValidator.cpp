@@ -1,0 +1,104 @@
+#include "validation/cKD4410TierValidator.h"
+
+#include "platform/Border.h"
+#include "tier/ValidatorRef.h"
+#include "validation/modvalFields.h"
+#include "validation/modvalForms.h"
+#include "validation/modvalRecords.h"
+
+namespace {
+/// The rules of the operation are not there yet: an honest failure, no answer that a host could trust.
+[[noreturn]] void RaiseNotSupported(std::string_view operation) {
+  throw Error(ErrorNumber::kNotSupported, "ItierValidator",
+              "Object doesn't support this action: " + std::string(operation));
+}
+}  // namespace
+
+void cKD4410TierValidator::Guard() const {
+  if (host_ != nullptr) return;
+  throw Error(ErrorNumber::kValidatorNotSet, "ItierValidator",
+              "ItierValidator not initialised. Please set object reference to Validator before calling any "
+              "ItierValidator methods");
+}
+
+template <typename Rule>
+Status cKD4410TierValidator::Guarded(Boolean& out, Rule rule) {
+  return Border([&] {
+    Guard();
+    out = ToBoolean(rule(ValidatorRef(tier_)));
+  });
+}
+
+Status cKD4410TierValidator::AddRecord(std::string_view gridName, std::shared_ptr<Iprovider> provider,
+                                       Boolean& out) {
+  return Guarded(out, [&](const ValidatorRef& validator) {
+    return modvalRecords::AddRecord(validator, modvalRecords::GridTable(gridName), ProviderRef(provider));
+  });
+}
+
+Status cKD4410TierValidator::DeleteRecord(std::string_view gridName, RecordNr record,
+                                          std::shared_ptr<Iprovider>, Boolean& out) {
+  return Guarded(out, [&](const ValidatorRef& validator) {
+    return modvalRecords::DeleteRecord(validator, modvalRecords::GridTable(gridName), record);
+  });
+}
+
+Status cKD4410TierValidator::ExecuteByTriggerID(std::string_view, Boolean& out) {
+  return Guarded(out, [](const ValidatorRef&) { return false; });
+}
+
+Status cKD4410TierValidator::FormValidationByFormName(std::string_view formName, Boolean refresh,
+                                                      Boolean& out) {
+  return Guarded(out, [&](const ValidatorRef& validator) {
+    return modvalForms::FormValidationByFormName(validator, formName, refresh != kFalse);
+  });
+}
+
+Status cKD4410TierValidator::GetEnabledStatebyUIID(std::string_view, RecordNr, Boolean& out) {
+  return Guarded(out, [](const ValidatorRef&) -> bool { RaiseNotSupported("GetEnabledStatebyUIID"); });
+}
+
+Status cKD4410TierValidator::PermissionToOpenFormByFormName(std::string_view, Boolean& out) {
+  return Guarded(out, [](const ValidatorRef&) { return true; });
+}
+
+Status cKD4410TierValidator::RunPreProgramValidation(Boolean& out) {
+  return Guarded(out, [](const ValidatorRef&) -> bool { RaiseNotSupported("RunPreProgramValidation"); });
+}
+
+Status cKD4410TierValidator::RunFinalValidation(Boolean& out) {
+  return Guarded(out,
+                 [](const ValidatorRef& validator) { return modvalForms::RunFinalValidation(validator); });
+}
+
+Status cKD4410TierValidator::ValidateByUIID(std::string_view uiid, Variant& value, RecordNr record,
+                                            Boolean& out) {
+  return Guarded(out, [&](const ValidatorRef& validator) {
+    return modvalFields::ValidateByUIID(validator, uiid, value, record);
+  });
+}
+
+Status cKD4410TierValidator::ExitFocusByUIID(std::string_view, const Variant&, RecordNr, Boolean& out) {
+  return Guarded(out, [](const ValidatorRef&) { return true; });
+}
+
+Status cKD4410TierValidator::EnterFocusByUIID(std::string_view, const Variant&, RecordNr, Boolean& out) {
+  out = kFalse;
+  return {};
+}
+
+Status cKD4410TierValidator::Validator(std::shared_ptr<IvalidatorHost>& out) {
+  out = host_;
+  return {};
+}
+
+Status cKD4410TierValidator::SetValidator(std::shared_ptr<IvalidatorHost> host) {
+  host_ = std::move(host);
+  return {};
+}
+
+Status cKD4410TierValidator::Initialize(Itier* tier, std::shared_ptr<IvalidatorHost> host) {
+  tier_ = tier;
+  host_ = std::move(host);
+  return {};
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "host/ItierValidator.h"
+#include "tier/LibraryObject.h"
+
+class cKD4410TierValidator final : public ItierValidator, private LibraryObject {
+ public:
+  Status AddRecord(std::string_view gridName, std::shared_ptr<Iprovider> provider, Boolean& out) override;
+  Status DeleteRecord(std::string_view gridName, RecordNr record, std::shared_ptr<Iprovider> provider,
+                      Boolean& out) override;
+  Status ExecuteByTriggerID(std::string_view triggerId, Boolean& out) override;
+  Status FormValidationByFormName(std::string_view formName, Boolean refresh, Boolean& out) override;
+  Status GetEnabledStatebyUIID(std::string_view uiid, RecordNr record, Boolean& out) override;
+  Status PermissionToOpenFormByFormName(std::string_view formName, Boolean& out) override;
+  Status RunPreProgramValidation(Boolean& out) override;
+  Status RunFinalValidation(Boolean& out) override;
+  Status ValidateByUIID(std::string_view uiid, Variant& value, RecordNr record, Boolean& out) override;
+  Status ExitFocusByUIID(std::string_view uiid, const Variant& value, RecordNr record, Boolean& out) override;
+  Status EnterFocusByUIID(std::string_view uiid, const Variant& value, RecordNr record,
+                          Boolean& out) override;
+  Status Validator(std::shared_ptr<IvalidatorHost>& out) override;
+  Status SetValidator(std::shared_ptr<IvalidatorHost> host) override;
+  Status Initialize(Itier* tier, std::shared_ptr<IvalidatorHost> host) override;
+
+ private:
+  /// Runs a rule operation behind the guard; `rule` takes the context and gives the answer.
+  template <typename Rule>
+  Status Guarded(Boolean& out, Rule rule);
+  void Guard() const;
+
+  std::shared_ptr<IvalidatorHost> host_;
+  Itier* tier_ = nullptr;
+};

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string_view>
+
+#include "tier/FieldEdit.h"
+
+namespace modvalFields {
+/// Judges a changed value by the rule of its UIID, in any case; a UIID without a rule is true.
+bool ValidateByUIID(const ValidatorRef& validator, std::string_view uiid, Variant& value, RecordNr record);
+}  // namespace modvalFields

@@ -1,0 +1,76 @@
+#include "validation/modvalRecords.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "channels/modvalChannels.h"
+#include "platform/CaseText.h"
+#include "tier/Messages.h"
+#include "tier/Procedure.h"
+
+namespace modvalRecords {
+namespace {
+constexpr struct {
+  std::string_view name;
+  std::int32_t table;
+} kGrids[] = {
+    {"Channels6000", 5}, {"GroupMembership", 1119}, {"Network", 21}, {"ControlStatus6000", 1115},
+    {"ScanGroup", 16},   {"Selcall6000", 29},       {"DTMF", 64},    {"Type99", 37},
+    {"MDC1200", 80},
+};
+
+constexpr RecordNr kMostChannelsAndGroups = 100;
+
+bool MayAddChannelOrGroup(const ValidatorRef& validator, const ProviderRef& provider) {
+  if (provider.Table("5").RecordCount() + provider.Table("16").RecordCount() < kMostChannelsAndGroups)
+    return true;
+  Warn(validator, "The combined number of Channels and Scan Groups must not exceed 100.");
+  return false;
+}
+
+constexpr struct {
+  std::int32_t table;
+  bool (*rule)(const ValidatorRef&, const ProviderRef&);
+} kAddRules[] = {
+    {5, MayAddChannelOrGroup},
+    {16, MayAddChannelOrGroup},
+};
+
+constexpr struct {
+  std::int32_t table;
+  bool (*rule)(const ValidatorRef&, RecordNr);
+} kDeleteRules[] = {
+    {5, modvalChannels::DeleteChannel},
+};
+
+/// The first row of the table's number, or the end.
+template <typename Rows>
+auto FindTable(const Rows& rows, std::int32_t table) {
+  return std::ranges::find_if(rows, [&](const auto& row) { return row.table == table; });
+}
+}  // namespace
+
+std::int32_t GridTable(std::string_view gridName) {
+  const auto* grid =
+      std::ranges::find_if(kGrids, [&](const auto& row) { return EqualsIgnoringCase(row.name, gridName); });
+  if (grid != std::end(kGrids)) return grid->table;
+  std::int32_t table = 0;
+  const char* end = gridName.data() + gridName.size();
+  const auto [stop, problem] = std::from_chars(gridName.data(), end, table);
+  return problem == std::errc() && stop == end ? table : 0;
+}
+
+bool AddRecord(const ValidatorRef& validator, std::int32_t table, const ProviderRef& provider) {
+  return Procedure("AddRecord", true, [&] {
+    const auto* row = FindTable(kAddRules, table);
+    return row == std::end(kAddRules) || row->rule(validator, provider);
+  });
+}
+
+bool DeleteRecord(const ValidatorRef& validator, std::int32_t table, RecordNr record) {
+  return Procedure("DeleteRecord", true, [&] {
+    const auto* row = FindTable(kDeleteRules, table);
+    return row == std::end(kDeleteRules) || row->rule(validator, record);
+  });
+}
+}  // namespace modvalRecords
