@@ -34,7 +34,8 @@ void colSubaudible::AddRows(const DataFile& file) {
       const std::string& piece = row.pieces[column];
       if (piece.empty()) continue;
       if (file.Columns()[column] == idColumn_) id = file.Long(row, column);
-      if (file.Columns()[column] == valueColumn_) value = modCommonGlobals::LocalizeString(piece);
+      if (file.Columns()[column] == valueColumn_)
+        value = valuesAreNumbers_ ? modCommonGlobals::LocalizeString(piece) : piece;
     }
     if (ids_.Exists(value) || values_.Exists(std::to_string(id))) {
       file.Raise(ErrorNumber::kDoubleKey, row, "the id or the value stands in an earlier row");

@@ -25,13 +25,14 @@ class colSubaudible {
   bool ReadInDataFromTextFile(const std::string& path);
 
  protected:
-  colSubaudible(std::string_view idColumn, std::string_view valueColumn)
-      : idColumn_(idColumn), valueColumn_(valueColumn) {}
+  colSubaudible(std::string_view idColumn, std::string_view valueColumn, bool valuesAreNumbers)
+      : idColumn_(idColumn), valueColumn_(valueColumn), valuesAreNumbers_(valuesAreNumbers) {}
 
  private:
   void AddRows(const DataFile& file);
 
   std::string_view idColumn_, valueColumn_;
+  bool valuesAreNumbers_;  ///< kept with the user's decimal symbol
   KeyedCollection<std::int32_t> ids_;
   KeyedCollection<std::string> values_;
 };
@@ -39,11 +40,11 @@ class colSubaudible {
 /// CTCSS tones in hertz: "67.0", with the user's decimal symbol.
 class colCTCSS : public colSubaudible {
  public:
-  colCTCSS() : colSubaudible("CTCSSID", "CTCSSVALUE") {}
+  colCTCSS() : colSubaudible("CTCSSID", "CTCSSVALUE", true) {}
 };
 
 /// DCS codes, three octal digits: "023".
 class colDCS : public colSubaudible {
  public:
-  colDCS() : colSubaudible("DCSID", "DCSVALUE") {}
+  colDCS() : colSubaudible("DCSID", "DCSVALUE", false) {}
 };

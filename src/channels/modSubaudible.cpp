@@ -1,6 +1,5 @@
 #include "channels/modSubaudible.h"
 
-#include <algorithm>
 #include <string>
 
 #include "platform/CaseText.h"
@@ -15,12 +14,9 @@ constexpr double kFullLevel = 18260;
 std::string CalibratedField(std::string_view fieldId) {
   constexpr std::string_view kFormWord = "TxDeviation";
   constexpr std::string_view kRawWord = "CalibrationOutputLevel";
-  const auto found =
-      std::ranges::search(fieldId, kFormWord, [](char a, char b) { return UpperChar(a) == UpperChar(b); });
+  const std::size_t at = FindIgnoringCase(fieldId, kFormWord);
   std::string name(fieldId);
-  if (!found.empty()) {
-    name.replace(static_cast<std::size_t>(found.begin() - fieldId.begin()), kFormWord.size(), kRawWord);
-  }
+  if (at != std::string::npos) name.replace(at, kFormWord.size(), kRawWord);
   return name;
 }
 }  // namespace

@@ -1,4 +1,3 @@
-#include <ranges>
 #include <string>
 
 #include "channels/modvalChannels.h"
@@ -38,7 +37,7 @@ class ChannelDeletion {
 
   bool IsGroupMember() const {
     const FieldRef member = provider_.Field("GroupChannelUI_k6k");
-    for (const RecordNr record : member.Records() | std::views::reverse) {
+    for (RecordNr record = member.RecordCount(); record >= 1; --record) {
       if (!SameValue(member.Value(record), identity_)) continue;
       Refuse(validator_,
              "This Channel is a member of one or more Scan Groups.  You must remove it from the Scan Groups "

@@ -27,6 +27,14 @@ constexpr int CompareIgnoringCase(std::string_view a, std::string_view b) {
   return a.size() == b.size() ? 0 : a.size() < b.size() ? -1 : 1;
 }
 
+/// Where `word` first stands in `text`; npos for nowhere.
+constexpr std::size_t FindIgnoringCase(std::string_view text, std::string_view word) {
+  for (std::size_t at = 0; at + word.size() <= text.size(); ++at) {
+    if (EqualsIgnoringCase(text.substr(at, word.size()), word)) return at;
+  }
+  return std::string_view::npos;
+}
+
 inline std::string UpperCase(std::string_view text) {
   std::string upper(text);
   for (char& c : upper) c = UpperChar(c);

@@ -1,9 +1,11 @@
 #include "platform/Conversions.h"
 
+#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 #include "platform/CaseText.h"
 #include "platform/DecimalText.h"
@@ -13,6 +15,7 @@ namespace {
 constexpr int kDoubleDigits = 15;
 constexpr int kSingleDigits = 7;
 constexpr double kCurrencyUnits = 10'000;
+constexpr int kCurrencyDecimals = 4;
 
 template <typename... Cases>
 struct Overloaded : Cases... {
@@ -24,7 +27,15 @@ Overloaded(Cases...) -> Overloaded<Cases...>;
 double NumberIn(const std::string& text) {
   const auto number = ParseNumber(text);
   if (!number) RaiseTypeMismatch();
+  if (!std::isfinite(*number)) RaiseOverflow();
   return *number;
+}
+
+/// For comparisons: never an error. A value that is no number has none.
+std::optional<double> NumberOf(const Variant& value) {
+  if (!IsNumeric(value)) return std::nullopt;
+  const auto* text = std::get_if<std::string>(&value);
+  return text != nullptr ? ParseNumber(*text) : CDbl(value);
 }
 
 template <typename Integer>
@@ -36,6 +47,16 @@ Integer RoundTo(double value) {
   return static_cast<Integer>(whole);
 }
 
+/// Whether cutting the digits behind that place rounds up, halves to the even neighbour.
+bool RoundsUp(const DecimalDigits& number, int place, bool isOdd) {
+  const char first = number.BehindPoint(place + 1);
+  if (first != '5') return first > '5';
+  for (int next = place + 2; number.point + next <= DecimalDigits::kCount; ++next) {
+    if (number.BehindPoint(next) != '0') return true;
+  }
+  return isOdd;
+}
+
 namespace dates {
 using std::chrono::days;
 using std::chrono::seconds;
@@ -44,17 +65,25 @@ using std::chrono::year_month_day;
 
 constexpr sys_days kEpoch = sys_days{std::chrono::year{1899} / 12 / 30};
 constexpr double kSecondsPerDay = 86'400;
+/// The days of the years 100 to 9999.
+constexpr double kFirstDay = -657'434;
+constexpr double kLastDay = 2'958'466;
 
+/// Rounded to whole seconds first, so that the last half second of a day belongs to the next one.
 std::string ToText(Date date) {
-  const double whole = std::floor(date.days);
+  if (date.days < kFirstDay || date.days >= kLastDay) RaiseOverflow();
+  const double total = std::round(date.days * kSecondsPerDay);
+  const double whole = std::floor(total / kSecondsPerDay);
   const year_month_day day{kEpoch + days{RoundTo<std::int32_t>(whole)}};
   std::string text = FormatFixed(static_cast<int>(day.year()), 4, 0) + '-' +
                      FormatFixed(static_cast<unsigned>(day.month()), 2, 0) + '-' +
                      FormatFixed(static_cast<unsigned>(day.day()), 2, 0);
-  const auto time = static_cast<std::int32_t>(std::lround((date.days - whole) * kSecondsPerDay));
+  const auto time = static_cast<std::int32_t>(total - whole * kSecondsPerDay);
   if (time != 0) {
-    text += ' ' + FormatFixed(time / 3600, 2, 0) + ':' + FormatFixed(time / 60 % 60, 2, 0) + ':' +
-            FormatFixed(time % 60, 2, 0);
+    const std::int32_t minutes = time / 60;
+    const std::int32_t hours = minutes / 60;
+    text += ' ' + FormatFixed(hours, 2, 0) + ':' + FormatFixed(minutes - hours * 60, 2, 0) + ':' +
+            FormatFixed(time - minutes * 60, 2, 0);
   }
   return text;
 }
@@ -84,7 +113,8 @@ Date FromText(std::string_view text) {
   if (!date.ok()) RaiseTypeMismatch();
   double result = static_cast<double>((sys_days{date} - kEpoch).count());
   if (!text.empty()) {
-    text.remove_prefix(1);  // a blank or "T"
+    if (text.front() != ' ' && text.front() != 'T') RaiseTypeMismatch();
+    text.remove_prefix(1);
     const int hour = Piece(text, 2, ':');
     const int minute = Piece(text, 2, ':');
     const int second = Piece(text, 2, '\0');
@@ -131,10 +161,17 @@ float CSng(const Variant& value) {
 
 Currency CCur(const Variant& value) {
   if (const auto* amount = std::get_if<Currency>(&value)) return *amount;
-  const double units = std::nearbyint(CDbl(value) * kCurrencyUnits);
-  constexpr double kLimit = 9'223'372'036'854'775'808.0;  // 2 to the power 63
-  if (!(units >= -kLimit && units < kLimit)) RaiseOverflow();
-  return Currency{static_cast<std::int64_t>(units)};
+  const DecimalDigits number = DigitsOf(CDbl(value));
+  constexpr int kMostUnitDigits = 19;
+  if (number.point + kCurrencyDecimals > kMostUnitDigits) RaiseOverflow();
+  std::uint64_t units = 0;
+  for (int place = 1 - std::max(number.point, 0); place <= kCurrencyDecimals; ++place) {
+    units = units * 10 + static_cast<std::uint64_t>(number.BehindPoint(place) - '0');
+  }
+  if (RoundsUp(number, kCurrencyDecimals, units % 2 != 0)) ++units;
+  if (units > static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max())) RaiseOverflow();
+  const auto amount = static_cast<std::int64_t>(units);
+  return Currency{number.negative ? -amount : amount};
 }
 
 bool CBool(const Variant& value) {
@@ -182,8 +219,12 @@ bool IsNumeric(const Variant& value) {
 
 bool SameValue(const Variant& a, const Variant& b) {
   if (a.IsArray() || b.IsArray()) return false;
-  if (IsNumeric(a) && IsNumeric(b)) return CDbl(a) == CDbl(b);
-  return CStr(a) == CStr(b);
+  const auto left = NumberOf(a);
+  const auto right = NumberOf(b);
+  return left && right ? *left == *right : CStr(a) == CStr(b);
 }
 
-bool IsTicked(const Variant& value) { return IsNumeric(value) && std::fabs(CDbl(value)) == 1; }
+bool IsTicked(const Variant& value) {
+  const auto number = NumberOf(value);
+  return number && std::fabs(*number) == 1;
+}

@@ -76,6 +76,10 @@ bool IsExponent(std::string_view text) {
   text.remove_prefix(SignLength(text));
   return !text.empty() && std::all_of(text.begin(), text.end(), IsDigit);
 }
+/// Of a number that no double holds, without its sign: whether it is too small and not too large.
+bool IsTiny(std::string_view number) {
+  return number.starts_with('0') || number.starts_with('.') || number.find('-') != std::string_view::npos;
+}
 }  // namespace
 
 std::string_view Trim(std::string_view text) {
@@ -153,7 +157,7 @@ std::optional<double> ParseNumber(std::string_view text) {
       plain.begin(), plain.end(), [](char c) { return IsDecimalSymbol(c); }, '.');
   double value = 0;
   const auto [stop, problem] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
-  if (problem == std::errc::result_out_of_range) RaiseOverflow();
+  if (problem == std::errc::result_out_of_range) value = IsTiny(plain) ? 0 : HUGE_VAL;
   return sign == 1 && text[0] == '-' ? -value : value;
 }
 

@@ -35,7 +35,8 @@ std::string FormatFixed(double value, int minIntegerDigits, int decimals);
 std::string GeneralText(double value, int digits);
 
 /// Reads a number: blanks around it, a sign, digits with at most one decimal symbol ("." or the user's),
-/// an exponent; or "&H" and hexadecimal, "&O" and octal digits. Nothing else is a number.
+/// an exponent; or "&H" and hexadecimal, "&O" and octal digits. Nothing else is a number. One that no double
+/// holds is infinite, one too small for it 0.
 std::optional<double> ParseNumber(std::string_view text);
 
 /// True for what a user may type as a number: blanks around it, an optional sign, digits, at most one

@@ -21,7 +21,9 @@ int Compare(const Variant& a, const Variant& b, std::int32_t type) {
     const int order = CStr(a).compare(CStr(b));
     return order < 0 ? -1 : order > 0 ? 1 : 0;
   }
-  if (a.IsEmpty() || b.IsEmpty()) return static_cast<int>(b.IsEmpty()) - static_cast<int>(a.IsEmpty());
+  const bool aIsEmpty = CStr(a).empty();
+  const bool bIsEmpty = CStr(b).empty();
+  if (aIsEmpty || bIsEmpty) return static_cast<int>(bIsEmpty) - static_cast<int>(aIsEmpty);
   const double left = CDbl(a);
   const double right = CDbl(b);
   return left < right ? -1 : left > right ? 1 : 0;

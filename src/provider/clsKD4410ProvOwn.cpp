@@ -1,6 +1,6 @@
 #include "provider/clsKD4410ProvOwn.h"
 
-#include <cstdlib>
+#include <cmath>
 
 #include "channels/modBandLimits.h"
 #include "compat/modBackwardsCompatibility.h"
@@ -20,7 +20,7 @@ void InvertPolarities(const ProviderRef& provider) {
   for (const std::string_view name : {"36.DCSTxPolarity", "36.DCSRxPolarity"}) {
     const FieldRef polarity = provider.Field(name);
     for (const RecordNr record : polarity.Records()) {
-      polarity.SetValue(record, std::abs(1 - CLng(polarity.Value(record))));
+      polarity.SetValue(record, RoundToLong(std::fabs(1.0 - CLng(polarity.Value(record)))));
     }
   }
 }

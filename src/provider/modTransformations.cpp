@@ -55,9 +55,9 @@ static_assert(std::ranges::is_sorted(kTransformations, {}, &Transformation::numb
 }  // namespace
 
 const Transformation* Find(std::int32_t number, std::string_view fieldId) {
-  const auto rows = std::ranges::equal_range(kTransformations, number, {}, &Transformation::number);
-  for (const Transformation& row : rows) {
-    if (row.fieldId.empty() || EqualsIgnoringCase(row.fieldId, fieldId)) return &row;
+  const auto* row = std::ranges::lower_bound(kTransformations, number, {}, &Transformation::number);
+  for (; row != std::end(kTransformations) && row->number == number; ++row) {
+    if (row->fieldId.empty() || EqualsIgnoringCase(row->fieldId, fieldId)) return row;
   }
   return nullptr;
 }

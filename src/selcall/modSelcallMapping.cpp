@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "platform/Conversions.h"
-#include "platform/XArrayDBObject.h"
+#include "tier/LibraryArray.h"
 #include "tier/Procedure.h"
 
 namespace modSelcallMapping {
@@ -26,7 +26,7 @@ std::string ToneText(std::int32_t code) {
 }  // namespace
 
 ArrayObject StringToNumarray(std::string_view text) {
-  const auto sequence = std::make_shared<XArrayDBObject>();
+  const auto sequence = std::make_shared<LibraryArray>();
   Procedure("StringToNumarray", [&] {
     const auto tones = static_cast<std::int32_t>(text.size());
     sequence->Redim(0, tones, 0, 0);

@@ -61,32 +61,32 @@ DataFile::DataFile(std::string path) : path_(std::move(path)) {
 
 std::int32_t DataFile::Long(const Row& row, std::size_t column) const {
   using Limits = std::numeric_limits<std::int32_t>;
-  return static_cast<std::int32_t>(Number(row, column, Limits::min(), Limits::max()));
+  return static_cast<std::int32_t>(Whole(row, column, Limits::min(), Limits::max()));
 }
 
 std::int16_t DataFile::Integer(const Row& row, std::size_t column) const {
   using Limits = std::numeric_limits<std::int16_t>;
-  return static_cast<std::int16_t>(Number(row, column, Limits::min(), Limits::max()));
+  return static_cast<std::int16_t>(Whole(row, column, Limits::min(), Limits::max()));
 }
 
 bool DataFile::Flag(const Row& row, std::size_t column) const {
   const std::string& text = row.pieces[column];
   if (EqualsIgnoringCase(text, "True")) return true;
   if (EqualsIgnoringCase(text, "False")) return false;
-  return Long(row, column) != 0;
+  return Number(row, column) != 0;
 }
 
-double DataFile::Number(const Row& row, std::size_t column, double lowest, double highest) const {
+double DataFile::Number(const Row& row, std::size_t column) const {
   const auto number = ParseNumber(row.pieces[column]);
-  if (!number) {
-    Raise(ErrorNumber::kTypeMismatch, row, column,
-          "\"" + row.pieces[column] + "\" is not of the column's type");
-  }
-  const double whole = std::nearbyint(*number);
-  if (whole < lowest || whole > highest) {
-    Raise(ErrorNumber::kOverflow, row, column, row.pieces[column] + " is out of range");
-  }
-  return whole;
+  if (number) return *number;
+  Raise(ErrorNumber::kTypeMismatch, row, column,
+        "\"" + row.pieces[column] + "\" is not of the column's type");
+}
+
+double DataFile::Whole(const Row& row, std::size_t column, double lowest, double highest) const {
+  const double whole = std::nearbyint(Number(row, column));
+  if (whole >= lowest && whole <= highest) return whole;
+  Raise(ErrorNumber::kOverflow, row, column, row.pieces[column] + " is out of range");
 }
 
 void DataFile::Raise(std::int32_t number, const Row& row, std::string_view reason) const {

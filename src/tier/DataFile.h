@@ -33,7 +33,8 @@ class DataFile {
                           std::string_view reason) const;
 
  private:
-  double Number(const Row& row, std::size_t column, double lowest, double highest) const;
+  double Number(const Row& row, std::size_t column) const;
+  double Whole(const Row& row, std::size_t column, double lowest, double highest) const;
 
   std::string path_;
   std::vector<std::string> columns_;

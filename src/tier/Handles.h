@@ -1,7 +1,7 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
-#include <ranges>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -34,8 +34,30 @@ Host& Deref(const std::shared_ptr<Host>& pointer, std::string_view what) {
   return *pointer;
 }
 
-/// 1 to `count`, counted once. Walk it with `std::views::reverse` when deleting.
-inline auto RecordsUpTo(RecordNr count) { return std::views::iota(RecordNr{1}, count + 1); }
+/// The records 1 to `count`, for a walk; counted once. Who deletes walks from the end, by hand.
+class RecordRange {
+ public:
+  class Iterator {
+   public:
+    explicit Iterator(RecordNr record) : record_(record) {}
+    RecordNr operator*() const { return record_; }
+    Iterator& operator++() {
+      ++record_;
+      return *this;
+    }
+    bool operator!=(const Iterator& other) const { return record_ != other.record_; }
+
+   private:
+    RecordNr record_;
+  };
+
+  explicit RecordRange(RecordNr count) : count_(std::max(count, 0)) {}
+  Iterator begin() const { return Iterator(1); }
+  Iterator end() const { return Iterator(count_ + 1); }
+
+ private:
+  RecordNr count_;
+};
 
 class ValueListRef {
  public:
@@ -55,7 +77,7 @@ class FieldRef {
   Variant Value(RecordNr record) const { return Ask<Variant>(Host(), &Ifield::Value, record); }
   void SetValue(RecordNr record, const Variant& value) const { Check(Host().SetValue(record, value)); }
   RecordNr RecordCount() const { return Ask<RecordNr>(Host(), &Ifield::RecordCount); }
-  auto Records() const { return RecordsUpTo(RecordCount()); }
+  RecordRange Records() const { return RecordRange(RecordCount()); }
   std::int32_t TransformId() const { return Ask<std::int32_t>(Host(), &Ifield::TransformId); }
   std::int32_t TableNumber() const { return Ask<std::int32_t>(Host(), &Ifield::TableNumber); }
   std::string Name() const { return Ask<std::string>(Host(), &Ifield::Name); }
@@ -81,7 +103,7 @@ class TableRef {
   explicit TableRef(std::shared_ptr<Itable> table) : table_(std::move(table)) {}
   RecordNr RecordCount() const { return Ask<RecordNr>(Host(), &Itable::RecordCount); }
   RecordNr MaxRecords() const { return Ask<RecordNr>(Host(), &Itable::MaxRecords); }
-  auto Records() const { return RecordsUpTo(RecordCount()); }
+  RecordRange Records() const { return RecordRange(RecordCount()); }
   FieldsRef Fields() const { return FieldsRef(Ask<std::shared_ptr<Ifields>>(Host(), &Itable::Fields)); }
   /// The new record's number is the record count afterwards, whatever the host's operation says.
   RecordNr AppendRecord() const {

@@ -2,10 +2,10 @@
 
 #include "platform/Border.h"
 #include "platform/CaseText.h"
-#include "platform/KeyedCollection.h"
 #include "tier/Handles.h"
 #include "tier/HostServices.h"
 #include "tier/Procedure.h"
+#include "tier/colProvInfo.h"
 #include "tier/modItierSchemaSupport.h"
 
 namespace {
@@ -22,7 +22,12 @@ std::shared_ptr<IprovInfo> Item(IcolProvInfo& list, std::string_view key) {
 }
 }  // namespace
 
-std::shared_ptr<IcolProvInfo> clsSchema::List() const { return support::ListWithSiblings(versions_); }
+/// After an error that has ended the application the list is empty.
+std::shared_ptr<IcolProvInfo> clsSchema::List() const {
+  return Procedure("TierList", std::shared_ptr<IcolProvInfo>(std::make_shared<colProvInfo>()), [&] {
+    return support::ListWithSiblings({versions_.begin(), versions_.end()});
+  });
+}
 
 Status clsSchema::TierMenuList(std::string& out) {
   out = menuText_;
@@ -30,8 +35,7 @@ Status clsSchema::TierMenuList(std::string& out) {
 }
 
 Status clsSchema::TierList(std::shared_ptr<IcolProvInfo>& out) {
-  return Border(
-      [&] { out = Procedure("TierList", std::shared_ptr<IcolProvInfo>(), [&] { return List(); }); });
+  return Border([&] { out = List(); });
 }
 
 Status clsSchema::GetDBVersionPathForTier(std::string_view tierKey, std::vector<std::string>& path,
@@ -39,8 +43,8 @@ Status clsSchema::GetDBVersionPathForTier(std::string_view tierKey, std::vector<
   return Border([&] {
     out = ToBoolean(Procedure("GetDBVersionPathForTier", false, [&](bool& result) {
       KeyedCollection<std::string> keys;
-      for (const auto& sibling : support::Siblings(*Item(*List(), tierKey))) {
-        const std::string key = support::Key(*sibling);
+      for (const auto& sibling : support::Siblings(Item(*List(), tierKey))) {
+        const std::string key = support::Key(sibling);
         keys.Add(key, key);  // a key that comes twice is an error
         if (EqualsIgnoringCase(key, tierKey)) result = true;
       }
@@ -76,15 +80,15 @@ Status clsSchema::Initialize(Itier* tier, const std::vector<std::string>& versio
                              std::string& currentVersion, Boolean& out) {
   return Border([&] {
     out = ToBoolean(Procedure("Initialize", false, [&] {
-      versions_.clear();
+      versions_.RemoveAll();
       for (const std::string& version : versions) {
         auto info = HostServices::CreateProvInfo();
         if (info == nullptr) return false;
         Boolean loaded = kFalse;  // not looked at: what counts is what Load has filled
         Check(info->Load(kTierFamily, version, "", currentVersion, loaded));
-        versions_.push_back(std::move(info));
+        versions_.Add(info, support::Key(info));
       }
-      menuText_ = support::MenuText(versions_);
+      menuText_ = support::MenuText({versions_.begin(), versions_.end()});
       tier_ = tier;
       return true;
     }));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/ItierSchema.h"
+#include "platform/KeyedCollection.h"
 #include "tier/LibraryObject.h"
 
 class clsSchema final : public ItierSchema, private LibraryObject {
@@ -20,6 +21,6 @@ class clsSchema final : public ItierSchema, private LibraryObject {
   std::shared_ptr<IcolProvInfo> List() const;
 
   Itier* tier_ = nullptr;
-  std::vector<std::shared_ptr<IprovInfo>> versions_;
+  KeyedCollection<std::shared_ptr<IprovInfo>> versions_;
   std::string menuText_;
 };

@@ -26,6 +26,10 @@ int HexValue(std::string_view digits) {
   return problem == std::errc() && stop == end && digits.front() != '-' ? value : -1;
 }
 
+bool IsTargetType(VarType type) {
+  return (type >= VarType::Integer && type <= VarType::String) || type == VarType::Boolean;
+}
+
 Variant ConvertPiece(std::string_view piece, VarType target) {
   switch (target) {
     case VarType::Integer:
@@ -45,16 +49,12 @@ Variant ConvertPiece(std::string_view piece, VarType target) {
     case VarType::Boolean:
       return CBool(piece);
   }
-  throw Error(ErrorNumber::kInvalidCall, "Split2", "");
+  return {};
 }
 
 std::size_t FindDelimiter(std::string_view text, std::string_view delimiter, CompareMode compare) {
   if (delimiter.empty()) return std::string_view::npos;
-  if (compare == CompareMode::Exact) return text.find(delimiter);
-  for (std::size_t at = 0; at + delimiter.size() <= text.size(); ++at) {
-    if (EqualsIgnoringCase(text.substr(at, delimiter.size()), delimiter)) return at;
-  }
-  return std::string_view::npos;
+  return compare == CompareMode::Exact ? text.find(delimiter) : FindIgnoringCase(text, delimiter);
 }
 
 /// The 1-based place of a letter in the alphabet, whatever its case; 0 for none.
@@ -120,6 +120,7 @@ std::pair<std::string_view, std::string_view> SplitFieldId(std::string_view fiel
 std::vector<Variant> Split2(std::string_view text, std::string_view delimiter, std::int32_t maximum,
                             CompareMode compare, VarType target) {
   std::vector<Variant> pieces;
+  if (!IsTargetType(target)) throw Error(ErrorNumber::kInvalidCall, "Split2", "");
   if (text.empty() || maximum == 0) return pieces;
   for (;;) {
     const bool last = static_cast<std::int32_t>(pieces.size()) + 1 == maximum;

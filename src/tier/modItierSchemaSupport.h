@@ -11,8 +11,8 @@
 namespace modItierSchemaSupport {
 using Versions = std::vector<std::shared_ptr<IprovInfo>>;
 
-std::string Key(IprovInfo& version);
-Versions Siblings(IprovInfo& version);
+std::string Key(const std::shared_ptr<IprovInfo>& version);
+Versions Siblings(const std::shared_ptr<IprovInfo>& version);
 
 /// Base key, display text and key of each version that shows in the menu, joined by vertical bars.
 std::string MenuText(const Versions& versions);
