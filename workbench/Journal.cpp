@@ -1,0 +1,114 @@
+#include "workbench/Journal.h"
+
+#include <algorithm>
+#include <ranges>
+#include <stdexcept>
+#include <utility>
+
+#include "platform/Conversions.h"
+#include "platform/XArrayDBObject.h"
+#include "workbench/ProviderObjects.h"
+
+namespace {
+bool SameArray(const XArrayDBObject& a, const XArrayDBObject& b) {
+  for (const std::int32_t dimension : {1, 2}) {
+    if (a.LowerBound(dimension) != b.LowerBound(dimension)) return false;
+    if (a.Count(dimension) != b.Count(dimension)) return false;
+  }
+  for (std::int32_t row = a.LowerBound(1); row <= a.UpperBound(1); ++row) {
+    for (std::int32_t column = a.LowerBound(2); column <= a.UpperBound(2); ++column) {
+      if (!SameCell(a.GetValue(row, column), b.GetValue(row, column))) return false;
+    }
+  }
+  return true;
+}
+
+}  // namespace
+
+bool SameCell(const Variant& a, const Variant& b) {
+  const auto* left = std::get_if<ArrayObject>(&a);
+  const auto* right = std::get_if<ArrayObject>(&b);
+  if (left == nullptr || right == nullptr) return SameValue(a, b);
+  if (*left == *right) return true;
+  return *left != nullptr && *right != nullptr && SameArray(**left, **right);
+}
+
+Journal::Journal(Provider& provider)
+    : state_(provider.state_), autoUpdate_(state_->autoUpdate), factoryMode_(state_->factoryMode) {
+  if (state_->records.journal_ != nullptr) throw std::logic_error("The provider has an open journal");
+  state_->records.journal_ = this;
+}
+
+Journal::~Journal() { state_->records.journal_ = nullptr; }
+
+bool Journal::HasCopyOf(std::size_t tableIndex) const {
+  return std::ranges::any_of(tables_, [&](const Copy& copy) { return copy.table->index == tableIndex; });
+}
+
+void Journal::NoteCell(const SchemaField& field, RecordNr record, Variant before) {
+  if (!HasCopyOf(field.tableIndex)) cells_.push_back({&field, record, std::move(before)});
+}
+
+void Journal::NoteTable(const SchemaTable& table) {
+  if (!HasCopyOf(table.index)) tables_.push_back({&table, state_->records.tables_[table.index]});
+}
+
+std::map<std::size_t, TableContent> Journal::TouchedTables() const {
+  const Records& records = state_->records;
+  std::map<std::size_t, TableContent> touched;
+  for (const Copy& copy : tables_) touched.emplace(copy.table->index, copy.content);
+  // From the last write to the first: what a cell held before the first of them is left.
+  for (const Cell& cell : cells_ | std::views::reverse) {
+    const std::size_t table = cell.field->tableIndex;
+    const auto [content, isNew] = touched.try_emplace(table);
+    if (isNew) content->second = records.tables_[table];
+    content->second.columns[records.ColumnOf(*cell.field)][static_cast<std::size_t>(cell.record - 1)] =
+        cell.before;
+  }
+  return touched;
+}
+
+void Journal::AddChanges(const SchemaTable& table, const TableContent& before,
+                         std::vector<Change>& changes) const {
+  const Records& records = state_->records;
+  if (before.count != records.Count(table)) {
+    Change& change = changes.emplace_back(table);
+    change.before = before.count;
+    change.now = records.Count(table);
+    return;
+  }
+  for (const SchemaField& field : records.GetSchema().FieldsOf(table)) {
+    const auto& old = before.columns[records.ColumnOf(field)];
+    const auto& now = records.Values(field);
+    for (std::size_t i = 0; i < now.size(); ++i) {
+      if (SameCell(old[i], now[i])) continue;
+      Change& change = changes.emplace_back(table);
+      change.field = &field;
+      change.record = static_cast<RecordNr>(i + 1);
+      change.before = old[i];
+      change.now = now[i];
+    }
+  }
+}
+
+std::vector<Change> Journal::Changes() const {
+  std::vector<Change> changes;
+  for (const auto& [table, before] : TouchedTables()) {
+    AddChanges(state_->records.GetSchema().Tables()[table], before, changes);
+  }
+  return changes;
+}
+
+void Journal::Rollback() {
+  Records& records = state_->records;
+  // A copy was taken after the noted writes to its table, so the copies go back first.
+  for (Copy& copy : tables_) records.tables_[copy.table->index] = std::move(copy.content);
+  for (Cell& cell : cells_ | std::views::reverse) {
+    auto& values = records.tables_[cell.field->tableIndex].columns[records.ColumnOf(*cell.field)];
+    values[static_cast<std::size_t>(cell.record - 1)] = std::move(cell.before);
+  }
+  tables_.clear();
+  cells_.clear();
+  state_->autoUpdate = autoUpdate_;
+  state_->factoryMode = factoryMode_;
+}

@@ -1,0 +1,176 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/Types.h"
+#include "platform/Variant.h"
+#include "workbench/FieldNames.h"
+
+class TabbedFile;
+
+/// Raw: stored in the radio and in the personality file. Form: exists only for the forms.
+enum class StorageKind { Raw, Form };
+enum class FieldType { Integer, Number, Text, Flag, Array };
+/// Whether a transformation of the field acts on one record or on its table as a whole.
+enum class FieldScope { Record, Table };
+
+struct SchemaTable {
+  std::size_t index = 0;  // its place in Schema::Tables
+  std::int32_t number = 0;
+  std::string title;
+  StorageKind kind = StorageKind::Raw;
+  RecordNr minimum = 0;
+  RecordNr maximum = 0;
+  std::size_t firstField = 0;  // its fields lie together in Schema::Fields
+  std::size_t fieldCount = 0;
+
+  bool IsRaw() const { return kind == StorageKind::Raw; }
+};
+
+struct SchemaField {
+  std::size_t index = 0;       // its place in Schema::Fields
+  std::size_t tableIndex = 0;  // the place of its table in Schema::Tables
+  std::int32_t table = 0;
+  std::string id;                  // the FieldId: "5.ChannelTxFreq"
+  std::vector<std::string> uiids;  // the plain names bound to it, as the schema file spells them
+  StorageKind kind = StorageKind::Raw;
+  FieldType type = FieldType::Integer;
+  FieldScope scope = FieldScope::Record;
+  Variant standard;          // the value of a new record
+  std::int32_t minimum = 0;  // unscaled
+  std::int32_t maximum = 0;
+  Currency scale;
+  std::string units;
+  std::int32_t transform = 0;  // 0 for none
+  std::string validation;
+  std::int32_t order = 0;
+
+  bool IsRaw() const { return kind == StorageKind::Raw; }
+  /// The name without the table number.
+  std::string_view Name() const { return std::string_view(id).substr(id.find('.') + 1); }
+  /// An identity is given out from the numbers that no record uses. Its default lies outside
+  /// minimum..maximum, so that a new record takes no number away.
+  bool isIdentity = false;
+};
+
+/// The model and the number of a version text ("KE2210 Rx.0094").
+struct VersionName {
+  std::string model;
+  std::int32_t number = 0;
+
+  /// "KE2210 Rx.0094"
+  std::string Text() const;
+  /// The key of the tier's version list: "0094.KE2210 Rx"
+  std::string Key() const;
+  /// "0094"
+  std::string Digits() const;
+
+  friend bool operator==(const VersionName&, const VersionName&) = default;
+};
+
+/// The tables and fields of one database version of one model. Does not change after it was made.
+class Schema {
+ public:
+  /// The indices of tables and fields are set.
+  Schema(VersionName version, std::vector<SchemaTable> tables, std::vector<SchemaField> fields);
+  Schema(const Schema&) = delete;
+  Schema& operator=(const Schema&) = delete;
+
+  /// "KD4410.0094"
+  const std::string& Version() const { return version_; }
+  /// "KD4410"
+  const std::string& Model() const { return name_.model; }
+  /// 94
+  std::int32_t Number() const { return name_.number; }
+  const VersionName& Name() const { return name_; }
+
+  /// In the order of the schema file.
+  const std::vector<SchemaTable>& Tables() const { return tables_; }
+  /// In the order of their tables, then of the schema file.
+  const std::vector<SchemaField>& Fields() const { return fields_; }
+  std::span<const SchemaField> FieldsOf(const SchemaTable& table) const;
+  const SchemaTable& TableOf(const SchemaField& field) const { return tables_[field.tableIndex]; }
+  /// All fields by their order number; those of one number stand in schema order.
+  const std::vector<const SchemaField*>& FieldsInWritingOrder() const { return writingOrder_; }
+
+  /// Null for a number without table.
+  const SchemaTable* FindTable(std::int32_t number) const;
+  /// The field of a FieldId, of a plain name by the bindings, or of a field name that only one table has.
+  /// Null for any other. Names ignore case. Allocates nothing.
+  const SchemaField* Find(std::string_view name) const;
+  /// True for a field name that several tables have and none is bound to.
+  bool IsAmbiguous(std::string_view name) const;
+
+ private:
+  void AddNames();
+
+  VersionName name_;
+  std::string version_;
+  std::vector<SchemaTable> tables_;
+  std::vector<SchemaField> fields_;
+  std::vector<const SchemaField*> writingOrder_;
+  std::unordered_map<std::int32_t, std::size_t> tableByNumber_;
+  /// Keys are views of texts in `fields_`; null marks an ambiguous name.
+  std::unordered_map<std::string_view, const SchemaField*, FieldNameHash, FieldNameEqual> fieldByName_;
+};
+
+/// The schema files of all versions: tables.tsv and fields.tsv of one folder.
+class SchemaFiles {
+ public:
+  /// Reads both files. Throws a FileError for a file that is missing or damaged, and for rows that
+  /// contradict each other in a version.
+  static std::shared_ptr<const SchemaFiles> Read(const std::string& folder);
+
+  /// The schema of a version text, made on the first call and kept. Throws a FileError that lists the known
+  /// versions for any other text.
+  std::shared_ptr<const Schema> At(std::string_view version) const;
+
+  /// All known versions, by model, then ascending.
+  static const std::vector<VersionName>& Versions();
+  /// The known versions of one model, ascending; none for an unknown model. Case counts.
+  static std::vector<VersionName> VersionsOf(std::string_view model);
+  /// Throws a FileError that lists the known versions for a text that is none of them.
+  static const VersionName& VersionOf(std::string_view text);
+
+ private:
+  /// The database versions that a row is for.
+  struct VersionRange {
+    std::int32_t first = 0;
+    std::int32_t last = 9999;
+    bool Holds(std::int32_t number) const { return first <= number && number <= last; }
+    bool Overlaps(const VersionRange& other) const { return first <= other.last && other.first <= last; }
+  };
+  struct TableRow {
+    SchemaTable table;
+    VersionRange versions;
+    int line = 0;
+  };
+  struct FieldRow {
+    SchemaField field;
+    VersionRange versions;
+    int line = 0;
+  };
+
+  static VersionRange RangeOf(const TabbedFile& file, std::size_t first, std::size_t last);
+  void ReadTables();
+  void ReadFields();
+  /// Whether the field's table exists in each version that the field exists in.
+  bool HasTableFor(const FieldRow& row) const;
+  /// Throws when two fields of one version share a FieldId or a plain name.
+  void CheckNames() const;
+  std::shared_ptr<const Schema> Make(const VersionName& version) const;
+
+  std::string tablesFile_;
+  std::string fieldsFile_;
+  std::vector<TableRow> tables_;
+  std::vector<FieldRow> fields_;
+  std::unordered_map<std::int32_t, std::vector<std::size_t>> rowsOfTable_;  // indices in tables_
+  mutable std::map<std::string, std::shared_ptr<const Schema>, std::less<>> made_;
+};

@@ -1,0 +1,278 @@
+#include <algorithm>
+
+#include "platform/Conversions.h"
+#include "platform/System.h"
+#include "platform/XArrayDBObject.h"
+#include "workbench/FileError.h"
+#include "workbench/Schema.h"
+#include "workbench/TabbedFile.h"
+
+namespace {
+constexpr std::string_view kKinds[] = {"raw", "form"};                                    // StorageKind
+constexpr std::string_view kTypes[] = {"integer", "number", "text", "boolean", "array"};  // FieldType
+constexpr std::string_view kScopes[] = {"record", "table"};                               // FieldScope
+constexpr std::size_t kRequired = std::string_view::npos;  // an empty cell is no choice
+
+namespace table_columns {
+constexpr std::string_view kNames[] = {"table", "title", "kind", "minimum", "maximum", "first", "last"};
+enum : std::size_t { kTable, kTitle, kKind, kMinimum, kMaximum, kFirst, kLast };
+}  // namespace table_columns
+
+namespace field_columns {
+constexpr std::string_view kNames[] = {"table",      "field",   "uiid",  "kind",  "type",      "default",
+                                       "minimum",    "maximum", "scale", "units", "transform", "scope",
+                                       "validation", "first",   "last",  "order"};
+enum : std::size_t {
+  kTable,
+  kField,
+  kUiid,
+  kKind,
+  kType,
+  kDefault,
+  kMinimum,
+  kMaximum,
+  kScale,
+  kUnits,
+  kTransform,
+  kScope,
+  kValidation,
+  kFirst,
+  kLast,
+  kOrder
+};
+}  // namespace field_columns
+
+constexpr struct {
+  std::string_view model;
+  std::int32_t oldest;
+} kModels[] = {{"KD4410", 29}, {"KE2210 Rx", 87}, {"KE2210 Tx", 87}};
+constexpr std::int32_t kNumbers[] = {29, 51, 52, 53, 54, 81, 82, 83, 84, 85, 86, 87, 88, 89, 90, 91, 93, 94};
+
+std::vector<VersionName> AllVersions() {
+  std::vector<VersionName> versions;
+  for (const auto& [model, oldest] : kModels) {
+    for (const std::int32_t number : kNumbers) {
+      if (number >= oldest) versions.push_back({std::string(model), number});
+    }
+  }
+  return versions;
+}
+
+[[noreturn]] void RaiseUnknownVersion(std::string_view text) {
+  std::string known;
+  for (const VersionName& version : SchemaFiles::Versions()) {
+    known += (known.empty() ? "" : ", ") + version.Text();
+  }
+  throw FileError("", 0, "version", "\"" + std::string(text) + "\" is none of " + known);
+}
+
+/// A sequence of codes that blanks separate. Row 0 is not used: the one of no codes has that row alone.
+Variant CodesOf(const TabbedFile& file, std::size_t column) {
+  auto array = std::make_shared<XArrayDBObject>();
+  array->Redim(0, 0, 0, 0);
+  std::string_view codes = file.Cell(column);
+  while (!codes.empty()) {
+    const std::size_t end = std::min(codes.find(' '), codes.size());
+    const auto code = ParseInteger(codes.substr(0, end));
+    if (!code) file.Fail(column, "not integers with one blank between them");
+    array->AppendRows(1, 1);
+    array->SetValue(array->UpperBound(1), 0, *code);
+    codes.remove_prefix(std::min(end + 1, codes.size()));
+  }
+  return ArrayObject(std::move(array));
+}
+
+Variant DefaultOf(const TabbedFile& file, FieldType type) {
+  using namespace field_columns;
+  constexpr std::string_view kFlags[] = {"false", "true", "0", "-1"};
+  const bool isGiven = !file.Cell(kDefault).empty();
+  switch (type) {
+    case FieldType::Integer:
+      return file.Integer(kDefault, 0);
+    case FieldType::Number:
+      return isGiven ? file.Number(kDefault) : 0.0;
+    case FieldType::Text:
+      return file.Cell(kDefault);
+    case FieldType::Flag:
+      return file.Choice(kDefault, kFlags, 0) % 2 == 1;
+    case FieldType::Array:
+      return CodesOf(file, kDefault);
+  }
+  return {};
+}
+
+std::vector<std::string> SplitNames(std::string_view names) {
+  std::vector<std::string> parts;
+  while (!names.empty()) {
+    const std::size_t end = std::min(names.find('|'), names.size());
+    if (end > 0) parts.emplace_back(names.substr(0, end));
+    names.remove_prefix(std::min(end + 1, names.size()));
+  }
+  return parts;
+}
+
+/// An integer that has a range, with a default outside it.
+bool IsIdentity(const TabbedFile& file, const SchemaField& field) {
+  using namespace field_columns;
+  if (field.type != FieldType::Integer) return false;
+  if (file.Cell(kMinimum).empty() || file.Cell(kMaximum).empty()) return false;
+  const std::int32_t standard = CLng(field.standard);
+  return standard < field.minimum || standard > field.maximum;
+}
+
+SchemaField FieldOfRow(const TabbedFile& file) {
+  using namespace field_columns;
+  SchemaField field;
+  field.table = file.Integer(kTable);
+  if (file.Cell(kField).empty()) file.Fail(kField, "a field needs a name");
+  field.id = std::to_string(field.table) + "." + std::string(file.Cell(kField));
+  field.uiids = SplitNames(file.Cell(kUiid));
+  field.kind = static_cast<StorageKind>(file.Choice(kKind, kKinds, kRequired));
+  field.type = static_cast<FieldType>(file.Choice(kType, kTypes, kRequired));
+  field.standard = DefaultOf(file, field.type);
+  field.minimum = file.Integer(kMinimum, 0);
+  field.maximum = file.Integer(kMaximum, 0);
+  if (field.minimum > field.maximum) file.Fail(kMaximum, "less than the minimum");
+  field.scale = CCur(file.Cell(kScale).empty() ? 1.0 : file.Number(kScale));
+  field.units = file.Cell(kUnits);
+  field.transform = file.Integer(kTransform, 0);
+  field.scope = static_cast<FieldScope>(file.Choice(kScope, kScopes, 0));
+  field.validation = file.Cell(kValidation);
+  field.order = file.Integer(kOrder, 0);
+  field.isIdentity = IsIdentity(file, field);
+  return field;
+}
+
+SchemaTable TableOfRow(const TabbedFile& file) {
+  using namespace table_columns;
+  SchemaTable table;
+  table.number = file.Integer(kTable);
+  table.title = file.Cell(kTitle);
+  table.kind = static_cast<StorageKind>(file.Choice(kKind, kKinds, kRequired));
+  table.minimum = file.Integer(kMinimum);
+  table.maximum = file.Integer(kMaximum);
+  if (table.minimum < 0) file.Fail(kMinimum, "less than 0");
+  if (table.minimum > table.maximum) file.Fail(kMaximum, "less than the minimum");
+  return table;
+}
+}  // namespace
+
+const std::vector<VersionName>& SchemaFiles::Versions() {
+  static const std::vector<VersionName> versions = AllVersions();
+  return versions;
+}
+
+std::vector<VersionName> SchemaFiles::VersionsOf(std::string_view model) {
+  std::vector<VersionName> versions;
+  std::ranges::copy_if(Versions(), std::back_inserter(versions),
+                       [&](const VersionName& version) { return version.model == model; });
+  return versions;
+}
+
+const VersionName& SchemaFiles::VersionOf(std::string_view text) {
+  const auto found = std::ranges::find(Versions(), text, &VersionName::Text);
+  if (found == Versions().end()) RaiseUnknownVersion(text);
+  return *found;
+}
+
+SchemaFiles::VersionRange SchemaFiles::RangeOf(const TabbedFile& file, std::size_t first, std::size_t last) {
+  const VersionRange every;
+  const VersionRange range{file.Integer(first, every.first), file.Integer(last, every.last)};
+  if (range.first > range.last) file.Fail(last, "less than the first version");
+  return range;
+}
+
+void SchemaFiles::ReadTables() {
+  using namespace table_columns;
+  TabbedFile file(tablesFile_, kNames);
+  while (file.NextRow()) {
+    const TableRow row{TableOfRow(file), RangeOf(file, kFirst, kLast), file.Line()};
+    auto& rows = rowsOfTable_[row.table.number];
+    for (const std::size_t other : rows) {
+      if (tables_[other].versions.Overlaps(row.versions)) {
+        file.Fail(kTable, "described for the same versions in line " + std::to_string(tables_[other].line));
+      }
+    }
+    rows.push_back(tables_.size());
+    tables_.push_back(row);
+  }
+}
+
+void SchemaFiles::ReadFields() {
+  using namespace field_columns;
+  TabbedFile file(fieldsFile_, kNames);
+  while (file.NextRow()) {
+    FieldRow row{FieldOfRow(file), RangeOf(file, kFirst, kLast), file.Line()};
+    if (!HasTableFor(row)) file.Fail(kTable, "no such table in each version of the field");
+    fields_.push_back(std::move(row));
+  }
+  CheckNames();
+}
+
+bool SchemaFiles::HasTableFor(const FieldRow& row) const {
+  const auto found = rowsOfTable_.find(row.field.table);
+  if (found == rowsOfTable_.end()) return false;
+  return std::ranges::all_of(kNumbers, [&](std::int32_t number) {
+    return !row.versions.Holds(number) || std::ranges::any_of(found->second, [&](std::size_t table) {
+      return tables_[table].versions.Holds(number);
+    });
+  });
+}
+
+void SchemaFiles::CheckNames() const {
+  std::unordered_map<std::string_view, std::vector<const FieldRow*>, FieldNameHash, FieldNameEqual>
+      rowsOfName;
+  const auto check = [&](std::string_view name, const FieldRow& row) {
+    auto& rows = rowsOfName[name];
+    for (const FieldRow* other : rows) {
+      if (!other->versions.Overlaps(row.versions)) continue;
+      throw FileError(fieldsFile_, row.line, std::string(name),
+                      "the name is taken for the same versions in line " + std::to_string(other->line));
+    }
+    rows.push_back(&row);
+  };
+  constexpr std::size_t kNamesPerField = 2;
+  rowsOfName.reserve(fields_.size() * kNamesPerField);
+  for (const FieldRow& row : fields_) {
+    check(row.field.id, row);
+    for (const std::string& uiid : row.field.uiids) check(uiid, row);
+  }
+}
+
+std::shared_ptr<const SchemaFiles> SchemaFiles::Read(const std::string& folder) {
+  auto files = std::make_shared<SchemaFiles>();
+  files->tablesFile_ = System::PathIn(folder, "tables.tsv");
+  files->fieldsFile_ = System::PathIn(folder, "fields.tsv");
+  files->ReadTables();
+  files->ReadFields();
+  return files;
+}
+
+std::shared_ptr<const Schema> SchemaFiles::At(std::string_view version) const {
+  if (const auto found = made_.find(version); found != made_.end()) return found->second;
+  auto schema = Make(VersionOf(version));
+  made_.emplace(version, schema);
+  return schema;
+}
+
+std::shared_ptr<const Schema> SchemaFiles::Make(const VersionName& version) const {
+  std::vector<SchemaTable> tables;
+  std::vector<SchemaField> fields;
+  std::unordered_map<std::int32_t, std::vector<const SchemaField*>> fieldsOfTable;
+  for (const FieldRow& row : fields_) {
+    if (row.versions.Holds(version.number)) fieldsOfTable[row.field.table].push_back(&row.field);
+  }
+  for (const TableRow& row : tables_) {
+    if (!row.versions.Holds(version.number)) continue;
+    SchemaTable& table = tables.emplace_back(row.table);
+    table.index = tables.size() - 1;
+    table.firstField = fields.size();
+    for (const SchemaField* field : fieldsOfTable[table.number]) {
+      fields.push_back(*field);
+      fields.back().index = fields.size() - 1;
+      fields.back().tableIndex = table.index;
+    }
+    table.fieldCount = fields.size() - table.firstField;
+  }
+  return std::make_shared<const Schema>(version, std::move(tables), std::move(fields));
+}

@@ -1,0 +1,84 @@
+#include "workbench/ValueLists.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <string_view>
+
+#include "platform/Border.h"
+#include "platform/CaseText.h"
+#include "platform/Conversions.h"
+
+namespace {
+constexpr std::string_view kOneNumberSet[] = {"5.ChannelIDTracker", "16.GroupIDTracker"};
+
+void CheckIndex(std::int32_t index, std::int32_t count) {
+  if (index < 0 || index >= count) RaiseSubscript("IvalueList");
+}
+}  // namespace
+
+UsedValueList::UsedValueList(const Records& records, const SchemaField& field) {
+  const auto& values = records.Values(field);
+  texts_.reserve(values.size());
+  for (const Variant& value : values) texts_.push_back(CStr(value));
+}
+
+Status UsedValueList::Item(std::int32_t index, std::string& out) {
+  return Border([&] {
+    CheckIndex(index, static_cast<std::int32_t>(texts_.size()));
+    out = texts_[static_cast<std::size_t>(index)];
+  });
+}
+
+Status UsedValueList::Count(std::int32_t& out) {
+  out = static_cast<std::int32_t>(texts_.size());
+  return {};
+}
+
+FreeValueList::FreeValueList(const Records& records, const SchemaField& field)
+    : minimum_(field.minimum), maximum_(field.maximum) {
+  AddUsed(records, field);
+  const auto isField = [&](std::string_view id) { return EqualsIgnoringCase(id, field.id); };
+  if (std::ranges::any_of(kOneNumberSet, isField)) {
+    for (const std::string_view id : kOneNumberSet) {
+      const SchemaField* other = isField(id) ? nullptr : records.GetSchema().Find(id);
+      if (other != nullptr) AddUsed(records, *other);
+    }
+  }
+  std::ranges::sort(used_);
+  used_.erase(std::unique(used_.begin(), used_.end()), used_.end());
+}
+
+void FreeValueList::AddUsed(const Records& records, const SchemaField& field) {
+  for (const Variant& value : records.Values(field)) {
+    if (!IsNumeric(value)) continue;
+    const double number = CDbl(value);
+    if (number < minimum_ || number > maximum_ || number != std::floor(number)) continue;
+    used_.push_back(static_cast<std::int32_t>(number));
+  }
+}
+
+std::int32_t FreeValueList::Size() const {
+  const std::int64_t legal = std::int64_t{maximum_} - minimum_ + 1;
+  const std::int64_t free = legal - static_cast<std::int64_t>(used_.size());
+  return static_cast<std::int32_t>(std::min<std::int64_t>(free, std::numeric_limits<std::int32_t>::max()));
+}
+
+std::int32_t FreeValueList::At(std::int32_t index) const {
+  CheckIndex(index, Size());
+  std::int64_t value = std::int64_t{minimum_} + index;
+  for (const std::int32_t used : used_) {
+    if (used > value) break;
+    ++value;
+  }
+  return static_cast<std::int32_t>(value);
+}
+
+Status FreeValueList::Item(std::int32_t index, std::string& out) {
+  return Border([&] { out = std::to_string(At(index)); });
+}
+
+Status FreeValueList::Count(std::int32_t& out) {
+  out = Size();
+  return {};
+}
