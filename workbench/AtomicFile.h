@@ -1,0 +1,65 @@
+#pragma once
+
+#include <sys/stat.h>
+
+#include <cstddef>
+#include <ctime>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// The system calls of a save, each answering as the call of its name does: -1 and errno for a failure.
+/// A test puts its own in their place and has any of them fail.
+class FileLayer {
+ public:
+  virtual ~FileLayer() = default;
+  virtual ssize_t Write(int file, const void* data, std::size_t size);
+  virtual int Sync(int file);
+  virtual int Rename(const char* from, const char* to);
+
+  static FileLayer& OfSystem();
+};
+
+/// A file that is replaced as a whole or not at all: its content is written to a file beside it
+/// (".NAME.saving"), synced and renamed. A reader sees the old content or the new, a crash leaves one of
+/// them. Every failure is a FileError that names file, step and reason, and leaves the file as it was.
+class AtomicFile {
+ public:
+  static constexpr std::size_t kLargestSize = 16U << 20;
+
+  /// A symbolic link stands for the file that it points to.
+  explicit AtomicFile(const std::string& path, FileLayer& layer = FileLayer::OfSystem());
+
+  /// As given on construction.
+  const std::string& Name() const { return name_; }
+  bool Exists() const { return found_.has_value(); }
+  std::string Read();
+  /// Refuses when the file is no longer the one that was found on construction or last read or written.
+  void Write(std::string_view content);
+
+ private:
+  /// What tells one content of a file from another without reading it.
+  struct Identity {
+    dev_t device;
+    ino_t inode;
+    off_t size;
+    timespec modified;
+    mode_t mode;
+    uid_t owner;
+    gid_t group;
+
+    bool SameContentAs(const Identity& other) const;
+  };
+  class SideFile;
+
+  static Identity IdentityOf(const struct stat& status);
+  std::optional<Identity> Look() const;
+  void RefuseIfChanged() const;
+  /// The failure of a system call, told by errno.
+  [[noreturn]] void Fail(const std::string& step) const;
+
+  std::string name_;
+  std::string path_;
+  FileLayer& layer_;
+  std::optional<Identity> found_;
+};

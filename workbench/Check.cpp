@@ -1,0 +1,144 @@
+#include "workbench/Check.h"
+
+#include "platform/Conversions.h"
+#include "workbench/Provider.h"
+#include "workbench/Report.h"
+#include "workbench/Schema.h"
+#include "workbench/Session.h"
+
+FindingKind KindOf(const Shown& box) {
+  switch (box.style) {
+    case MessageStyle::kNotice:
+      return FindingKind::Notice;
+    case MessageStyle::kYesNo:
+    case MessageStyle::kYesNoCancel:
+      return FindingKind::Question;
+    default:
+      return box.title.ends_with("Warning") ? FindingKind::Warning : FindingKind::Error;
+  }
+}
+
+std::string_view NameOf(FindingKind kind) {
+  switch (kind) {
+    case FindingKind::Error:
+      return "error";
+    case FindingKind::Warning:
+      return "warning";
+    case FindingKind::Notice:
+      return "notice";
+    case FindingKind::Question:
+      break;
+  }
+  return "question";
+}
+
+void PersonalityCheck::CheckLimits() {
+  for (const SchemaField& field : session_.Content().GetSchema().Fields()) {
+    // A scaled field is converted in place: the radio stores it in other units than its limits have.
+    constexpr std::int64_t kUnscaled = 10000;
+    const bool isNumber = field.type == FieldType::Integer || field.type == FieldType::Number;
+    if (field.IsRaw() && isNumber && field.scale.tenThousandths == kUnscaled) CheckLimits(field);
+  }
+}
+
+void PersonalityCheck::CheckLimits(const SchemaField& field) {
+  const Provider& content = session_.Content();
+  const Limits limits = LimitsOf(field);
+  const RecordNr count = content.Count(content.GetSchema().TableOf(field));
+  for (RecordNr record = 1; record <= count; ++record) {
+    const Variant& value = content.Get(field, record);
+    if (limits.Hold(CDbl(value))) continue;
+    // The default of an identity lies outside its limits on purpose: the record has not got one yet.
+    if (field.isIdentity && SameCell(value, field.standard)) continue;
+    Finding finding = Origin(field, "range", session_.LabelOf(field), record, value);
+    finding.text = field.id + " is outside " + CStr(limits.lowest) + " to " + CStr(limits.highest) + ".";
+    Add(std::move(finding));
+  }
+}
+
+void PersonalityCheck::NameRecords() {
+  const Schema& schema = session_.Content().GetSchema();
+  for (Finding& finding : findings_) {
+    finding.identity = IdentityOf(*schema.FindTable(finding.table), finding.record);
+  }
+}
+
+void PersonalityCheck::RunRules() {
+  NameRecords();
+  for (const SchemaField& field : session_.Content().GetSchema().Fields()) {
+    for (const std::string& uiid : field.uiids) RunRule(field, uiid);
+  }
+  RunFinalRules();
+}
+
+void PersonalityCheck::RunRule(const SchemaField& field, const std::string& uiid) {
+  Provider& content = session_.Content();
+  TierHost& host = session_.Host();
+  const RecordNr count = content.Count(content.GetSchema().TableOf(field));
+  for (RecordNr record = 1; record <= count; ++record) {
+    Journal journal(content);
+    Variant value = content.Get(field, record);
+    Boolean accepted = kFalse;
+    host.Require(host.Validator().ValidateByUIID(uiid, value, record, accepted));
+    journal.Rollback();
+    if (accepted == kFalse || !messenger_.Boxes().empty()) {
+      Collect(Origin(field, uiid, session_.LabelOf(uiid), record, content.Get(field, record)),
+              accepted != kFalse);
+    }
+    messenger_.Clear();
+  }
+}
+
+void PersonalityCheck::RunFinalRules() {
+  TierHost& host = session_.Host();
+  Journal journal(session_.Content());
+  Boolean accepted = kFalse;
+  host.Require(host.Validator().RunFinalValidation(accepted));
+  journal.Rollback();
+  Finding origin;
+  origin.rule = "final";
+  origin.label = "Before a save";
+  Collect(origin, accepted != kFalse);
+  messenger_.Clear();
+}
+
+void PersonalityCheck::Collect(const Finding& origin, bool accepted) {
+  for (const Shown& box : messenger_.Boxes()) {
+    Finding finding = origin;
+    finding.kind = KindOf(box);
+    finding.text = box.text;
+    if (IsQuestion(box.style)) finding.answer = box.answer == Button::Yes ? "Yes" : "No";
+    Add(std::move(finding));
+  }
+  if (accepted || !messenger_.Boxes().empty()) return;
+  Finding finding = origin;
+  finding.text = "The value is refused without a message.";
+  Add(std::move(finding));
+}
+
+void PersonalityCheck::Add(Finding finding) {
+  const bool toldBefore = finding.rule == "final" && seenTexts_.contains(finding.text);
+  if (toldBefore || !seen_.emplace(finding.rule, finding.table, finding.record, finding.text).second) return;
+  seenTexts_.insert(finding.text);
+  findings_.push_back(std::move(finding));
+}
+
+Finding PersonalityCheck::Origin(const SchemaField& field, std::string rule, std::string label,
+                                 RecordNr record, const Variant& value) const {
+  Finding finding;
+  finding.rule = std::move(rule);
+  finding.label = std::move(label);
+  finding.table = field.table;
+  finding.record = record;
+  finding.identity = IdentityOf(session_.Content().GetSchema().TableOf(field), record);
+  finding.value = Report::TextOf(value);
+  return finding;
+}
+
+std::string PersonalityCheck::IdentityOf(const SchemaTable& table, RecordNr record) const {
+  const Provider& content = session_.Content();
+  for (const SchemaField& field : content.GetSchema().FieldsOf(table)) {
+    if (field.isIdentity) return Report::TextOf(content.Get(field, record));
+  }
+  return {};
+}

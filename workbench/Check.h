@@ -1,0 +1,82 @@
+#pragma once
+
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <vector>
+
+#include "platform/Types.h"
+#include "platform/Variant.h"
+#include "workbench/Messengers.h"
+
+class Provider;
+class Session;
+struct SchemaField;
+struct SchemaTable;
+
+enum class FindingKind { Error, Warning, Notice, Question };
+std::string_view NameOf(FindingKind kind);
+FindingKind KindOf(const Shown& box);
+
+/// What is wrong, or worth a word, in a personality.
+struct Finding {
+  FindingKind kind = FindingKind::Error;
+  /// The UIID whose rule spoke, "range" for the schema's limits, "final" for the rules of a save.
+  std::string rule;
+  std::string label;
+  std::int32_t table = -1;  // -1: no single record
+  RecordNr record = 0;
+  std::string identity;  // the number that a person knows the record by (a channel's); empty for none
+  std::string value;
+  std::string text;
+  std::string answer;  // to a question, "Yes" or "No"
+};
+
+/// Keeps the messages of the rules while a check runs. Questions are answered as told, else Yes: a check
+/// keeps nothing, and a No would end a rule before its last word.
+class CheckMessenger final : public RecordingMessenger {
+ public:
+  explicit CheckMessenger(Answers answers) : answers_(std::move(answers)) {}
+
+ protected:
+  Button Answer(const Shown&) override { return answers_.AreGiven() ? answers_.Next() : Button::Yes; }
+
+ private:
+  Answers answers_;
+};
+
+/// Runs every rule over every record and collects all findings, each once. What a rule writes is taken
+/// back before the next one runs.
+class PersonalityCheck {
+ public:
+  PersonalityCheck(Session& session, CheckMessenger& messenger) : session_(session), messenger_(messenger) {}
+
+  /// The stored values against the limits of the schema. To be run on what the file holds, before the
+  /// conversion for the forms.
+  void CheckLimits();
+  /// The rule of each UIID, by table and record, then the rules of a save. To be run on the forms.
+  void RunRules();
+
+  const std::vector<Finding>& Findings() const { return findings_; }
+
+ private:
+  void CheckLimits(const SchemaField& field);
+  /// The records of findings that were made before the identities were converted for the forms.
+  void NameRecords();
+  void RunRule(const SchemaField& field, const std::string& uiid);
+  void RunFinalRules();
+  /// The messages of the rule that has just run, and its refusal where it gave none.
+  void Collect(const Finding& origin, bool accepted);
+  void Add(Finding finding);
+  Finding Origin(const SchemaField& field, std::string rule, std::string label, RecordNr record,
+                 const Variant& value) const;
+  std::string IdentityOf(const SchemaTable& table, RecordNr record) const;
+
+  Session& session_;
+  CheckMessenger& messenger_;
+  std::vector<Finding> findings_;
+  std::set<std::tuple<std::string, std::int32_t, RecordNr, std::string>> seen_;
+  std::set<std::string, std::less<>> seenTexts_;
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "workbench/Workplace.h"
+
+namespace CLI {
+class App;
+}
+
+/// What the verb on a command line does, once the line has been read.
+using Action = std::function<ExitCode(Workplace&)>;
+
+// Each adds its verbs to `app`; reading a line with one of them sets `action`.
+void AddFileCommands(CLI::App& app, Action& action);       // new, info
+void AddShowCommand(CLI::App& app, Action& action);        // show
+void AddEditCommands(CLI::App& app, Action& action);       // get, set
+void AddCheckCommand(CLI::App& app, Action& action);       // check
+void AddReferenceCommands(CLI::App& app, Action& action);  // bands, fields
+void AddScriptCommand(CLI::App& app, Action& action);      // run
+
+/// Reads the words of a command line behind the program's name and carries it out. Messages go to standard
+/// error, each behind `prefix`.
+ExitCode RunCommand(std::vector<std::string> words, Workplace& workplace, const std::string& prefix,
+                    bool insideScript = false);

@@ -1,0 +1,100 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <ostream>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "workbench/Check.h"
+#include "workbench/Commands.h"
+
+namespace {
+
+using Json = Workplace::Json;
+
+Json JsonOf(const Finding& finding) {
+  Json json = {{"kind", NameOf(finding.kind)}, {"rule", finding.rule}, {"label", finding.label}};
+  if (finding.table >= 0) {
+    json["table"] = finding.table;
+    json["record"] = finding.record;
+    json["identity"] = finding.identity;
+    json["value"] = finding.value;
+  }
+  json["text"] = finding.text;
+  if (!finding.answer.empty()) json["answer"] = finding.answer;
+  return json;
+}
+
+/// The lines of a message, each behind two blanks, without its empty ones.
+void PrintText(const std::string& text, std::ostream& out) {
+  std::size_t start = 0;
+  while (start < text.size()) {
+    const std::size_t end = std::min(text.find_first_of("\r\n", start), text.size());
+    if (end > start) out << "  " << text.substr(start, end - start) << '\n';
+    start = end + 1;
+  }
+}
+
+void PrintPlace(const Finding& finding, std::ostream& out) {
+  out << "  - " << finding.label;
+  if (finding.table >= 0) {
+    out << ", table " << finding.table << " record " << finding.record;
+    if (!finding.identity.empty()) out << " (number " << finding.identity << ")";
+    out << ": \"" << finding.value << '"';
+  }
+  out << " [" << finding.rule << "]";
+  if (!finding.answer.empty()) out << ", answered " << finding.answer;
+  out << '\n';
+}
+
+/// Findings of the same text stand together under it, in the order in which they came first.
+void Print(const std::vector<Finding>& findings, std::ostream& out) {
+  std::vector<std::vector<const Finding*>> groups;
+  std::map<std::pair<FindingKind, std::string_view>, std::size_t> groupOf;
+  for (const Finding& finding : findings) {
+    const auto [place, isNew] = groupOf.try_emplace({finding.kind, finding.text}, groups.size());
+    if (isNew) groups.emplace_back();
+    groups[place->second].push_back(&finding);
+  }
+  for (const auto& group : groups) {
+    out << NameOf(group.front()->kind) << ":\n";
+    PrintText(group.front()->text, out);
+    for (const Finding* finding : group) PrintPlace(*finding, out);
+    out << '\n';
+  }
+}
+
+ExitCode Check(const std::string& file, Workplace& workplace) {
+  const auto messenger = std::make_shared<CheckMessenger>(workplace.GivenAnswers());
+  OpenedFile opened(workplace, file, messenger);
+  PersonalityCheck check(opened.GetSession(), *messenger);
+  check.CheckLimits();
+  opened.GetSession().ConvertToForms();
+  messenger->Clear();
+  check.RunRules();
+
+  const std::vector<Finding>& findings = check.Findings();
+  if (workplace.options.json) {
+    Json list = Json::array();
+    for (const Finding& finding : findings) list.push_back(JsonOf(finding));
+    workplace.Emit({{"file", file}, {"count", findings.size()}, {"findings", std::move(list)}});
+  } else {
+    Print(findings, workplace.Out());
+    workplace.Out() << findings.size() << (findings.size() == 1 ? " finding\n" : " findings\n");
+  }
+  return findings.empty() ? ExitCode::Done : ExitCode::No;
+}
+
+}  // namespace
+
+void AddCheckCommand(CLI::App& app, Action& action) {
+  auto file = std::make_shared<std::string>();
+  CLI::App* command = app.add_subcommand(
+      "check", "Run every rule over every record and list all findings; nothing is changed");
+  command->footer("Questions of the rules are answered yes, unless --answer says otherwise.");
+  command->add_option("FILE", *file, "The personality")->required();
+  command->callback(
+      [file, &action] { action = [file](Workplace& workplace) { return Check(*file, workplace); }; });
+}

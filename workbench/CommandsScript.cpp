@@ -1,0 +1,130 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iostream>
+#include <memory>
+#include <sstream>
+
+#include "workbench/Commands.h"
+#include "workbench/FileError.h"
+
+namespace {
+
+using Json = Workplace::Json;
+
+/// Cuts a line of a script into words. Blanks separate; a word or a part of it in double quotes keeps its
+/// blanks, \" and \\ stand for a quote and a backslash there. "#" at the start of a word begins a comment.
+class WordCutter {
+ public:
+  explicit WordCutter(std::string_view line) : line_(line) {}
+
+  std::vector<std::string> Words() {
+    std::vector<std::string> words;
+    while (SkipBlanks() && line_[place_] != '#') words.push_back(Word());
+    return words;
+  }
+
+ private:
+  bool SkipBlanks() {
+    while (place_ < line_.size() && IsBlank(line_[place_])) ++place_;
+    return place_ < line_.size();
+  }
+
+  std::string Word() {
+    std::string word;
+    for (; place_ < line_.size() && !IsBlank(line_[place_]); ++place_) {
+      if (line_[place_] == '"') {
+        word += Quoted();
+      } else {
+        word += line_[place_];
+      }
+    }
+    return word;
+  }
+
+  /// From the opening quote to the closing one, on which it stops.
+  std::string Quoted() {
+    std::string text;
+    for (++place_; place_ < line_.size() && line_[place_] != '"'; ++place_) {
+      const bool escapes = line_[place_] == '\\' && place_ + 1 < line_.size();
+      if (escapes && (line_[place_ + 1] == '"' || line_[place_ + 1] == '\\')) ++place_;
+      text += line_[place_];
+    }
+    if (place_ == line_.size()) throw UsageError("a quote is not closed");
+    return text;
+  }
+
+  static bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
+
+  std::string_view line_;
+  std::size_t place_ = 0;
+};
+
+/// Runs the lines of a script one by one, each with the options of the whole.
+class Script {
+ public:
+  Script(std::string name, Workplace& workplace)
+      : name_(std::move(name)), workplace_(workplace), options_(workplace.options) {}
+
+  ExitCode Run(bool keepGoing) {
+    std::istringstream lines(AtomicFile(name_).Read());
+    ExitCode worst = ExitCode::Done;
+    std::string line;
+    while (std::getline(lines, line) && (keepGoing || worst == ExitCode::Done)) {
+      ++number_;
+      worst = std::max(worst, RunLine(line));
+    }
+    workplace_.options = options_;
+    if (workplace_.options.json) workplace_.Emit(std::move(results_));
+    return worst;
+  }
+
+ private:
+  ExitCode RunLine(const std::string& line) {
+    const std::string prefix = name_ + ":" + std::to_string(number_) + ": ";
+    std::vector<std::string> words;
+    try {
+      words = WordCutter(line).Words();
+    } catch (const UsageError& error) {
+      std::cerr << prefix << error.what() << '\n';
+      return ExitCode::CouldNot;
+    }
+    if (words.empty()) return ExitCode::Done;
+    if (words.front() == "kd4410") words.erase(words.begin());
+
+    workplace_.options = options_;
+    Json data;
+    if (options_.json) workplace_.CollectIn(data);
+    const ExitCode code = RunCommand(std::move(words), workplace_, prefix, true);
+    workplace_.CollectNothing();
+    if (options_.json) {
+      results_.push_back(
+          {{"line", number_}, {"exitCode", static_cast<int>(code)}, {"data", std::move(data)}});
+    }
+    return code;
+  }
+
+  std::string name_;
+  Workplace& workplace_;
+  const Options options_;
+  int number_ = 0;
+  Json results_ = Json::array();
+};
+
+}  // namespace
+
+void AddScriptCommand(CLI::App& app, Action& action) {
+  struct Arguments {
+    std::string script;
+    bool keepGoing = false;
+  };
+  auto given = std::make_shared<Arguments>();
+  CLI::App* command = app.add_subcommand("run", "Run the commands of a script, one a line");
+  command->footer(
+      "Words are separated by blanks; \"double quotes\" keep blanks together; # begins a comment.\n"
+      "The exit code is the highest of the lines that ran.");
+  command->add_option("SCRIPT", given->script, "The script")->required();
+  command->add_flag("--keep-going", given->keepGoing, "Go on after a line that does not end with 0");
+  command->callback([given, &action] {
+    action = [given](Workplace& workplace) { return Script(given->script, workplace).Run(given->keepGoing); };
+  });
+}

@@ -1,0 +1,161 @@
+#include "workbench/Report.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "platform/Conversions.h"
+#include "platform/XArrayDBObject.h"
+#include "workbench/Check.h"
+#include "workbench/Provider.h"
+#include "workbench/Schema.h"
+#include "workbench/Session.h"
+#include "workbench/TextTable.h"
+#include "workbench/Workplace.h"
+
+namespace {
+
+/// The number of letters to change, add or leave out to make one name of the other; case does not count.
+std::size_t Distance(std::string_view a, std::string_view b) {
+  std::vector<std::size_t> row(b.size() + 1);
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    std::size_t diagonal = row[0];
+    row[0] = i + 1;
+    for (std::size_t j = 0; j < b.size(); ++j) {
+      const std::size_t replaced = diagonal + (UpperChar(a[i]) == UpperChar(b[j]) ? 0 : 1);
+      diagonal = row[j + 1];
+      row[j + 1] = std::min({replaced, diagonal + 1, row[j] + 1});
+    }
+  }
+  return row.back();
+}
+
+bool IsLike(std::string_view known, std::string_view typed) {
+  const std::string upper = UpperCase(known);
+  if (typed.size() >= 3 && upper.starts_with(UpperCase(typed))) return true;
+  return Distance(known, typed) <= 1 + typed.size() / 4;
+}
+
+/// Names of the schema that are spelled like `typed`, the nearest first.
+std::vector<std::string> NamesLike(const Schema& schema, std::string_view typed) {
+  constexpr std::size_t kMost = 5;
+  std::vector<std::string> names;
+  for (const SchemaField& field : schema.Fields()) {
+    for (const std::string& uiid : field.uiids) {
+      if (IsLike(uiid, typed)) names.push_back(uiid);
+    }
+    if (IsLike(field.id, typed)) names.push_back(field.id);
+  }
+  std::ranges::stable_sort(names, {}, [&](const std::string& name) { return Distance(name, typed); });
+  if (names.size() > kMost) names.resize(kMost);
+  return names;
+}
+
+}  // namespace
+
+namespace Report {
+
+std::string TextOf(const Variant& value) {
+  if (!value.IsArray()) return CStr(value);
+  std::string text = "[";
+  const XArrayDBObject& array = CArray(value);
+  for (std::int32_t row = 1; row <= array.UpperBound(1); ++row) {
+    text += (row > 1 ? ", " : "") + CStr(array.GetValue(row, 0));
+  }
+  return text + "]";
+}
+
+Json JsonOf(const Variant& value) {
+  if (value.IsEmpty()) return nullptr;
+  if (const bool* flag = std::get_if<bool>(&value)) return *flag;
+  if (value.IsText()) return std::get<std::string>(value);
+  if (value.IsArray()) {
+    const XArrayDBObject& array = CArray(value);
+    Json rows = Json::array();
+    for (std::int32_t row = 1; row <= array.UpperBound(1); ++row)
+      rows.push_back(JsonOf(array.GetValue(row, 0)));
+    return rows;
+  }
+  if (std::holds_alternative<std::int32_t>(value) || std::holds_alternative<std::int16_t>(value)) {
+    return CLng(value);
+  }
+  return CDbl(value);
+}
+
+std::string TextAt(const Provider& content, std::string_view name, RecordNr record) {
+  const SchemaField* field = content.GetSchema().Find(name);
+  return field == nullptr || record > content.Count(field->table) ? "" : TextOf(content.Get(*field, record));
+}
+
+const std::string& NameOf(const SchemaField& field) {
+  return field.uiids.empty() ? field.id : field.uiids.front();
+}
+
+TextTable ChangeTable(const Session& session, const std::vector<Change>& changes) {
+  TextTable table({{""}, {""}, {""}, {""}});
+  for (const Change& change : changes) {
+    const std::string values = TextOf(change.before) + " -> " + TextOf(change.now);
+    if (change.field == nullptr) {
+      table.Add({"table " + std::to_string(change.table->number), change.table->title, "records", values});
+    } else {
+      const std::string& name = NameOf(*change.field);
+      const std::string label = session.LabelOf(*change.field);
+      table.Add({name, label == name ? "" : label, "record " + std::to_string(change.record), values});
+    }
+  }
+  return table;
+}
+
+Json JsonOf(const Session& session, const std::vector<Change>& changes) {
+  Json list = Json::array();
+  for (const Change& change : changes) {
+    if (change.field == nullptr) {
+      list.push_back({{"table", change.table->number},
+                      {"title", change.table->title},
+                      {"recordsBefore", JsonOf(change.before)},
+                      {"recordsNow", JsonOf(change.now)}});
+    } else {
+      list.push_back({{"name", NameOf(*change.field)},
+                      {"fieldId", change.field->id},
+                      {"label", session.LabelOf(*change.field)},
+                      {"record", change.record},
+                      {"before", JsonOf(change.before)},
+                      {"now", JsonOf(change.now)}});
+    }
+  }
+  return list;
+}
+
+Json JsonOf(const std::vector<Shown>& boxes) {
+  Json list = Json::array();
+  for (const Shown& box : boxes) {
+    Json message = {{"kind", ::NameOf(KindOf(box))}, {"text", box.text}};
+    if (IsQuestion(box.style)) message["answer"] = box.answer == Button::Yes ? "Yes" : "No";
+    list.push_back(std::move(message));
+  }
+  return list;
+}
+
+const SchemaField& FieldNamed(const Schema& schema, std::string_view name) {
+  const SchemaField* field = schema.Find(name);
+  if (field != nullptr) return *field;
+  std::string text = "\"" + std::string(name) + "\" ";
+  if (schema.IsAmbiguous(name)) {
+    text += "is a field of several tables; put the table number before it (\"5." + std::string(name) + "\")";
+    throw UsageError(text);
+  }
+  text += "is no field of version " + schema.Version();
+  const std::vector<std::string> names = NamesLike(schema, name);
+  for (std::size_t i = 0; i < names.size(); ++i) text += (i == 0 ? "; do you mean " : ", ") + names[i];
+  throw UsageError(text + (names.empty() ? "" : "?"));
+}
+
+void RequireRecord(const Provider& content, const SchemaField& field, RecordNr record) {
+  const RecordNr count = content.Count(field.table);
+  if (record >= 1 && record <= count) return;
+  const SchemaTable& table = content.GetSchema().TableOf(field);
+  throw UsageError("record " + std::to_string(record) + " is outside 1.." + std::to_string(count) +
+                   ", the records of table " + std::to_string(table.number) + " (" + table.title + ")");
+}
+
+}  // namespace Report

@@ -1,0 +1,132 @@
+#include "workbench/Session.h"
+
+#include "platform/Conversions.h"
+#include "workbench/Provider.h"
+#include "workbench/Schema.h"
+
+namespace {
+
+/// The records on which a transformation of the field is called: each of its table, or record 1 when it
+/// acts on the table as a whole, even on an empty one.
+RecordNr LastRecord(const Provider& provider, const SchemaField& field) {
+  return field.scope == FieldScope::Table ? 1 : provider.Count(provider.GetSchema().TableOf(field));
+}
+
+bool IsFlagText(std::string_view text) {
+  return EqualsIgnoringCase(text, "true") || EqualsIgnoringCase(text, "false") || IsNumeric(text);
+}
+
+/// What a form's control does not let through to the tier; empty for a value that it does.
+std::string ControlRefusal(const SchemaField& field, std::string_view typed) {
+  if (field.type == FieldType::Array) return "the field can not be typed";
+  if (field.type == FieldType::Flag && !IsFlagText(typed)) return "the field takes true or false";
+  if (field.type != FieldType::Integer && field.type != FieldType::Number) return {};
+  if (!IsNumeric(typed)) return "the field takes a number";
+  const Limits limits = LimitsOf(field);
+  const double value = CDbl(typed);
+  if (limits.Hold(value)) return {};
+  return "the field takes values from " + CStr(limits.lowest) + " to " + CStr(limits.highest);
+}
+
+}  // namespace
+
+Limits LimitsOf(const SchemaField& field) {
+  return {static_cast<double>(field.minimum), static_cast<double>(field.maximum)};
+}
+
+Session::Session(const HostParts& parts, std::shared_ptr<Provider> provider,
+                 std::shared_ptr<Imessenger> messenger)
+    : provider_(provider), host_(parts, std::move(provider), std::move(messenger)) {}
+
+void Session::ConvertToForms() {
+  host_.Require(host_.Owner().PostReadProcessing(provider_, Variant()));
+  for (const SchemaField& field : provider_->GetSchema().Fields()) {
+    if (field.transform == 0) continue;
+    // Asked anew for each record: a conversion may rebuild its own table.
+    for (RecordNr record = 1; record <= LastRecord(*provider_, field); ++record) ConvertToForm(field, record);
+  }
+}
+
+EditResult Session::Edit(const SchemaField& field, std::string_view uiid, RecordNr record,
+                         std::string_view typed) {
+  EditResult result;
+  result.before = provider_->Get(field, record);
+  result.now = result.before;
+  result.refusal = ControlRefusal(field, typed);
+  if (!result.refusal.empty()) return result;
+
+  Journal journal(*provider_);
+  host_.Require(provider_->SetAutoUpdate(kTrue));
+  Variant value(typed);
+  Boolean accepted = kFalse;
+  host_.Require(host_.Validator().ValidateByUIID(uiid, value, record, accepted));
+  result.accepted = accepted != kFalse;
+  if (result.accepted) Store(field, record, std::move(value));
+
+  // A rule may have changed the number of records of the field's own table.
+  if (record <= provider_->Count(field.table)) result.now = provider_->Get(field, record);
+  for (Change& change : journal.Changes()) {
+    if (change.field == &field && change.record == record && result.accepted) continue;
+    result.others.push_back(std::move(change));
+  }
+  return result;
+}
+
+void Session::Store(const SchemaField& field, RecordNr record, Variant value) {
+  provider_->Set(field, record, std::move(value));
+  ConvertToRaw(provider_, field, record);
+  ConvertToForm(field, record);
+}
+
+std::shared_ptr<Provider> Session::ConvertedToRaw() {
+  const std::shared_ptr<Provider> copy = provider_->Copy();
+  host_.UseStore(copy);
+  host_.Require(copy->SetAutoUpdate(kTrue));
+  for (const SchemaField* field : copy->GetSchema().FieldsInWritingOrder()) {
+    if (field->transform == 0) continue;
+    for (RecordNr record = 1; record <= LastRecord(*copy, *field); ++record) {
+      ConvertToRaw(copy, *field, record);
+    }
+  }
+  // The forms have the polarities of table 36 in the opposite sense to the radio; inverting a second time
+  // brings them back.
+  host_.Require(host_.Owner().PostReadProcessing(copy, Variant()));
+  host_.UseStore(provider_);
+  return copy;
+}
+
+std::string Session::LabelOf(std::string_view uiid) const {
+  std::string label;
+  Boolean known = kFalse;
+  host_.Require(host_.UserInterface().GetLabelByUIID(uiid, label, known));
+  return known == kFalse || label.empty() ? std::string(uiid) : label;
+}
+
+std::string Session::LabelOf(const SchemaField& field) const {
+  return field.uiids.empty() ? field.id : LabelOf(field.uiids.front());
+}
+
+void Session::ConvertToForm(const SchemaField& field, RecordNr record) {
+  Boolean converted = kFalse;  // false: the field has no conversion, its value serves as it is
+  host_.Require(host_.Owner().TransformToUI(provider_, field.id, record, converted));
+}
+
+void Session::ConvertToRaw(const std::shared_ptr<Provider>& provider, const SchemaField& field,
+                           RecordNr record) {
+  Boolean converted = kFalse;
+  host_.Require(host_.Owner().TransformFromUI(provider, field.id, record, converted));
+}
+
+std::shared_ptr<Provider> NewPersonality(const SchemaFiles& schemas, std::string_view version) {
+  const auto provider = std::make_shared<Provider>(schemas.At(version));
+  const Schema& schema = provider->GetSchema();
+  const auto fill = [&](std::string_view name, Variant value) {
+    const SchemaField* field = schema.Find(name);
+    if (field == nullptr) return;
+    if (provider->Count(field->table) == 0) provider->SetCount(field->table, 1);
+    provider->Set(*field, 1, std::move(value));
+  };
+  fill("0.RadioTier", schema.Model());
+  fill("39.Databaseversion", schema.Number());
+  return provider;
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "workbench/Journal.h"
+#include "workbench/TierHost.h"
+
+class Provider;
+
+/// The values that a field may hold on its form. Equal limits are none.
+struct Limits {
+  double lowest = 0;
+  double highest = 0;
+  bool Hold(double value) const { return lowest >= highest || (lowest <= value && value <= highest); }
+};
+Limits LimitsOf(const SchemaField& field);
+
+/// What became of an edit.
+struct EditResult {
+  bool accepted = false;
+  /// Why this host refused the value itself, without asking the tier; empty when it did not.
+  std::string refusal;
+  Variant before;
+  /// The value that stands in the field now.
+  Variant now;
+  /// What else changed; after a refusal, what the rule had written before it refused.
+  std::vector<Change> others;
+};
+
+/// An open personality as a host keeps it: converted for the forms, edited there, and converted back to be
+/// saved. A fault of the tier leaves by a TierFault.
+class Session {
+ public:
+  Session(const HostParts& parts, std::shared_ptr<Provider> provider, std::shared_ptr<Imessenger> messenger);
+
+  /// What follows a read from the radio: the raw tables become what the forms show. To be called once:
+  /// some fields are converted in place.
+  void ConvertToForms();
+
+  /// Walks the way of an edit: the rule of the field, the value that it left, the conversion to the radio
+  /// and back to the form. The field has the UIID, the record exists.
+  EditResult Edit(const SchemaField& field, std::string_view uiid, RecordNr record, std::string_view typed);
+  /// Stores a form value and its conversion without asking the rules.
+  void Store(const SchemaField& field, RecordNr record, Variant value);
+
+  /// The content as the radio holds it, for the file: made on a copy, the forms stay as they are.
+  std::shared_ptr<Provider> ConvertedToRaw();
+
+  Provider& Content() const { return *provider_; }
+  TierHost& Host() { return host_; }
+
+  /// The label of a UIID on the forms; the UIID itself where there is none.
+  std::string LabelOf(std::string_view uiid) const;
+  /// The label of the first UIID of the field; the FieldId for a field without one.
+  std::string LabelOf(const SchemaField& field) const;
+
+ private:
+  void ConvertToForm(const SchemaField& field, RecordNr record);
+  void ConvertToRaw(const std::shared_ptr<Provider>& provider, const SchemaField& field, RecordNr record);
+
+  std::shared_ptr<Provider> provider_;
+  TierHost host_;
+};
+
+/// A new personality: the schema's defaults, with its model and version written into it.
+std::shared_ptr<Provider> NewPersonality(const SchemaFiles& schemas, std::string_view version);

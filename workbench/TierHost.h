@@ -1,0 +1,67 @@
+#pragma once
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "host/IproviderOwner.h"
+#include "host/ItierUserInterface.h"
+#include "host/ItierValidator.h"
+
+class ApplicationServices;
+class Imessenger;
+class Itier;
+class OpenPersonality;
+class Provider;
+class SchemaFiles;
+class TierLibrary;
+
+/// The tier failed: it answered a call with an error, or asked to end the application. What it was working
+/// on is not kept.
+class TierFault : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// Where the parts of a host lie.
+struct HostParts {
+  std::shared_ptr<const SchemaFiles> schemas;
+  std::string tierLibrary;
+  std::string dataFolder;
+};
+
+/// A tier, loaded from its library and initialised, and the platform that it runs on.
+class TierHost {
+ public:
+  /// `provider` is the open personality; null for none, which serves what needs no personality.
+  TierHost(const HostParts& parts, std::shared_ptr<Provider> provider, std::shared_ptr<Imessenger> messenger);
+  ~TierHost();
+  TierHost(const TierHost&) = delete;
+  TierHost& operator=(const TierHost&) = delete;
+
+  /// The tier finds this store, of the open personality's version, from now on.
+  void UseStore(std::shared_ptr<Provider> provider);
+
+  IproviderOwner& Owner() const { return *owner_; }
+  ItierValidator& Validator() const { return *validator_; }
+  ItierUserInterface& UserInterface() const { return *userInterface_; }
+
+  /// Raises a TierFault for a failed status, and for a tier that has asked to end the application.
+  void Require(const Status& status) const {
+    if (!status.Ok() || HasEnded()) [[unlikely]] {
+      Fail(status);
+    }
+  }
+
+ private:
+  bool HasEnded() const;
+  [[noreturn]] void Fail(const Status& status) const;
+  void CreateTier(std::shared_ptr<Imessenger> messenger);
+
+  std::shared_ptr<OpenPersonality> personality_;
+  std::shared_ptr<ApplicationServices> services_;
+  std::shared_ptr<TierLibrary> library_;
+  std::shared_ptr<Itier> tier_;
+  std::shared_ptr<IproviderOwner> owner_;
+  std::shared_ptr<ItierValidator> validator_;
+  std::shared_ptr<ItierUserInterface> userInterface_;
+};

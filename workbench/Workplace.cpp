@@ -1,0 +1,61 @@
+#include "workbench/Workplace.h"
+
+#include <ostream>
+
+#include "workbench/PersonalityFile.h"
+#include "workbench/Provider.h"
+#include "workbench/Schema.h"
+#include "workbench/TierLoader.h"
+
+namespace {
+
+std::shared_ptr<Provider> ReadContent(AtomicFile& file, const SchemaFiles& schemas, bool factoryMode) {
+  auto content = PersonalityFile::Parse(file.Name(), file.Read(), schemas);
+  content->SetFactoryMode(factoryMode);
+  return content;
+}
+
+}  // namespace
+
+void Workplace::Emit(Json data) {
+  if (collected_ != nullptr) {
+    *collected_ = std::move(data);
+  } else {
+    // Values of the tier are shown as they are: a text that is no UTF-8 must not end the output.
+    *out_ << data.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+  }
+}
+
+HostParts Workplace::Parts() {
+  const std::string folder = FindDataFolder(options.data);
+  if (schemas_ == nullptr || folder != schemaFolder_) {
+    schemas_ = SchemaFiles::Read(folder + "/schema");
+    schemaFolder_ = folder;
+  }
+  return {schemas_, FindTierLibrary(options.tier), folder};
+}
+
+Answers Workplace::GivenAnswers() const {
+  return options.answer.empty() ? Answers() : Answers::Of(options.answer);
+}
+
+std::shared_ptr<RecordingMessenger> Workplace::Messenger() {
+  if (messenger_ == nullptr || messengerAnswer_ != options.answer) {
+    messenger_ = TerminalMessenger::OnStandardStreams(GivenAnswers());
+    messengerAnswer_ = options.answer;
+  }
+  messenger_->Clear();
+  return messenger_;
+}
+
+OpenedFile::OpenedFile(Workplace& workplace, const std::string& path,
+                       std::shared_ptr<RecordingMessenger> messenger)
+    : file_(path),
+      session_(workplace.Parts(), ReadContent(file_, workplace.Schemas(), workplace.options.factory),
+               std::move(messenger)) {}
+
+OpenedFile::OpenedFile(Workplace& workplace, AtomicFile file, std::shared_ptr<Provider> content,
+                       std::shared_ptr<RecordingMessenger> messenger)
+    : file_(std::move(file)), session_(workplace.Parts(), std::move(content), std::move(messenger)) {}
+
+void OpenedFile::Save() { file_.Write(PersonalityFile::Format(file_.Name(), *session_.ConvertedToRaw())); }

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <iosfwd>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "workbench/AtomicFile.h"
+#include "workbench/Messengers.h"
+#include "workbench/Session.h"
+
+/// How a command ends. Of several commands the highest counts.
+enum class ExitCode : int {
+  Done = 0,
+  No = 1,        // refused, findings
+  CouldNot = 2,  // wrong use, a file that can not be used, nothing to work on
+  Fault = 3,     // a fault of the tier
+};
+
+/// The command can not be carried out as it was given.
+class UsageError : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// The options that every command has.
+struct Options {
+  bool json = false;
+  std::string tier;
+  std::string data;
+  std::string answer;
+  bool factory = false;
+};
+
+/// What the commands of one process share: options, output and what is costly to make twice.
+class Workplace {
+ public:
+  using Json = nlohmann::ordered_json;
+
+  explicit Workplace(std::ostream& out) : out_(&out) {}
+
+  Options options;
+
+  /// Data for people. With --json a command calls Emit instead, once.
+  std::ostream& Out() const { return *out_; }
+  void Emit(Json data);
+  /// What is emitted from now on is kept; `CollectNothing` goes back to printing.
+  void CollectIn(Json& data) { collected_ = &data; }
+  void CollectNothing() { collected_ = nullptr; }
+
+  HostParts Parts();
+  const SchemaFiles& Schemas() { return *Parts().schemas; }
+  Answers GivenAnswers() const;
+  /// Prints messages on standard error. The same for all commands, so that answers go on in turn.
+  std::shared_ptr<RecordingMessenger> Messenger();
+
+ private:
+  std::ostream* out_;
+  Json* collected_ = nullptr;
+  std::string schemaFolder_;
+  std::shared_ptr<const SchemaFiles> schemas_;
+  std::string messengerAnswer_;
+  std::shared_ptr<RecordingMessenger> messenger_;
+};
+
+/// A personality file and the session that works on its content.
+class OpenedFile {
+ public:
+  /// Reads the file; the content is as the file holds it until it is converted for the forms.
+  OpenedFile(Workplace& workplace, const std::string& path, std::shared_ptr<RecordingMessenger> messenger);
+  /// Content that is to go into the file.
+  OpenedFile(Workplace& workplace, AtomicFile file, std::shared_ptr<Provider> content,
+             std::shared_ptr<RecordingMessenger> messenger);
+
+  void Save();
+
+  Session& GetSession() { return session_; }
+  Provider& Content() { return session_.Content(); }
+
+ private:
+  AtomicFile file_;
+  Session session_;
+};
