@@ -1,0 +1,56 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "host/Itier.h"
+#include "workbench/HostObjects.h"
+#include "workbench/Messengers.h"
+#include "workbench/Provider.h"
+#include "workbench/Schema.h"
+
+/// The schema files of the project, read once in the life of the process.
+const std::shared_ptr<const SchemaFiles>& ProjectSchemas();
+
+/// The tier itself, initialised on a new personality with default content. A test fails when a question
+/// comes unscripted, when a scripted answer is not asked for, and when the tier ends the application
+/// unexpectedly.
+class TierFixture : public testing::Test {
+ protected:
+  explicit TierFixture(std::string_view version = "KD4410.0094");
+  void SetUp() override;
+  void TearDown() override;
+
+  /// What the tier says of an edit; `validated` holds the value that it left.
+  bool Validate(std::string_view uiid, Variant value, RecordNr record = 1);
+  bool IsEnabled(std::string_view uiid, RecordNr record = 1);
+  bool ToUI(std::string_view fieldId, RecordNr record = 1);
+  bool FromUI(std::string_view fieldId, RecordNr record = 1);
+
+  /// The next termination (or several) is what the test wants; it is asked for the number itself.
+  void ExpectTermination() { expectsTermination_ = true; }
+  int Terminations() const { return services->Terminations(); }
+
+  std::shared_ptr<Itier> Tier() const { return tier_; }
+  std::shared_ptr<ItierValidator> Validator() const;
+  std::shared_ptr<IproviderOwner> ProviderOwner() const;
+  std::shared_ptr<ItierUserInterface> UserInterface() const;
+  std::shared_ptr<ItierSchema> TierSchema() const;
+
+  const std::shared_ptr<Provider> sharedProvider;
+  Provider& provider;
+  const std::shared_ptr<ScriptedMessenger> sharedMessenger = std::make_shared<ScriptedMessenger>();
+  ScriptedMessenger& messenger = *sharedMessenger;
+  const std::shared_ptr<ValidatorHost> validatorHost = std::make_shared<ValidatorHost>("Caption");
+  const std::shared_ptr<OpenPersonality> personality;
+  const std::shared_ptr<ApplicationServices> services;
+  Variant validated;
+
+ private:
+  std::shared_ptr<Itier> tier_;
+  bool expectsTermination_ = false;
+};

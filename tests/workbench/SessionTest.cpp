@@ -1,0 +1,130 @@
+#include "workbench/Session.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "platform/Conversions.h"
+#include "support/TierFixture.h"
+#include "workbench/AtomicFile.h"
+#include "workbench/PersonalityFile.h"
+
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// A session on a sample, through the built library.
+class SessionTest : public testing::Test {
+ protected:
+  void Open(const std::string& sample) {
+    document = AtomicFile(std::string(SAMPLES_FOLDER) + "/" + sample).Read();
+    content = PersonalityFile::Parse(sample, document, *ProjectSchemas());
+    const HostParts parts{ProjectSchemas(), TIER_LIBRARY,
+                          std::filesystem::path(TIER_LIBRARY).parent_path().string()};
+    session.reset();
+    session = std::make_unique<Session>(parts, content, messenger);
+  }
+
+  EditResult Edit(std::string_view uiid, RecordNr record, std::string_view typed) {
+    messenger->Clear();
+    return session->Edit(content->FieldOf(uiid), uiid, record, typed);
+  }
+
+  static std::vector<std::string> CellsOf(const EditResult& result) {
+    std::vector<std::string> cells;
+    for (const Change& change : result.others) {
+      const std::string name =
+          change.field == nullptr ? "count of " + std::to_string(change.table->number) : change.field->id;
+      cells.push_back(name + " " + CStr(change.before) + ">" + CStr(change.now));
+    }
+    return cells;
+  }
+
+  std::string document;
+  std::shared_ptr<Provider> content;
+  const std::shared_ptr<ScriptedMessenger> messenger = std::make_shared<ScriptedMessenger>();
+  std::unique_ptr<Session> session;
+};
+
+TEST_F(SessionTest, WhatIsOpenedAndSavedWithoutAnEditIsTheSame) {
+  for (const char* sample : {"minimal.json", "marine-harbour.json", "city-fleet.json", "full.json"}) {
+    Open(sample);
+    session->ConvertToForms();
+    EXPECT_TRUE(PersonalityFile::Format(sample, *session->ConvertedToRaw()) == document) << sample;
+  }
+}
+
+TEST_F(SessionTest, FormsShowThePolarityInTheOppositeSenseAndTheFileKeepsIt) {
+  Open("city-fleet.json");
+  content->Set("36.DCSTxPolarity", 2, 1);
+  session->ConvertToForms();
+  EXPECT_EQ(CLng(content->Get("36.DCSTxPolarity", 1)), 1);
+  EXPECT_EQ(CLng(content->Get("36.DCSTxPolarity", 2)), 0);
+  const auto saved = session->ConvertedToRaw();
+  EXPECT_EQ(CLng(saved->Get("36.DCSTxPolarity", 1)), 0);
+  EXPECT_EQ(CLng(saved->Get("36.DCSTxPolarity", 2)), 1);
+  EXPECT_EQ(CLng(content->Get("36.DCSTxPolarity", 2)), 0);  // the forms go on
+}
+
+TEST_F(SessionTest, AnAcceptedEditIsConvertedAndTellsWhatElseChanged) {
+  Open("marine-harbour.json");
+  session->ConvertToForms();
+  const EditResult result = Edit("TxFreq_k6k", 2, "1571.25");
+  EXPECT_TRUE(result.accepted);
+  EXPECT_EQ(CStr(result.before), "156.300000");
+  EXPECT_EQ(CStr(result.now), "157.125000");
+  EXPECT_THAT(CellsOf(result), ElementsAre("5.ChannelTxFreq 156300000>157125000"));
+}
+
+TEST_F(SessionTest, AToneOfItsOwnIsToldAsANewRecord) {
+  Open("marine-harbour.json");
+  session->ConvertToForms();
+  const RecordNr before = content->Count(50);
+  const EditResult result = Edit("TxSignalling_k6k", 1, "C67.0");
+  EXPECT_TRUE(result.accepted);
+  EXPECT_THAT(CellsOf(result),
+              Contains("count of 50 " + std::to_string(before) + ">" + std::to_string(before + 1)));
+}
+
+TEST_F(SessionTest, ARefusedEditKeepsTheOldValue) {
+  Open("marine-harbour.json");
+  session->ConvertToForms();
+  const EditResult result = Edit("TxFreq_k6k", 2, "780");
+  EXPECT_FALSE(result.accepted);
+  EXPECT_EQ(CStr(content->Get("TxFreq_k6k", 2)), "156.300000");
+  EXPECT_THAT(result.others, IsEmpty());
+  EXPECT_EQ(messenger->Boxes().size(), 1U);
+}
+
+TEST_F(SessionTest, TheControlsOfTheHostRefuseWhatNoRuleIsToSee) {
+  Open("marine-harbour.json");
+  session->ConvertToForms();
+  for (const char* typed : {"", "high", "5", "-1"}) {
+    const EditResult result = Edit("TxPower_k6k", 1, typed);
+    EXPECT_FALSE(result.accepted) << typed;
+    EXPECT_FALSE(result.refusal.empty()) << typed;
+    EXPECT_EQ(CLng(content->Get("TxPower_k6k", 1)), 4);
+  }
+}
+
+TEST_F(SessionTest, AFaultAnywhereOnTheWayIsNoResult) {
+  Open("minimal.json");
+  content->Monitor().FailOnce(50);
+  EXPECT_THROW(session->ConvertToForms(), TierFault);
+
+  Open("minimal.json");
+  session->ConvertToForms();
+  content->Monitor().FailOnce(4);
+  EXPECT_THROW(Edit("TxFreq_k6k", 1, "440.5"), TierFault);
+}
+
+TEST(NewPersonality, KnowsItsModelAndVersion) {
+  const auto content = NewPersonality(*ProjectSchemas(), "KE2210 Rx.0091");
+  EXPECT_EQ(CStr(content->Get("0.RadioTier")), "KE2210 Rx");
+  EXPECT_EQ(CLng(content->Get("39.Databaseversion")), 91);
+}
+
+}  // namespace
