@@ -1,0 +1,169 @@
+// What the tier costs on the largest personality, each figure beside the floor of its own run: the counters
+// are host calls a run (exact), the floor in microseconds and the ratio to it.
+
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+
+#include <chrono>
+
+#include "benchmarks/Floor.h"
+#include "workbench/AtomicFile.h"
+#include "workbench/Messengers.h"
+#include "workbench/PersonalityFile.h"
+#include "workbench/Provider.h"
+#include "workbench/Schema.h"
+#include "workbench/Session.h"
+
+extern char** environ;
+
+namespace {
+constexpr const char* kFull = SAMPLES_FOLDER "/full.json";
+
+class ConsentingMessenger final : public RecordingMessenger {
+  Button Answer(const Shown&) override { return Button::Yes; }
+};
+
+/// The largest personality, as it comes from its file.
+const Provider& FullPersonality() {
+  static const auto provider = [] {
+    const auto schemas = SchemaFiles::Read(SCHEMA_FOLDER);
+    return PersonalityFile::Parse(kFull, AtomicFile(kFull).Read(), *schemas);
+  }();
+  return *provider;
+}
+
+HostParts Parts() {
+  return {
+      .schemas = SchemaFiles::Read(SCHEMA_FOLDER), .tierLibrary = TIER_LIBRARY, .dataFolder = DATA_FOLDER};
+}
+
+/// One open personality for all figures that leave it as it was.
+Session& OpenSession() {
+  static Session session(Parts(), FullPersonality().Copy(), std::make_shared<ConsentingMessenger>());
+  static const bool opened = (session.ConvertToForms(), true);
+  benchmark::DoNotOptimize(opened);
+  return session;
+}
+
+HostCalls CallsSince(const CallMonitor& monitor) {
+  return {monitor.Count(CallGroup::Lookup), monitor.Count(CallGroup::Read), monitor.Count(CallGroup::Write),
+          monitor.Count(CallGroup::Other)};
+}
+
+/// Runs `work` in the benchmark's loop, each run counting for `parts` of what is measured.
+template <typename Work>
+void Measure(benchmark::State& state, Provider& provider, Work work, std::int64_t parts = 1) {
+  work();  // warm
+  provider.Monitor().Clear();
+  work();
+  HostCalls calls = CallsSince(provider.Monitor());
+  for (auto* count : {&calls.lookups, &calls.reads, &calls.writes, &calls.others}) *count /= parts;
+  using Clock = std::chrono::steady_clock;
+  const auto start = Clock::now();
+  for (auto _ : state) work();
+  const std::chrono::duration<double, std::micro> taken = Clock::now() - start;
+  const double microseconds = taken.count() / static_cast<double>(state.iterations() * parts);
+  const double floor = FloorMicroseconds(calls);
+  state.counters["us"] = microseconds;
+  state.counters["host_calls"] = static_cast<double>(calls.All());
+  state.counters["floor_us"] = floor;
+  state.counters["ratio"] = microseconds / floor;
+}
+
+void Require(Session& session, const Status& status) { session.Host().Require(status); }
+
+/// The rule of one field on a channel in the middle, with a value that changes nothing.
+void FieldRule(benchmark::State& state, const char* uiid) {
+  Session& session = OpenSession();
+  constexpr RecordNr kChannel = 50;
+  const Variant value = session.Content().Get(uiid, kChannel);
+  Measure(state, session.Content(), [&] {
+    Variant edited = value;
+    Boolean accepted = kFalse;
+    Require(session, session.Host().Validator().ValidateByUIID(uiid, edited, kChannel, accepted));
+    benchmark::DoNotOptimize(accepted);
+  });
+}
+BENCHMARK_CAPTURE(FieldRule, TxPower, "TxPower_k6k");
+BENCHMARK_CAPTURE(FieldRule, RxFrequency, "RxFreq_k6k");
+BENCHMARK_CAPTURE(FieldRule, WithoutRule, "NoiseBlanker_k6k");
+
+/// Every field of the channel table that has a conversion, from the form and back to it: all channels in one
+/// run, behind one clearing of the tone tables, as a save does it. Figures are for one channel.
+void ChannelRecordBothWays(benchmark::State& state) {
+  Session& session = OpenSession();
+  Provider& content = session.Content();
+  const auto provider = content.Copy();
+  session.Host().UseStore(provider);
+  std::vector<std::string> fieldIds;
+  for (const SchemaField* field : provider->GetSchema().FieldsInWritingOrder()) {
+    if (field->table == 5) fieldIds.push_back(field->id);
+  }
+  const RecordNr channels = provider->Count(5);
+  IproviderOwner& owner = session.Host().Owner();
+  Boolean converted = kFalse;
+  Measure(
+      state, *provider,
+      [&] {
+        Require(session, owner.TransformFromUI(provider, "50.CTCSSfreq", 1, converted));
+        for (RecordNr channel = 1; channel <= channels; ++channel) {
+          for (const auto& fieldId : fieldIds) {
+            Require(session, owner.TransformFromUI(provider, fieldId, channel, converted));
+            Require(session, owner.TransformToUI(provider, fieldId, channel, converted));
+          }
+        }
+      },
+      channels);
+}
+BENCHMARK(ChannelRecordBothWays)->Unit(benchmark::kMillisecond);
+
+/// Post-read processing and every conversion to the forms; without the file.
+void Opening(benchmark::State& state) {
+  Session& session = OpenSession();
+  const auto provider = FullPersonality().Copy();
+  Session fresh(Parts(), provider, std::make_shared<ConsentingMessenger>());
+  Measure(state, *provider, [&] { fresh.ConvertToForms(); });
+  benchmark::DoNotOptimize(&session);
+}
+BENCHMARK(Opening)->Unit(benchmark::kMillisecond);
+
+/// Every conversion from the forms, on a copy.
+void Saving(benchmark::State& state) {
+  Session& session = OpenSession();
+  Measure(state, session.Content(), [&] { benchmark::DoNotOptimize(session.ConvertedToRaw()); });
+}
+BENCHMARK(Saving)->Unit(benchmark::kMillisecond);
+
+void FinalValidation(benchmark::State& state) {
+  Session& session = OpenSession();
+  Measure(state, session.Content(), [&] {
+    Boolean passed = kFalse;
+    Require(session, session.Host().Validator().RunFinalValidation(passed));
+  });
+}
+BENCHMARK(FinalValidation);
+
+/// The command line's check of the file as a process of its own; memory is its largest resident set.
+void CheckProcess(benchmark::State& state) {
+  const char* arguments[] = {WORKBENCH, "check", kFull, nullptr};
+  posix_spawn_file_actions_t silent;
+  posix_spawn_file_actions_init(&silent);
+  posix_spawn_file_actions_addopen(&silent, 1, "/dev/null", O_WRONLY, 0);
+  rusage usage{};
+  for (auto _ : state) {
+    pid_t child = 0;
+    int result = 0;
+    if (posix_spawn(&child, WORKBENCH, &silent, nullptr, const_cast<char**>(arguments), environ) != 0 ||
+        wait4(child, &result, 0, &usage) != child || !WIFEXITED(result) || WEXITSTATUS(result) > 1) {
+      state.SkipWithError("the check did not run");
+      break;
+    }
+  }
+  posix_spawn_file_actions_destroy(&silent);
+  state.counters["MiB"] = static_cast<double>(usage.ru_maxrss) / 1024;
+}
+BENCHMARK(CheckProcess)->Unit(benchmark::kMillisecond)->UseRealTime();
+}  // namespace

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/XArrayDBObject.h"
+#include "tier/LibraryObject.h"
+
+/// An array that the tier makes and the host may keep: it counts as an object of the library, whose code
+/// frees it.
+class LibraryArray final : public XArrayDBObject, private LibraryObject {};
