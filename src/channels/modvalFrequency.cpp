@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <charconv>
 #include <string>
+#include <vector>
 
 #include "channels/modvalChannels.h"
 #include "platform/Conversions.h"
@@ -43,25 +45,35 @@ bool ClearFrequency(FieldEdit& edit, const std::string& text) {
   return true;
 }
 
-bool IsOnStep(double megahertz, const std::vector<Variant>& stepsHertz) {
+/// The band's steps, "6250|5000|3125|2500".
+std::vector<std::int32_t> StepsHertz(std::string_view text) {
+  std::vector<std::int32_t> steps;
+  steps.reserve(4);
+  const char* end = text.data() + text.size();
+  for (const char* at = text.data(); at < end; ++at) {
+    at = std::from_chars(at, end, steps.emplace_back()).ptr;
+  }
+  return steps;
+}
+
+bool IsOnStep(double megahertz, const std::vector<std::int32_t>& stepsHertz) {
   const std::int32_t hertz = RoundToLong(megahertz * kHertzPerMHz);
-  return std::ranges::any_of(stepsHertz, [&](const Variant& step) { return hertz % CLng(step) == 0; });
+  return std::ranges::any_of(stepsHertz, [&](std::int32_t step) { return hertz % step == 0; });
 }
 
 /// "6.25, 5, 3.125 or 2.5".
-std::string StepsInKHz(const std::vector<Variant>& stepsHertz) {
+std::string StepsInKHz(const std::vector<std::int32_t>& stepsHertz) {
   std::string list;
   for (std::size_t i = 0; i < stepsHertz.size(); ++i) {
     if (i > 0) list += i + 1 == stepsHertz.size() ? " or " : ", ";
-    list += GeneralText(CDbl(stepsHertz[i]) / kHertzPerKHz, 15);
+    list += GeneralText(stepsHertz[i] / kHertzPerKHz, 15);
   }
   return list;
 }
 
 /// A frequency off the band's steps needs consent.
 bool IsStepAccepted(const ValidatorRef& validator, const BandLimits& band, double megahertz) {
-  using namespace modCommonGlobals;
-  const auto steps = Split2(band.Steps, "|", kNoMaximum, CompareMode::Exact, VarType::Long);
+  const auto steps = StepsHertz(band.Steps);
   if (IsOnStep(megahertz, steps)) return true;
   return AskYesNo(validator,
                   "This frequency is not a standard channel increment,i.e. not divisible by 6.25, 5, 3.125, "
@@ -79,7 +91,10 @@ bool MayTransmitOn(const ValidatorRef& validator, const std::string& text) {
 }
 
 /// An empty text counts as no frequency.
-bool IsZero(const Variant& frequency) { return CStr(frequency).empty() || CDbl(frequency) == 0; }
+bool IsZero(const Variant& frequency) {
+  const std::string text = CStr(frequency);
+  return text.empty() || CDblLocal(text) == 0;
+}
 
 bool IsNewChannel(const FieldEdit& edit) {
   const ProviderRef provider = edit.validator.CurrentProvider();
@@ -129,12 +144,12 @@ bool ValidateFrequency(FieldEdit& edit) {
   return Procedure("ValidateFrequency", true, [&] {
     if (!IsNumeric(edit.value)) return Refuse(edit.validator, "Invalid frequency format");
     const std::string text = FormatMHz(WithDecimalSymbol(Trim(CStr(edit.value))));
-    if (CSng(text) == 0) return ClearFrequency(edit, text);
+    const double megahertz = CDblLocal(text);
+    if (CSng(megahertz) == 0) return ClearFrequency(edit, text);
 
     const std::int32_t position = CLng(edit.validator.CurrentProvider().Field("Band_k6k").Value(1));
     const BandLimits& band = modBandLimits::GetBandLimitsByComboBoxPosition(position);
     const bool receives = edit.uiid == kReceive;
-    const double megahertz = CDblLocal(text);
     if (!ValidateFrequencyForSubBands(edit.validator, megahertz,
                                       receives ? band.RxSubBands : band.TxSubBands)) {
       return false;

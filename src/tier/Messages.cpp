@@ -31,6 +31,7 @@ Button AskYesNo(const ValidatorRef& validator, std::string_view message, Paramet
 }
 
 void ReloadList(const ValidatorRef& validator, std::string_view uiid) {
-  validator.CurrentProvider().RefreshField(uiid);
-  validator.Messenger().RefreshField(uiid);
+  const ProviderRef provider = validator.CurrentProvider();
+  provider.RefreshField(uiid);
+  if (provider.AutoUpdate()) validator.Messenger().RefreshField(uiid);
 }

@@ -24,5 +24,6 @@ void Notify(const ValidatorRef& validator, std::string_view message, Parameters 
 /// A question (style 68). The rule says which button counts.
 Button AskYesNo(const ValidatorRef& validator, std::string_view message, Parameters parameters = {});
 
-/// The record set behind a list field has changed: provider first, then the form.
+/// The record set behind a list field has changed: provider first, then the form, but that not while the
+/// provider's AutoUpdate is false.
 void ReloadList(const ValidatorRef& validator, std::string_view uiid);

@@ -32,14 +32,18 @@ Status cKD4410TierValidator::Guarded(Boolean& out, Rule rule) {
 Status cKD4410TierValidator::AddRecord(std::string_view gridName, std::shared_ptr<Iprovider> provider,
                                        Boolean& out) {
   return Guarded(out, [&](const ValidatorRef& validator) {
-    return modvalRecords::AddRecord(validator, modvalRecords::GridTable(gridName), ProviderRef(provider));
+    const std::int32_t table = modvalRecords::GridTable(gridName);
+    if (!modvalRecords::HasAddRule(table)) RaiseNotSupported("AddRecord");
+    return modvalRecords::AddRecord(validator, table, ProviderRef(provider));
   });
 }
 
 Status cKD4410TierValidator::DeleteRecord(std::string_view gridName, RecordNr record,
                                           std::shared_ptr<Iprovider>, Boolean& out) {
   return Guarded(out, [&](const ValidatorRef& validator) {
-    return modvalRecords::DeleteRecord(validator, modvalRecords::GridTable(gridName), record);
+    const std::int32_t table = modvalRecords::GridTable(gridName);
+    if (!modvalRecords::HasDeleteRule(table)) RaiseNotSupported("DeleteRecord");
+    return modvalRecords::DeleteRecord(validator, table, record);
   });
 }
 

@@ -43,6 +43,10 @@ constexpr struct {
     {5, modvalChannels::DeleteChannel},
 };
 
+/// Tables whose records come or go with records of other tables, by rules that the tier does not have yet.
+constexpr std::int32_t kAddRulesMissing[] = {21, 29, 64, 1115, 1119};
+constexpr std::int32_t kDeleteRulesMissing[] = {16, 21, 29, 37, 64, 80, 1119};
+
 /// The first row of the table's number, or the end.
 template <typename Rows>
 auto FindTable(const Rows& rows, std::int32_t table) {
@@ -58,6 +62,14 @@ std::int32_t GridTable(std::string_view gridName) {
   const char* end = gridName.data() + gridName.size();
   const auto [stop, problem] = std::from_chars(gridName.data(), end, table);
   return problem == std::errc() && stop == end ? table : 0;
+}
+
+bool HasAddRule(std::int32_t table) {
+  return std::ranges::find(kAddRulesMissing, table) == std::end(kAddRulesMissing);
+}
+
+bool HasDeleteRule(std::int32_t table) {
+  return std::ranges::find(kDeleteRulesMissing, table) == std::end(kDeleteRulesMissing);
 }
 
 bool AddRecord(const ValidatorRef& validator, std::int32_t table, const ProviderRef& provider) {
