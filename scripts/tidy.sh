@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
-# clang-tidy over the tier and the workbench; its checks are listed in .clang-tidy.
+# clang-tidy over the tier, or the folders given (scripts/tidy.sh src workbench); its checks are in .clang-tidy.
 set -u
 ROOT=$(cd "$(dirname "$0")/.." && pwd)
 . "$ROOT/scripts/setup.sh"
 
 install_packages "${BUILD_PACKAGES[@]}" clang-tidy || exit 2
 quietly cmake -S "$ROOT" -B "$ROOT/build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DKD4410_TESTS=OFF || exit 2
-find "$ROOT"/{src,workbench} -name '*.cpp' -print0 |
+[ $# -gt 0 ] || set -- src
+cd "$ROOT" || exit 2
+find "$@" -name '*.cpp' -print0 |
   xargs -0 -n 4 -P "$(nproc)" clang-tidy -p "$ROOT/build" --quiet --warnings-as-errors='*'

@@ -61,18 +61,20 @@ struct Edited {
   const std::string& uiid;
   EditResult result;
   bool saved = false;
+  bool IsGranted() const { return result.accepted && !result.IsLost(); }
 };
 
 void EmitEdit(const Edited& edited, const Session& session, const std::vector<Shown>& boxes,
               Workplace& workplace) {
   const EditResult& result = edited.result;
-  Json data = {{"accepted", result.accepted},
+  Json data = {{"accepted", edited.IsGranted()},
                {"saved", edited.saved},
                {"uiid", edited.uiid},
                {"fieldId", edited.field.id},
                {"label", session.LabelOf(edited.uiid)},
                {"record", edited.arguments.record},
                {"before", Report::JsonOf(result.before)},
+               {"entered", edited.arguments.value},
                {"now", Report::JsonOf(result.accepted ? result.now : result.before)}};
   if (!result.refusal.empty()) data["refusal"] = result.refusal;
   data[result.accepted ? "alsoChanged" : "writtenBeforeRefusal"] = Report::JsonOf(session, result.others);
@@ -85,7 +87,10 @@ void PrintEdit(const Edited& edited, const Session& session, std::ostream& out) 
   const std::string label = session.LabelOf(edited.uiid);
   out << label << (label == edited.uiid ? "" : " (" + edited.uiid + ")") << ", record "
       << edited.arguments.record << ": ";
-  if (result.accepted) {
+  if (result.IsLost()) {
+    out << "\"" << Report::TextOf(result.left) << "\" is no value that the radio can hold here; it keeps \""
+        << Report::TextOf(result.now) << "\"\n";
+  } else if (result.accepted) {
     out << Report::TextOf(result.before) << " -> " << Report::TextOf(result.now) << '\n';
   } else {
     out << "\"" << edited.arguments.value << "\" is refused"
@@ -95,9 +100,9 @@ void PrintEdit(const Edited& edited, const Session& session, std::ostream& out) 
     out << (result.accepted ? "Also changed:\n" : "Before it refused, the rule had written (not kept):\n");
     Report::ChangeTable(session, result.others).Print(out, 2);
   }
-  out << (edited.saved      ? "Saved.\n"
-          : result.accepted ? "Dry run: nothing is saved.\n"
-                            : "The file is as it was.\n");
+  out << (edited.saved         ? "Saved.\n"
+          : edited.IsGranted() ? "Dry run: nothing is saved.\n"
+                               : "The file is as it was.\n");
 }
 
 ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
@@ -112,7 +117,7 @@ ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
   messenger->Clear();
   Edited edited{arguments, field, uiid, session.Edit(field, uiid, arguments.record, arguments.value)};
   const std::vector<Shown> boxes = messenger->Boxes();
-  if (edited.result.accepted && !arguments.dryRun) {
+  if (edited.IsGranted() && !arguments.dryRun) {
     opened.Save();
     edited.saved = true;
   }
@@ -121,7 +126,7 @@ ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
   } else {
     PrintEdit(edited, session, workplace.Out());
   }
-  return edited.result.accepted ? ExitCode::Done : ExitCode::No;
+  return edited.IsGranted() ? ExitCode::Done : ExitCode::No;
 }
 
 void AddGet(CLI::App& app, Action& action) {

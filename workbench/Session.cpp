@@ -61,6 +61,7 @@ EditResult Session::Edit(const SchemaField& field, std::string_view uiid, Record
   Boolean accepted = kFalse;
   host_.Require(host_.Validator().ValidateByUIID(uiid, value, record, accepted));
   result.accepted = accepted != kFalse;
+  result.left = value;
   if (result.accepted) Store(field, record, std::move(value));
 
   // A rule may have changed the number of records of the field's own table.

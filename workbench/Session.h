@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/Conversions.h"
 #include "workbench/Journal.h"
 #include "workbench/TierHost.h"
 
@@ -24,8 +25,12 @@ struct EditResult {
   /// Why this host refused the value itself, without asking the tier; empty when it did not.
   std::string refusal;
   Variant before;
+  /// The value that the rule left to be stored.
+  Variant left;
   /// The value that stands in the field now.
   Variant now;
+  /// The value passed its rule, but the radio has no such value and the field reads as before.
+  bool IsLost() const { return accepted && SameValue(now, before) && !SameValue(now, left); }
   /// What else changed; after a refusal, what the rule had written before it refused.
   std::vector<Change> others;
 };

@@ -33,25 +33,18 @@ void PadToCapacity(const ProviderRef& provider, std::string_view tableId) {
 
 std::int32_t BandPosition(const ProviderRef& provider) { return CLng(provider.Field("Band_k6k").Value(1)); }
 
-/// The field called by FieldId, or by a plain name, which names its table by itself.
-FieldRef ResolveField(const ProviderRef& provider, std::string_view name, std::string& fieldId) {
-  const auto [table, field] = modCommonGlobals::SplitFieldId(name);
-  if (!table.empty()) {
-    fieldId = name;
-    return provider.Table(table).Fields().Item(field);
-  }
-  FieldRef found = provider.Field(name);
-  fieldId = std::to_string(found.TableNumber()) + "." + found.Name();
-  return found;
+/// What a plain name stands for: its table and its name there.
+std::string FieldIdOf(const FieldRef& field) {
+  return std::to_string(field.TableNumber()) + "." + field.Name();
 }
 
 /// Runs one side of the field's transformation, silently for the host's follow-up work. False for a
 /// field whose number is not in the table.
-bool Transform(std::shared_ptr<Iprovider> host, std::string_view name, RecordNr record,
+bool Transform(const ProviderRef& provider, std::string_view fieldId, RecordNr record,
                modTransformations::Routine Transformation::*side) {
-  const ProviderRef provider(std::move(host));
-  std::string fieldId;
-  const std::int32_t number = ResolveField(provider, name, fieldId).TransformId();
+  const auto [table, name] = modCommonGlobals::SplitFieldId(fieldId);
+  if (table.empty()) return Transform(provider, FieldIdOf(provider.Field(name)), record, side);
+  const std::int32_t number = provider.Table(table).Fields().Item(name).TransformId();
   const Transformation* transformation = modTransformations::Find(number, fieldId);
   if (transformation == nullptr) return false;
   const ScopedAutoUpdate silent(provider, false);
@@ -118,7 +111,7 @@ Status clsKD4410ProvOwn::TransformFromUI(std::shared_ptr<Iprovider> provider, st
                                          RecordNr record, Boolean& out) {
   return Border([&] {
     out = ToBoolean(Procedure("TransformFromUI", true, [&] {
-      return Transform(std::move(provider), fieldId, record, &Transformation::fromUI);
+      return Transform(ProviderRef(provider), fieldId, record, &Transformation::fromUI);
     }));
   });
 }
@@ -127,7 +120,7 @@ Status clsKD4410ProvOwn::TransformToUI(std::shared_ptr<Iprovider> provider, std:
                                        RecordNr record, Boolean& out) {
   return Border([&] {
     out = ToBoolean(Procedure("TransformToUI", true, [&] {
-      return Transform(std::move(provider), fieldId, record, &Transformation::toUI);
+      return Transform(ProviderRef(provider), fieldId, record, &Transformation::toUI);
     }));
   });
 }
