@@ -1,4 +1,5 @@
 #include "workbench/Schema.h"
+#include "platform/CaseText.h"
 
 #include <algorithm>
 #include <utility>
@@ -27,7 +28,7 @@ void Schema::AddNames() {
     for (const std::string& uiid : field.uiids) fieldByName_.emplace(uiid, &field);
   }
   // What is bound stands; only the other names can be ambiguous.
-  std::unordered_map<std::string_view, const SchemaField*, FieldNameHash, FieldNameEqual> ownNames;
+  std::unordered_map<std::string_view, const SchemaField*, NameHash, NameEqual> ownNames;
   ownNames.reserve(fields_.size());
   for (const SchemaField& field : fields_) {
     const auto [entry, isNew] = ownNames.emplace(field.Name(), &field);

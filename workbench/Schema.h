@@ -9,9 +9,9 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/CaseText.h"
 #include "platform/Types.h"
 #include "platform/Variant.h"
-#include "workbench/FieldNames.h"
 
 class TabbedFile;
 
@@ -118,7 +118,7 @@ class Schema {
   std::vector<const SchemaField*> writingOrder_;
   std::unordered_map<std::int32_t, std::size_t> tableByNumber_;
   /// Keys are views of texts in `fields_`; null marks an ambiguous name.
-  std::unordered_map<std::string_view, const SchemaField*, FieldNameHash, FieldNameEqual> fieldByName_;
+  std::unordered_map<std::string_view, const SchemaField*, NameHash, NameEqual> fieldByName_;
 };
 
 /// The schema files of all versions: tables.tsv and fields.tsv of one folder.

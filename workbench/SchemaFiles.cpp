@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "platform/System.h"
 #include "platform/XArrayDBObject.h"
@@ -220,8 +221,7 @@ bool SchemaFiles::HasTableFor(const FieldRow& row) const {
 }
 
 void SchemaFiles::CheckNames() const {
-  std::unordered_map<std::string_view, std::vector<const FieldRow*>, FieldNameHash, FieldNameEqual>
-      rowsOfName;
+  std::unordered_map<std::string_view, std::vector<const FieldRow*>, NameHash, NameEqual> rowsOfName;
   const auto check = [&](std::string_view name, const FieldRow& row) {
     auto& rows = rowsOfName[name];
     for (const FieldRow* other : rows) {

@@ -142,8 +142,9 @@ std::string RangeList(std::span<const SubBand> subBands) {
 
 bool ValidateFrequency(FieldEdit& edit) {
   return Procedure("ValidateFrequency", true, [&] {
-    if (!IsNumeric(edit.value)) return Refuse(edit.validator, "Invalid frequency format");
-    const std::string text = FormatMHz(WithDecimalSymbol(Trim(CStr(edit.value))));
+    const std::string typed = CStr(edit.value);
+    if (!IsNumericText(typed)) return Refuse(edit.validator, "Invalid frequency format");
+    const std::string text = FormatMHz(WithDecimalSymbol(Trim(typed)));
     const double megahertz = CDblLocal(text);
     if (CSng(megahertz) == 0) return ClearFrequency(edit, text);
 

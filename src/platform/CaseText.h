@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -41,19 +42,38 @@ inline std::string UpperCase(std::string_view text) {
   return upper;
 }
 
-/// Transparent hash and comparison, so that a look-up by name folds no case into a new string.
+/// Hash of a name, whatever its case, eight bytes at a time: the tier looks fields up by name more often than
+/// it does anything else, and a hash byte by byte takes longer than the rest of the look-up. With NameEqual a
+/// look-up folds no case into a new string.
 struct NameHash {
   using is_transparent = void;
-  constexpr std::size_t operator()(std::string_view name) const {
-    std::uint64_t hash = 1469598103934665603ULL;
-    for (const char c : name) {
-      hash = (hash ^ static_cast<unsigned char>(UpperChar(c))) * 1099511628211ULL;
-    }
-    return static_cast<std::size_t>(hash);
+  /// Not noexcept: so a map keeps the hash of each entry instead of taking it anew along its chains.
+  std::size_t operator()(std::string_view name) const {
+    std::uint64_t hash = name.size();
+    for (; name.size() >= kWord; name.remove_prefix(kWord)) hash = Mix(hash, Load(name.data()));
+    std::uint64_t rest = 0;
+    for (const char c : name) rest = rest << 8 | static_cast<unsigned char>(c);
+    return static_cast<std::size_t>(Mix(hash, rest & kFold));
+  }
+
+ private:
+  static constexpr std::size_t kWord = sizeof(std::uint64_t);
+  static constexpr std::uint64_t kFold = 0xDFDFDFDFDFDFDFDF;  // a-z to A-Z; folding other signs does no harm
+
+  static std::uint64_t Load(const char* text) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, text, kWord);
+    return word & kFold;
+  }
+
+  static std::uint64_t Mix(std::uint64_t hash, std::uint64_t word) {
+    hash = (hash ^ word) * 0x9E3779B97F4A7C15;
+    return hash ^ (hash >> 32);
   }
 };
 
+/// Most callers spell a name as it was given.
 struct NameEqual {
   using is_transparent = void;
-  constexpr bool operator()(std::string_view a, std::string_view b) const { return EqualsIgnoringCase(a, b); }
+  bool operator()(std::string_view a, std::string_view b) const { return a == b || EqualsIgnoringCase(a, b); }
 };
