@@ -39,7 +39,10 @@ std::optional<ExitCode> Parse(CLI::App& app, std::vector<std::string> words, Wor
     app.exit(help, workplace.Out(), std::cerr);
     return ExitCode::Done;
   } catch (const CLI::ParseError& error) {
-    std::cerr << prefix << error.what() << "\nSee kd4410 --help.\n";
+    const auto unknown = app.remaining();
+    const bool noCommand = app.get_subcommands().empty() && !unknown.empty();
+    std::cerr << prefix << (noCommand ? "there is no command " + unknown.front() : error.what())
+              << "\nSee kd4410 --help.\n";
     return ExitCode::CouldNot;
   }
 }
