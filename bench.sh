@@ -6,5 +6,5 @@ ROOT=$(cd "$(dirname "$0")" && pwd)
 . "$ROOT/scripts/setup.sh"
 
 install_packages "${BUILD_PACKAGES[@]}" libbenchmark-dev || exit 2
-build "$ROOT/build-bench" -DCMAKE_BUILD_TYPE=Release -DKD4410_TESTS=OFF -DKD4410_BENCHMARKS=ON || exit 2
-"$ROOT/build-bench/benchmarks/kd4410_bench" "$@"
+build "$ROOT/build" -DCMAKE_BUILD_TYPE=Release -DKD4410_TESTS=OFF -DKD4410_BENCHMARKS=ON || exit 2
+"$ROOT/build/benchmarks/kd4410_bench" "$@"
