@@ -9,4 +9,5 @@ quietly cmake -S "$ROOT" -B "$ROOT/build" -G Ninja -DCMAKE_BUILD_TYPE=Release -D
 [ $# -gt 0 ] || set -- src
 cd "$ROOT" || exit 2
 find "$@" -name '*.cpp' -print0 |
-  xargs -0 -n 4 -P "$(nproc)" clang-tidy -p "$ROOT/build" --quiet --warnings-as-errors='*'
+  xargs -0 -n 4 -P "$(nproc)" clang-tidy -p "$ROOT/build" --quiet --warnings-as-errors='*' \
+    2> >(grep -v 'warnings generated' >&2)

@@ -80,7 +80,7 @@ void Session::Store(const SchemaField& field, RecordNr record, Variant value) {
 }
 
 std::shared_ptr<Provider> Session::ConvertedToRaw() {
-  const std::shared_ptr<Provider> copy = provider_->Copy();
+  std::shared_ptr<Provider> copy = provider_->Copy();
   host_.UseStore(copy);
   host_.Require(copy->SetAutoUpdate(kTrue));
   for (const SchemaField* field : copy->GetSchema().FieldsInWritingOrder()) {
@@ -119,7 +119,7 @@ void Session::ConvertToRaw(const std::shared_ptr<Provider>& provider, const Sche
 }
 
 std::shared_ptr<Provider> NewPersonality(const SchemaFiles& schemas, std::string_view version) {
-  const auto provider = std::make_shared<Provider>(schemas.At(version));
+  auto provider = std::make_shared<Provider>(schemas.At(version));
   const Schema& schema = provider->GetSchema();
   const auto fill = [&](std::string_view name, Variant value) {
     const SchemaField* field = schema.Find(name);

@@ -116,7 +116,7 @@ std::string FindTierLibrary(const std::string& chosen) {
 }
 
 std::string FindDataFolder(const std::string& chosen) {
-  const std::string folder = chosen.empty() ? InstalledFolder() : chosen;
+  std::string folder = chosen.empty() ? InstalledFolder() : chosen;
   std::error_code problem;
   if (!std::filesystem::is_directory(folder, problem)) {
     throw FileError(folder, 0, "data folder", "no such folder");
