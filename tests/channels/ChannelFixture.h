@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -10,23 +9,18 @@
 #include "platform/Locale.h"
 #include "tests/support/TierFixture.h"
 
-/// The boxes of the tier as one line each: style, title, template, parameters.
-inline std::string Box(std::int32_t style, std::string_view title, std::string_view text,
-                       std::string_view parameters = {}) {
-  return std::to_string(style).append("|").append(title).append("|").append(text).append("|").append(
-      parameters);
+/// A box of the tier as one line: style, title, template, parameters.
+inline std::string Box(int style, std::string_view title, std::string_view text, std::string_view fill = {}) {
+  return std::to_string(style).append("|").append(title).append("|").append(text).append("|").append(fill);
 }
-inline std::string ErrorBox(std::string_view text, std::string_view parameters = {}) {
-  return Box(48, "Caption Error", text, parameters);
+inline std::string ErrorBox(std::string_view text, std::string_view fill = {}) {
+  return Box(48, "Caption Error", text, fill);
 }
-inline std::string WarningBox(std::string_view text, std::string_view parameters = {}) {
-  return Box(48, "Caption Warning", text, parameters);
+inline std::string NoticeBox(std::string_view text, std::string_view fill = {}) {
+  return Box(64, "Caption Warning", text, fill);
 }
-inline std::string NoticeBox(std::string_view text, std::string_view parameters = {}) {
-  return Box(64, "Caption Warning", text, parameters);
-}
-inline std::string QuestionBox(std::string_view text, std::string_view parameters = {}) {
-  return Box(68, "Caption Warning", text, parameters);
+inline std::string QuestionBox(std::string_view text, std::string_view fill = {}) {
+  return Box(68, "Caption Warning", text, fill);
 }
 
 inline constexpr std::string_view kMaritimeNotice =
@@ -42,20 +36,11 @@ inline constexpr std::string_view kDistressError =
 struct DecimalComma {
   DecimalComma() { SetDecimalSymbol(','); }
   ~DecimalComma() { SetDecimalSymbol('\0'); }
-  DecimalComma(const DecimalComma&) = delete;
-  DecimalComma& operator=(const DecimalComma&) = delete;
 };
 
-/// Gives every question the same button, also one that its box does not show: a box that was closed.
-class OneButtonMessenger final : public RecordingMessenger {
- public:
-  explicit OneButtonMessenger(Button button) : button_(button) {}
-
- protected:
-  Button Answer(const Shown&) override { return button_; }
-
- private:
-  Button button_;
+/// Closes every box without one of its buttons.
+class ClosingMessenger final : public RecordingMessenger {
+  Button Answer(const Shown&) override { return Button::Cancel; }
 };
 
 /// A personality whose channels, networks and references a test fills in.
@@ -64,27 +49,47 @@ class ChannelFixture : public TierFixture {
   std::string Text(std::string_view name, RecordNr record = 1) const {
     return CStr(provider.Get(name, record));
   }
-  std::vector<std::string> Column(std::string_view name) const {
-    std::vector<std::string> texts;
+  /// The field in all records, a space between them.
+  std::string Column(std::string_view name) const {
+    std::string texts = Text(name);
     const RecordNr count = provider.Count(provider.FieldOf(name).table);
-    for (RecordNr record = 1; record <= count; ++record) texts.push_back(Text(name, record));
+    for (RecordNr record = 2; record <= count; ++record) texts += " " + Text(name, record);
     return texts;
   }
-
-  static std::vector<std::string> BoxesOf(const RecordingMessenger& shown) {
+  std::string Row(std::initializer_list<const char*> names) const {
+    std::string texts;
+    for (const char* name : names) texts += (texts.empty() ? "" : " ") + Text(name);
+    return texts;
+  }
+  /// The controls that were refreshed, in order.
+  std::string Refreshed() const {
+    std::string uiids;
+    for (const std::string& uiid : messenger.Refreshed()) uiids += (uiids.empty() ? "" : " ") + uiid;
+    return uiids;
+  }
+  /// The form's field after the radio's value went to it.
+  std::string OnForm(const char* raw, const Variant& value, const char* form, RecordNr record = 1) {
+    provider.Set(raw, record, value);
+    EXPECT_TRUE(ToUI(form, record));
+    return Text(form, record);
+  }
+  /// The radio's field after the form's value went to it.
+  std::string InRadio(const char* form, const Variant& value, const char* raw, RecordNr record = 1) {
+    provider.Set(form, record, value);
+    EXPECT_TRUE(FromUI(form, record));
+    return Text(raw, record);
+  }
+  std::vector<std::string> Boxes() const {
     std::vector<std::string> boxes;
-    for (const Shown& box : shown.Boxes()) {
+    for (const Shown& box : messenger.Boxes()) {
       boxes.push_back(Box(box.style, box.title, box.unfilled, box.parameters));
     }
     return boxes;
   }
-  std::vector<std::string> Boxes() const { return BoxesOf(messenger); }
   /// The controls that were switched, in order: "+UIID" on, "-UIID" off.
-  std::vector<std::string> Switched() const {
-    std::vector<std::string> controls;
-    for (const auto& state : messenger.EnabledStates()) {
-      controls.push_back((state.enabled ? "+" : "-") + state.uiid);
-    }
+  std::string Switched() const {
+    std::string controls;
+    for (const auto& [uiid, on] : messenger.EnabledStates()) controls += (on ? "+" : "-") + uiid;
     return controls;
   }
   /// The boxes that did not go through the messenger.
@@ -102,31 +107,34 @@ class ChannelFixture : public TierFixture {
     messenger.SetMonitor(monitor);
     monitor->Record(true);
   }
-  /// What the tier did since, without its reading.
-  std::vector<std::string> Trail() const {
-    std::vector<std::string> trail;
-    for (const std::string& call : provider.Monitor().Calls()) {
-      const bool isDeed = call.starts_with("Imessenger.") || call.starts_with("Ifield.SetValue") ||
-                          call.starts_with("Iprovider.RefreshField") ||
-                          call.starts_with("Iprovider.ClearTable") || call.starts_with("Itable.Append");
-      constexpr std::string_view kBox = "Imessenger.ShowMessage";
-      if (isDeed) trail.push_back(call.starts_with(kBox) ? std::string(kBox) : call);
+  /// What the tier wrote and showed since, in order.
+  std::string Trail() const {
+    constexpr std::pair<std::string_view, const char*> kDeeds[] = {
+        {"Imessenger.ShowMessage", " box"},          {"Ifield.SetValue ", " "},
+        {"Imessenger.SetFieldEnabled ", " enable:"}, {"Imessenger.RefreshField ", " refresh:"},
+        {"Iprovider.RefreshField ", " reload:"},     {"Iprovider.ClearTable ", " clear:"}};
+    std::string trail;
+    for (const std::string_view call : provider.Monitor().Calls()) {
+      for (const auto& [start, word] : kDeeds) {
+        if (!call.starts_with(start)) continue;
+        trail += word;
+        if (start.ends_with(' ')) trail += call.substr(start.size());
+      }
     }
-    return trail;
+    return trail.substr(trail.empty() ? 0 : 1);
   }
 
-  /// The tier starts anew with a messenger that always gives this button.
-  std::shared_ptr<OneButtonMessenger> AlwaysAnswer(Button button) {
-    const auto answering = std::make_shared<OneButtonMessenger>(button);
+  /// The tier starts anew with a user who closes every box.
+  void CloseEveryBox() {
     Boolean initialised = kFalse;
-    EXPECT_TRUE(Tier()->Initialize("KD4410", validatorHost, answering, Variant(), initialised).Ok());
+    const auto closing = std::make_shared<ClosingMessenger>();
+    EXPECT_TRUE(Tier()->Initialize("KD4410", validatorHost, closing, Variant(), initialised).Ok());
     EXPECT_EQ(initialised, kTrue);
-    return answering;
   }
 
-  bool Delete(RecordNr channel) {
+  bool Delete(RecordNr channel, std::string_view grid = "Channels6000") {
     Boolean result = kFalse;
-    EXPECT_TRUE(Validator()->DeleteRecord("Channels6000", channel, sharedProvider, result).Ok());
+    EXPECT_TRUE(Validator()->DeleteRecord(grid, channel, sharedProvider, result).Ok());
     return result != kFalse;
   }
   bool FinalValidation() {
@@ -141,14 +149,14 @@ class ChannelFixture : public TierFixture {
   }
 
   /// Network record n has the number n and the n-th type; each type's systems are 4 (record 1) and 9.
-  void GiveNetworks(const std::vector<std::int32_t>& types, std::string_view identity = "4") {
+  void GiveNetworks(const std::vector<std::int32_t>& types) {
     const auto count = static_cast<RecordNr>(types.size());
     for (const std::int32_t table : {21, 53, 75}) provider.SetCount(table, count);
     for (RecordNr network = 1; network <= count; ++network) {
       provider.Set("21.NetworkIDTracker", network, network);
       provider.Set("21.NetworkPointer", network, network);
       provider.Set("21.SignallingType", network, types[static_cast<std::size_t>(network - 1)]);
-      provider.Set("21.NetworkSignallingID", network, identity);
+      provider.Set("21.NetworkSignallingID", network, "4");
     }
     provider.Fill("29.SignalSystemId", {4, 9});
     provider.Fill("64.DTMFNetworkSigSystemID", {4, 9});

@@ -7,21 +7,18 @@
 
 #include "host/IhostServices.h"
 
-/// Database versions and a platform as a test describes them. The test owns all of them: what they hand out
-/// owns nothing. `calls` of the services is the common log.
+/// A database version as a test describes it. The test owns it: what it hands out owns nothing.
 class FakeVersion final : public IprovInfo {
  public:
   explicit FakeVersion(std::string newKey = {}, std::string newBaseKey = {})
       : key(std::move(newKey)), baseKey(std::move(newBaseKey)), displayText("text of " + key) {}
+  std::shared_ptr<IprovInfo> Handle() { return {std::shared_ptr<void>(), this}; }
 
   Status DisplayText(std::string& out) override { return Give(displayText, out); }
   Status ShowInMenu(Boolean& out) override { return Give(ToBoolean(inMenu), out); }
   Status Key(std::string& out) override { return Give(key, out); }
   Status BaseKey(std::string& out) override { return Give(baseKey, out); }
-  Status Provider(std::shared_ptr<Iprovider>& out) override {
-    ++providerCalls;
-    return Give(provider, out);
-  }
+  Status Provider(std::shared_ptr<Iprovider>& out) override { return Give(provider, out); }
   Status Siblings(std::vector<std::shared_ptr<IprovInfo>>& out) override {
     ++siblingCalls;
     out.clear();
@@ -36,32 +33,26 @@ class FakeVersion final : public IprovInfo {
     return Give(kFalse, out);  // what counts is what was filled
   }
 
-  std::shared_ptr<IprovInfo> Handle() { return {std::shared_ptr<void>(), this}; }
-
   std::string key, baseKey, displayText, current;
   bool inMenu = true;
   std::vector<FakeVersion*> siblings;
   std::shared_ptr<Iprovider> provider;
   std::optional<Fault> loadFault;
-  int providerCalls = 0;
   int siblingCalls = 0;
   std::vector<std::string> loaded;
 
  private:
   template <typename Value>
-  Status Give(const Value& value, Value& out) {
+  static Status Give(const Value& value, Value& out) {
     out = value;
     return {};
   }
 };
 
+/// The platform of a test, which owns it too. A box is its style, title and text in one line.
 class FakeServices final : public IhostServices {
  public:
-  struct Box {
-    std::string text;
-    std::int32_t style;
-    std::string title;
-  };
+  std::shared_ptr<IhostServices> Handle() { return {std::shared_ptr<void>(), this}; }
 
   Status CreateProvInfo(std::shared_ptr<IprovInfo>& out) override {
     calls.push_back("CreateProvInfo");
@@ -71,7 +62,7 @@ class FakeServices final : public IhostServices {
   Status ShowMessageBox(std::string_view text, std::int32_t style, std::string_view title,
                         std::int32_t& out) override {
     calls.push_back("ShowMessageBox");
-    boxes.push_back({std::string(text), style, std::string(title)});
+    boxes.push_back(std::to_string(style).append("|").append(title).append("|").append(text));
     out = 1;
     return showsBoxes ? Status() : Status(5, "FakeServices", "no screen");
   }
@@ -85,12 +76,9 @@ class FakeServices final : public IhostServices {
     return {};
   }
 
-  std::shared_ptr<IhostServices> Handle() { return {std::shared_ptr<void>(), this}; }
-
   std::vector<FakeVersion*> versions;  ///< created one after the other
   std::size_t created = 0;
   std::string folder;
   bool showsBoxes = true;
-  std::vector<Box> boxes;
-  std::vector<std::string> calls;
+  std::vector<std::string> boxes, calls;
 };

@@ -1,11 +1,8 @@
 #pragma once
 
-#include <gtest/gtest.h>
+#include <dlfcn.h>
 
-#include <filesystem>
 #include <memory>
-#include <string>
-#include <string_view>
 
 #include "host/TierLibrary.h"
 #include "tests/support/Temporary.h"
@@ -14,24 +11,39 @@
 /// it lets go of all objects first.
 class FreshLibrary {
  public:
-  FreshLibrary();
-  ~FreshLibrary();
+  FreshLibrary() {
+    std::filesystem::copy_file(TIER_LIBRARY, folder_.PathOf("tier.so"));
+    handle_ = ::dlopen(Path().c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (handle_ == nullptr) throw std::runtime_error(::dlerror());
+  }
+  ~FreshLibrary() {
+    SetServices(nullptr);
+    EXPECT_TRUE(CanUnloadNow()) << "an object outlives its library";
+    ::dlclose(handle_);
+  }
   FreshLibrary(const FreshLibrary&) = delete;
   FreshLibrary& operator=(const FreshLibrary&) = delete;
 
-  std::string Path() const { return std::filesystem::canonical(folder_.PathOf("tier.so")).string(); }
-  void* Symbol(const char* name) const;
+  std::string Path() const { return std::filesystem::canonical(folder_.PathOf("tier.so")); }
   template <typename Function>
   Function EntryPoint(const char* name) const {
-    return reinterpret_cast<Function>(Symbol(name));
+    return reinterpret_cast<Function>(::dlsym(handle_, name));
   }
-
   /// Null for a class that the library does not have.
-  std::shared_ptr<IclassFactory> Factory(std::string_view className = "clsKD4410Tier") const;
-  void SetServices(std::shared_ptr<IhostServices> services) const;
+  std::shared_ptr<IclassFactory> Factory(std::string_view className = "clsKD4410Tier") const {
+    std::shared_ptr<IclassFactory> factory;
+    EntryPoint<DllGetClassObjectFunction>("DllGetClassObject")(className, factory);
+    return factory;
+  }
+  void SetServices(std::shared_ptr<IhostServices> services) const {
+    EXPECT_TRUE(Factory()->SetHostServices(std::move(services)).Ok());
+  }
   bool CanUnloadNow() const { return EntryPoint<DllCanUnloadNowFunction>("DllCanUnloadNow")() == 0; }
-  std::shared_ptr<Itier> CreateTier() const;
-  std::shared_ptr<ItierUserInterface> CreateUserInterface() const;
+  std::shared_ptr<Itier> CreateTier() const {
+    std::shared_ptr<Itier> tier;
+    EXPECT_TRUE(Factory()->CreateTier(tier).Ok());
+    return tier;
+  }
 
  private:
   TemporaryFolder folder_;

@@ -13,13 +13,6 @@ Out Ask(Object& object, Operation operation, Args&&... args) {
   return out;
 }
 
-template <typename Child, typename Operation>
-std::shared_ptr<Child> ChildOf(const std::shared_ptr<Itier>& tier, Operation operation) {
-  auto child = Ask<std::shared_ptr<Child>>(*tier, operation);
-  EXPECT_NE(child, nullptr);
-  return child;
-}
-
 /// A box is kept and shown to nobody.
 std::int32_t AnswerOk(const ApplicationServices::Box&) { return static_cast<std::int32_t>(Button::Ok); }
 
@@ -45,10 +38,8 @@ TierFixture::TierFixture(std::string_view version)
 
 void TierFixture::SetUp() {
   const auto factory = TierFactory();
-  ASSERT_NE(factory, nullptr);
   ASSERT_TRUE(factory->SetHostServices(services).Ok());
   ASSERT_TRUE(factory->CreateTier(tier_).Ok());
-  ASSERT_NE(tier_, nullptr);
   const auto initialised = Ask<Boolean>(*tier_, &Itier::Initialize, provider.GetSchema().Model(),
                                         validatorHost, sharedMessenger, Variant());
   ASSERT_EQ(initialised, kTrue) << testing::PrintToString(services->BoxTexts());
@@ -56,16 +47,12 @@ void TierFixture::SetUp() {
 }
 
 void TierFixture::TearDown() {
-  if (tier_ != nullptr) {
-    EXPECT_TRUE(tier_->Terminate().Ok());
-  }
+  EXPECT_TRUE(tier_ == nullptr || tier_->Terminate().Ok());
   tier_.reset();
   EXPECT_TRUE(TierFactory()->SetHostServices(nullptr).Ok());
   EXPECT_THAT(messenger.Unscripted(), testing::IsEmpty()) << "questions without an answer in the script";
   EXPECT_EQ(messenger.AnswersLeft(), 0U) << "answers that no question asked for";
-  if (!expectsTermination_) {
-    EXPECT_EQ(Terminations(), 0) << testing::PrintToString(services->BoxTexts());
-  }
+  EXPECT_TRUE(expectsTermination_ || Terminations() == 0) << testing::PrintToString(services->BoxTexts());
 }
 
 bool TierFixture::Validate(std::string_view uiid, Variant value, RecordNr record) {
@@ -88,17 +75,9 @@ bool TierFixture::FromUI(std::string_view fieldId, RecordNr record) {
 }
 
 std::shared_ptr<ItierValidator> TierFixture::Validator() const {
-  return ChildOf<ItierValidator>(tier_, &Itier::Validator);
+  return Ask<std::shared_ptr<ItierValidator>>(*tier_, &Itier::Validator);
 }
 
 std::shared_ptr<IproviderOwner> TierFixture::ProviderOwner() const {
-  return ChildOf<IproviderOwner>(tier_, &Itier::ProviderOwner);
-}
-
-std::shared_ptr<ItierUserInterface> TierFixture::UserInterface() const {
-  return ChildOf<ItierUserInterface>(tier_, &Itier::UserInterface);
-}
-
-std::shared_ptr<ItierSchema> TierFixture::TierSchema() const {
-  return ChildOf<ItierSchema>(tier_, &Itier::Schema);
+  return Ask<std::shared_ptr<IproviderOwner>>(*tier_, &Itier::ProviderOwner);
 }

@@ -38,8 +38,6 @@ class TierFixture : public testing::Test {
   std::shared_ptr<Itier> Tier() const { return tier_; }
   std::shared_ptr<ItierValidator> Validator() const;
   std::shared_ptr<IproviderOwner> ProviderOwner() const;
-  std::shared_ptr<ItierUserInterface> UserInterface() const;
-  std::shared_ptr<ItierSchema> TierSchema() const;
 
   const std::shared_ptr<Provider> sharedProvider;
   Provider& provider;

@@ -1,6 +1,6 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <bit>
 #include <numeric>
 #include <vector>
@@ -13,13 +13,10 @@ namespace {
 /// table plus 1; the two entries of the destructor come first.
 template <typename Operation>
 std::size_t PlaceOf(Operation operation) {
-  struct Words {
-    std::size_t function, adjustment;
-  };
   constexpr std::size_t kDestructors = 2;
-  const Words words = std::bit_cast<Words>(operation);
-  EXPECT_EQ(words.function % sizeof(void*), 1U) << "not virtual";
-  return words.function / sizeof(void*) - kDestructors;
+  const auto words = std::bit_cast<std::array<std::size_t, 2>>(operation);
+  EXPECT_EQ(words[0] % sizeof(void*), 1U) << "not virtual";
+  return words[0] / sizeof(void*) - kDestructors;
 }
 
 /// Takes the first place behind all operations of the interface.
@@ -37,39 +34,34 @@ void ExpectOrder(Operations... operations) {
 }
 
 TEST(BorderOrder, OfTheInterfacesOfTheTier) {
-  ExpectOrder<Itier>(&Itier::Activate, &Itier::CurrentProvInfo, &Itier::CurrentProvider,
-                     &Itier::ProviderOwner, &Itier::Schema, &Itier::Terminator, &Itier::UserInterface,
-                     &Itier::Validator, &Itier::Initialize, &Itier::Terminate, &Itier::TierKey,
-                     &Itier::SetTierKey, &Itier::SetTierName, &Itier::TierName, &Itier::Messenger,
-                     &Itier::InitializeAsDelegate);
+  using T = Itier;
+  ExpectOrder<T>(&T::Activate, &T::CurrentProvInfo, &T::CurrentProvider, &T::ProviderOwner, &T::Schema,
+                 &T::Terminator, &T::UserInterface, &T::Validator, &T::Initialize, &T::Terminate, &T::TierKey,
+                 &T::SetTierKey, &T::SetTierName, &T::TierName, &T::Messenger, &T::InitializeAsDelegate);
   ExpectOrder<Iterminator>(&Iterminator::TerminateApplication);
-  ExpectOrder<ItierSchema>(&ItierSchema::TierMenuList, &ItierSchema::TierList,
-                           &ItierSchema::GetDBVersionPathForTier,
-                           &ItierSchema::GetDBVersionPathForTierAndVersion,
-                           &ItierSchema::GetLatestTierForTierNameAndVersion, &ItierSchema::Initialize);
-  ExpectOrder<IcolProvInfo>(&IcolProvInfo::Add, &IcolProvInfo::Item, &IcolProvInfo::Count,
-                            &IcolProvInfo::Remove, &IcolProvInfo::NewEnum, &IcolProvInfo::Exists);
-  using UI = ItierUserInterface;
-  ExpectOrder<UI>(&UI::GetATGridIDByUIID, &UI::GetCustAccessLevelByUIID, &UI::InitialiseUserInterface,
-                  &UI::GetNavLabelByUIID, &UI::GetHelpIdByUIID, &UI::GetUIWidthByUIID, &UI::GetLabelByUIID,
-                  &UI::GetUnitsByUIID, &UI::GetFactoryVisible, &UI::GetCustVisInFact,
-                  &UI::GetDecimalSymbolByUIID);
-  using Owner = IproviderOwner;
-  ExpectOrder<Owner>(&Owner::BackwardsCompatibility, &Owner::PostReadProcessing, &Owner::PreWriteProcessing,
-                     &Owner::PostAddProcessing, &Owner::PostInsertProcessing, &Owner::GetComboItemsByUIID,
-                     &Owner::TransformFromUI, &Owner::TransformToUI, &Owner::GetFrequencyRanges,
-                     &Owner::GetBands, &Owner::GetBandDesc, &Owner::Initialize,
-                     &Owner::GetCurrentFrequencyRanges, &Owner::PostDeleteProcessing);
-  using Rules = ItierValidator;
-  ExpectOrder<Rules>(&Rules::AddRecord, &Rules::DeleteRecord, &Rules::ExecuteByTriggerID,
-                     &Rules::FormValidationByFormName, &Rules::GetEnabledStatebyUIID,
-                     &Rules::PermissionToOpenFormByFormName, &Rules::RunPreProgramValidation,
-                     &Rules::RunFinalValidation, &Rules::ValidateByUIID, &Rules::ExitFocusByUIID,
-                     &Rules::EnterFocusByUIID, &Rules::Validator, &Rules::SetValidator, &Rules::Initialize);
-  using Factory = IclassFactory;
-  ExpectOrder<Factory>(&Factory::SetHostServices, &Factory::CreateTier, &Factory::CreateSchema,
-                       &Factory::CreateUserInterface, &Factory::CreateProviderOwner,
-                       &Factory::CreateValidator);
+  using S = ItierSchema;
+  ExpectOrder<S>(&S::TierMenuList, &S::TierList, &S::GetDBVersionPathForTier,
+                 &S::GetDBVersionPathForTierAndVersion, &S::GetLatestTierForTierNameAndVersion,
+                 &S::Initialize);
+  using L = IcolProvInfo;
+  ExpectOrder<L>(&L::Add, &L::Item, &L::Count, &L::Remove, &L::NewEnum, &L::Exists);
+  using U = ItierUserInterface;
+  ExpectOrder<U>(&U::GetATGridIDByUIID, &U::GetCustAccessLevelByUIID, &U::InitialiseUserInterface,
+                 &U::GetNavLabelByUIID, &U::GetHelpIdByUIID, &U::GetUIWidthByUIID, &U::GetLabelByUIID,
+                 &U::GetUnitsByUIID, &U::GetFactoryVisible, &U::GetCustVisInFact, &U::GetDecimalSymbolByUIID);
+  using O = IproviderOwner;
+  ExpectOrder<O>(&O::BackwardsCompatibility, &O::PostReadProcessing, &O::PreWriteProcessing,
+                 &O::PostAddProcessing, &O::PostInsertProcessing, &O::GetComboItemsByUIID,
+                 &O::TransformFromUI, &O::TransformToUI, &O::GetFrequencyRanges, &O::GetBands,
+                 &O::GetBandDesc, &O::Initialize, &O::GetCurrentFrequencyRanges, &O::PostDeleteProcessing);
+  using V = ItierValidator;
+  ExpectOrder<V>(&V::AddRecord, &V::DeleteRecord, &V::ExecuteByTriggerID, &V::FormValidationByFormName,
+                 &V::GetEnabledStatebyUIID, &V::PermissionToOpenFormByFormName, &V::RunPreProgramValidation,
+                 &V::RunFinalValidation, &V::ValidateByUIID, &V::ExitFocusByUIID, &V::EnterFocusByUIID,
+                 &V::Validator, &V::SetValidator, &V::Initialize);
+  using F = IclassFactory;
+  ExpectOrder<F>(&F::SetHostServices, &F::CreateTier, &F::CreateSchema, &F::CreateUserInterface,
+                 &F::CreateProviderOwner, &F::CreateValidator);
 }
 
 TEST(BorderOrder, OfTheInterfacesOfTheHost) {

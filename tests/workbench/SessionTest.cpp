@@ -3,15 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "platform/Conversions.h"
-#include "support/TierFixture.h"
-#include "workbench/AtomicFile.h"
+#include "tests/support/TierFixture.h"
+#include "tests/workbench/FileHelpers.h"
 #include "workbench/PersonalityFile.h"
 
 namespace {
-
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -20,7 +17,7 @@ using testing::IsEmpty;
 class SessionTest : public testing::Test {
  protected:
   void Open(const std::string& sample) {
-    document = AtomicFile(std::string(SAMPLES_FOLDER) + "/" + sample).Read();
+    document = ContentOf(Sample(sample));
     content = PersonalityFile::Parse(sample, document, *ProjectSchemas());
     const HostParts parts{ProjectSchemas(), TIER_LIBRARY,
                           std::filesystem::path(TIER_LIBRARY).parent_path().string()};
@@ -50,7 +47,7 @@ class SessionTest : public testing::Test {
 };
 
 TEST_F(SessionTest, WhatIsOpenedAndSavedWithoutAnEditIsTheSame) {
-  for (const char* sample : {"minimal.json", "marine-harbour.json", "city-fleet.json", "full.json"}) {
+  for (const char* sample : kSamples) {
     Open(sample);
     session->ConvertToForms();
     EXPECT_TRUE(PersonalityFile::Format(sample, *session->ConvertedToRaw()) == document) << sample;
@@ -58,7 +55,7 @@ TEST_F(SessionTest, WhatIsOpenedAndSavedWithoutAnEditIsTheSame) {
 }
 
 TEST_F(SessionTest, FormsShowThePolarityInTheOppositeSenseAndTheFileKeepsIt) {
-  Open("city-fleet.json");
+  Open("city-fleet");
   content->Set("36.DCSTxPolarity", 2, 1);
   session->ConvertToForms();
   EXPECT_EQ(CLng(content->Get("36.DCSTxPolarity", 1)), 1);
@@ -69,38 +66,24 @@ TEST_F(SessionTest, FormsShowThePolarityInTheOppositeSenseAndTheFileKeepsIt) {
   EXPECT_EQ(CLng(content->Get("36.DCSTxPolarity", 2)), 0);  // the forms go on
 }
 
-TEST_F(SessionTest, AnAcceptedEditIsConvertedAndTellsWhatElseChanged) {
-  Open("marine-harbour.json");
+TEST_F(SessionTest, AnAcceptedEditTellsWhatElseChangedARefusedOneKeepsTheOldValue) {
+  Open("marine-harbour");
   session->ConvertToForms();
   const EditResult result = Edit("TxFreq_k6k", 2, "1571.25");
   EXPECT_TRUE(result.accepted);
-  EXPECT_EQ(CStr(result.before), "156.300000");
-  EXPECT_EQ(CStr(result.now), "157.125000");
+  EXPECT_EQ(CStr(result.before) + " " + CStr(result.now), "156.300000 157.125000");
   EXPECT_THAT(CellsOf(result), ElementsAre("5.ChannelTxFreq 156300000>157125000"));
-}
-
-TEST_F(SessionTest, AToneOfItsOwnIsToldAsANewRecord) {
-  Open("marine-harbour.json");
-  session->ConvertToForms();
-  const RecordNr before = content->Count(50);
-  const EditResult result = Edit("TxSignalling_k6k", 1, "C67.0");
-  EXPECT_TRUE(result.accepted);
-  EXPECT_THAT(CellsOf(result),
-              Contains("count of 50 " + std::to_string(before) + ">" + std::to_string(before + 1)));
-}
-
-TEST_F(SessionTest, ARefusedEditKeepsTheOldValue) {
-  Open("marine-harbour.json");
-  session->ConvertToForms();
-  const EditResult result = Edit("TxFreq_k6k", 2, "780");
-  EXPECT_FALSE(result.accepted);
-  EXPECT_EQ(CStr(content->Get("TxFreq_k6k", 2)), "156.300000");
-  EXPECT_THAT(result.others, IsEmpty());
-  EXPECT_EQ(messenger->Boxes().size(), 1U);
+  const EditResult refused = Edit("TxFreq_k6k", 2, "780");
+  EXPECT_FALSE(refused.accepted);
+  EXPECT_EQ(CStr(content->Get("TxFreq_k6k", 2)), "157.125000");
+  EXPECT_THAT(refused.others, IsEmpty());
+  const RecordNr tones = content->Count(50);
+  EXPECT_THAT(CellsOf(Edit("TxSignalling_k6k", 1, "C67.0")),
+              Contains("count of 50 " + std::to_string(tones) + ">" + std::to_string(tones + 1)));
 }
 
 TEST_F(SessionTest, TheControlsOfTheHostRefuseWhatNoRuleIsToSee) {
-  Open("marine-harbour.json");
+  Open("marine-harbour");
   session->ConvertToForms();
   for (const char* typed : {"", "high", "5", "-1"}) {
     const EditResult result = Edit("TxPower_k6k", 1, typed);
@@ -111,20 +94,14 @@ TEST_F(SessionTest, TheControlsOfTheHostRefuseWhatNoRuleIsToSee) {
 }
 
 TEST_F(SessionTest, AFaultAnywhereOnTheWayIsNoResult) {
-  Open("minimal.json");
+  Open("minimal");
   content->Monitor().FailOnce(50);
   EXPECT_THROW(session->ConvertToForms(), TierFault);
 
-  Open("minimal.json");
+  Open("minimal");
   session->ConvertToForms();
   content->Monitor().FailOnce(4);
   EXPECT_THROW(Edit("TxFreq_k6k", 1, "440.5"), TierFault);
-}
-
-TEST(NewPersonality, KnowsItsModelAndVersion) {
-  const auto content = NewPersonality(*ProjectSchemas(), "KE2210 Rx.0091");
-  EXPECT_EQ(CStr(content->Get("0.RadioTier")), "KE2210 Rx");
-  EXPECT_EQ(CLng(content->Get("39.Databaseversion")), 91);
 }
 
 }  // namespace

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "tests/support/Temporary.h"
+#include "workbench/FileError.h"
+
+inline constexpr const char* kSamples[] = {"minimal", "marine-harbour", "city-fleet", "full"};
+
+inline std::string ContentOf(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+inline std::string Sample(const std::string& name) { return SAMPLES_FOLDER "/" + name + ".json"; }
+
+/// The message of the FileError that `work` raises.
+template <typename Work>
+std::string RefusalOf(Work work) {
+  try {
+    work();
+  } catch (const FileError& error) {
+    return error.what();
+  }
+  return "no FileError";
+}
