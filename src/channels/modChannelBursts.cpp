@@ -83,8 +83,7 @@ RecordNr FallBackToFirstNetwork(const ProviderRef& provider, RecordNr channel, c
   const std::string text = "Error processing channel " + CStr(provider.Field("5.ChannelIDTracker").Value(1)) +
                            ").TempValue( network " + number + " not found.\r\nUsing network " + CStr(first) +
                            " for this channel";
-  constexpr std::int32_t kCritical = 16;
-  modCommonErrorHandler::ShowMessageBox(text, kCritical, "Unknown Error");
+  modCommonErrorHandler::ShowMessageBox(text, MessageStyle::kCritical, "Unknown Error");
   provider.Field("5.ChannelNetworkIdUI").SetValue(channel, first);
   return 1;
 }

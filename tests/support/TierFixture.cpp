@@ -60,10 +60,6 @@ bool TierFixture::Validate(std::string_view uiid, Variant value, RecordNr record
   return Ask<Boolean>(*Validator(), &ItierValidator::ValidateByUIID, uiid, validated, record) != kFalse;
 }
 
-bool TierFixture::IsEnabled(std::string_view uiid, RecordNr record) {
-  return Ask<Boolean>(*Validator(), &ItierValidator::GetEnabledStatebyUIID, uiid, record) != kFalse;
-}
-
 bool TierFixture::ToUI(std::string_view fieldId, RecordNr record) {
   return Ask<Boolean>(*ProviderOwner(), &IproviderOwner::TransformToUI, sharedProvider, fieldId, record) !=
          kFalse;

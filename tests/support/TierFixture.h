@@ -27,7 +27,6 @@ class TierFixture : public testing::Test {
 
   /// What the tier says of an edit; `validated` holds the value that it left.
   bool Validate(std::string_view uiid, Variant value, RecordNr record = 1);
-  bool IsEnabled(std::string_view uiid, RecordNr record = 1);
   bool ToUI(std::string_view fieldId, RecordNr record = 1);
   bool FromUI(std::string_view fieldId, RecordNr record = 1);
 
