@@ -32,6 +32,16 @@ constexpr SubBand kK5Tx[] = {MHz(762, 776, 1), MHz(792, 825, 1), MHz(850, 870, 1
 constexpr SubBand kL3Rx[] = {MHz(935, 941, 1)};
 constexpr SubBand kL3Tx[] = {MHz(896, 941, 1)};
 
+/// The public 700 MHz low-power itinerant channels 9 to 12, 959 and 960 and their mobile pairs, in Hz.
+constexpr struct {
+  std::int32_t lower, upper;
+} kItinerantK5[] = {
+    {769'050'000, 769'075'000},
+    {774'987'500, 775'000'000},
+    {799'050'000, 799'075'000},
+    {804'987'500, 805'000'000},
+};
+
 using Constants = std::array<std::int32_t, 12>;
 // clang-format off
 constexpr Constants kTuningA4 = {13000000, 25000, 21400029, 32,  459, 139, 91804, 39946240, 1200,  4500, 17000, 0};
@@ -99,6 +109,12 @@ bool IsBirdieChannel(double frequencyMHz, std::int32_t position) {
     return DeviationPpm(frequencyMHz, band.BirdieClockA) < kBirdiePpm ||
            DeviationPpm(frequencyMHz, band.BirdieClockB) < kBirdiePpm;
   });
+}
+
+bool IsItinerant(std::int32_t frequencyHertz, std::int32_t position) {
+  return position == kPositionK5 && std::ranges::any_of(kItinerantK5, [&](const auto& range) {
+           return range.lower <= frequencyHertz && frequencyHertz <= range.upper;
+         });
 }
 
 void GetBand(const ProviderRef& provider, std::string_view fieldId, RecordNr) {

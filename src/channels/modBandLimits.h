@@ -51,6 +51,10 @@ std::int32_t GetComboBoxPositionByBandType(std::int32_t bandType);
 /// Whether a harmonic of one of the band's clocks lies within 75 parts per million of the frequency.
 bool IsBirdieChannel(double frequencyMHz, std::int32_t position);
 
+/// Whether the frequency lies in one of the band's itinerant ranges, ends included, where a transmitter that
+/// moves about is limited to very low power. Only the K5 band has any.
+bool IsItinerant(std::int32_t frequencyHertz, std::int32_t position);
+
 /// The band of the radio: the stored number against the position that the form shows. Both always work
 /// on record 1.
 void GetBand(const ProviderRef& provider, std::string_view fieldId, RecordNr record);

@@ -96,16 +96,15 @@ constexpr struct {
 };
 
 /// What the network's signalling makes of the channel's controls; without a network there is none.
-void EnableSignallingControls(const ValidatorRef& validator, RecordNr network) {
-  const ProviderRef provider = validator.CurrentProvider();
-  const MessengerRef messenger = validator.Messenger();
+void EnableSignallingControls(FieldEdit& edit, RecordNr network) {
+  const ProviderRef provider = edit.validator.CurrentProvider();
   const auto type =
       network == 0 ? SignallingType::kNone : CLng(provider.Field("SignallingType").Value(network));
   for (const auto& control : kSignallingControls) {
-    messenger.SetFieldEnabled(control.uiid, type == control.signallingType);
+    edit.writes.Enable(control.uiid, type == control.signallingType);
   }
   const bool usesSIBT = network != 0 && IsTicked(provider.Field("SIBTEnabled_k6k").Value(network));
-  messenger.SetFieldEnabled("ChannelSIBTEnabled_k6k", usesSIBT);
+  edit.writes.Enable("ChannelSIBTEnabled_k6k", usesSIBT);
 }
 
 /// The same network again runs through all of it too.
@@ -113,7 +112,7 @@ bool ValidateNetwork(FieldEdit& edit) {
   if (!modvalEmergency::ValidateChannelID(edit.validator, edit.record)) return false;
   if (!ValidatePresetSelcallAgainstTxFormat(edit.validator, edit.record)) return false;
   edit.writes.Set(edit.uiid, edit.record, edit.value);
-  EnableSignallingControls(edit.validator, FindChannelsNetworkRecordNr(edit.validator, edit.record));
+  EnableSignallingControls(edit, FindChannelsNetworkRecordNr(edit.validator, edit.record));
   ResetChannelSelcallPresets(edit.writes, edit.record);
   edit.writes.Set("DTMFPresetCallSequence", edit.record, kNone);
   return true;

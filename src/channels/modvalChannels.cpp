@@ -26,7 +26,28 @@ bool CheckReservedFrequencies(const ValidatorRef& validator) {
   }
   return true;
 }
+/// Turns the other of two options off with the user's consent.
+bool Replaces(FieldEdit& edit, std::string_view other, std::string_view question) {
+  if (!edit.Is(kOn) || !edit.Holds(other, kOn, edit.record)) return true;
+  if (AskYesNo(edit.validator, question) != Button::Yes) return false;
+  edit.writes.Set(other, edit.record, kOff);
+  return true;
+}
 }  // namespace
+
+bool ValidateNoiseReduction(FieldEdit& edit) {
+  return Replaces(
+      edit, "ChannelCompanding",
+      "Automatic Noise Reduction and Companding can not be enabled at the same time.  If you proceed "
+      "Companding will be turned off.  Do you wish to proceed?");
+}
+
+bool ValidateCompanding(FieldEdit& edit) {
+  return Replaces(
+      edit, "ChannelANR",
+      "Automatic Noise Reduction and Companding can not be enabled at the same time.  If you proceed "
+      "Automatic Noise Reduction will be turned off.  Do you wish to proceed?");
+}
 
 bool ValidateTxPower(FieldEdit& edit) {
   return Procedure("ValidateTxPower", true, [&] {

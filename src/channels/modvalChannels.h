@@ -21,6 +21,10 @@ bool ValidateChannelID(FieldEdit& edit);
 /// Turning off the Tx power of an emergency dedicated channel needs consent.
 bool ValidateTxPower(FieldEdit& edit);
 
+/// Noise reduction and companding exclude each other: the other one is turned off on consent.
+bool ValidateNoiseReduction(FieldEdit& edit);
+bool ValidateCompanding(FieldEdit& edit);
+
 /// On leaving the channel form: advice about the current channel's bursts; then, with `refresh`, the grid
 /// is reloaded.
 bool ValidateForm(const ValidatorRef& validator, bool refresh);

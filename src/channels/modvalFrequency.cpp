@@ -41,7 +41,7 @@ bool ClearFrequency(FieldEdit& edit, const std::string& text) {
   edit.value = text;
   edit.writes.Set(edit.uiid, edit.record, text);
   edit.writes.Set("TxInhibit_k6k", edit.record, 0);
-  edit.validator.Messenger().SetFieldEnabled("TxInhibit_k6k", false);
+  edit.writes.Enable("TxInhibit_k6k", false);
   return true;
 }
 
@@ -109,7 +109,7 @@ bool AcceptReceive(FieldEdit& edit, std::int32_t position, const std::string& te
     if (!MayTransmitOn(edit.validator, text)) return true;
     edit.writes.Set("TxFreq_k6k", edit.record, text);
   }
-  edit.validator.Messenger().SetFieldEnabled("TxInhibit_k6k", true);
+  edit.writes.Enable("TxInhibit_k6k", true);
   return true;
 }
 

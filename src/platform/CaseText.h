@@ -1,11 +1,12 @@
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <functional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 /// Names ignore case. Only the letters A to Z have a case here; other bytes of a UTF-8 text stand as
 /// they are.
@@ -48,7 +49,7 @@ inline std::string UpperCase(std::string_view text) {
 struct NameHash {
   using is_transparent = void;
   /// Not noexcept: so a map keeps the hash of each entry instead of taking it anew along its chains.
-  std::size_t operator()(std::string_view name) const {
+  constexpr std::size_t operator()(std::string_view name) const {
     std::uint64_t hash = name.size();
     for (; name.size() >= kWord; name.remove_prefix(kWord)) hash = Mix(hash, Load(name.data()));
     std::uint64_t rest = 0;
@@ -60,13 +61,20 @@ struct NameHash {
   static constexpr std::size_t kWord = sizeof(std::uint64_t);
   static constexpr std::uint64_t kFold = 0xDFDFDFDFDFDFDFDF;  // a-z to A-Z; folding other signs does no harm
 
-  static std::uint64_t Load(const char* text) {
+  static constexpr std::uint64_t Load(const char* text) {
     std::uint64_t word = 0;
-    std::memcpy(&word, text, kWord);
+    if (std::is_constant_evaluated()) {
+      for (std::size_t i = 0; i < kWord; ++i) {
+        const std::size_t place = std::endian::native == std::endian::little ? i : kWord - 1 - i;
+        word |= std::uint64_t{static_cast<unsigned char>(text[i])} << (8 * place);
+      }
+    } else {
+      std::memcpy(&word, text, kWord);
+    }
     return word & kFold;
   }
 
-  static std::uint64_t Mix(std::uint64_t hash, std::uint64_t word) {
+  static constexpr std::uint64_t Mix(std::uint64_t hash, std::uint64_t word) {
     hash = (hash ^ word) * 0x9E3779B97F4A7C15;
     return hash ^ (hash >> 32);
   }

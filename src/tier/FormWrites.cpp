@@ -11,9 +11,16 @@ void FormWrites::Set(std::string_view fieldId, std::string_view uiid, RecordNr r
   written_.push_back(uiid);
 }
 
-bool FormWrites::Accept() {
-  if (written_.empty() || !validator_.CurrentProvider().AutoUpdate()) return true;
+void FormWrites::ReloadFields() const {
+  if (written_.empty() || !validator_.CurrentProvider().AutoUpdate()) return;
   const MessengerRef messenger = validator_.Messenger();
   for (const std::string_view uiid : written_) messenger.RefreshField(uiid);
+}
+
+bool FormWrites::Accept() {
+  ReloadFields();
+  if (states_.empty()) return true;
+  const MessengerRef messenger = validator_.Messenger();
+  for (const auto& [uiid, enabled] : states_) messenger.SetFieldEnabled(uiid, enabled);
   return true;
 }

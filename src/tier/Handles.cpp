@@ -31,9 +31,32 @@ MessengerRef ValidatorRef::Messenger() const {
   return MessengerRef(Ask<std::shared_ptr<Imessenger>>(Tier(), &Itier::Messenger));
 }
 
+std::shared_ptr<ItierValidator> ValidatorRef::Validator() const {
+  return Ask<std::shared_ptr<ItierValidator>>(Tier(), &Itier::Validator);
+}
+
 std::string ValidatorRef::Caption() const {
-  const auto validator = Ask<std::shared_ptr<ItierValidator>>(Tier(), &Itier::Validator);
   const auto host =
-      Ask<std::shared_ptr<IvalidatorHost>>(Deref(validator, "ItierValidator"), &ItierValidator::Validator);
+      Ask<std::shared_ptr<IvalidatorHost>>(Deref(Validator(), "ItierValidator"), &ItierValidator::Validator);
   return Ask<std::string>(Deref(host, "IvalidatorHost"), &IvalidatorHost::Caption);
+}
+
+std::string ValidatorRef::LabelOf(std::string_view name) const {
+  const auto ui = Ask<std::shared_ptr<ItierUserInterface>>(Tier(), &Itier::UserInterface);
+  const std::string_view field = name.substr(name.find('.') + 1);  // npos + 1 is 0: no point, the whole name
+  std::string label;
+  Boolean known = kFalse;
+  Check(Deref(ui, "ItierUserInterface").GetLabelByUIID(field, label, known));
+  return label.empty() ? std::string(field) : label;
+}
+
+bool ValidatorRef::IsEnabled(std::string_view uiid, RecordNr record) const {
+  return Ask<Boolean>(Deref(Validator(), "ItierValidator"), &ItierValidator::GetEnabledStatebyUIID, uiid,
+                      record) != kFalse;
+}
+
+bool ValidatorRef::Accepts(std::string_view uiid, Variant& value, RecordNr record) const {
+  Boolean accepted = kFalse;
+  Check(Deref(Validator(), "ItierValidator").ValidateByUIID(uiid, value, record, accepted));
+  return accepted != kFalse;
 }

@@ -79,8 +79,17 @@ class FieldRef {
   RecordNr RecordCount() const { return Ask<RecordNr>(Host(), &Ifield::RecordCount); }
   RecordRange Records() const { return RecordRange(RecordCount()); }
   std::int32_t TransformId() const { return Ask<std::int32_t>(Host(), &Ifield::TransformId); }
+  std::int32_t Minimum() const { return Ask<std::int32_t>(Host(), &Ifield::Minimum); }
+  std::int32_t Maximum() const { return Ask<std::int32_t>(Host(), &Ifield::Maximum); }
   std::int32_t TableNumber() const { return Ask<std::int32_t>(Host(), &Ifield::TableNumber); }
   std::string Name() const { return Ask<std::string>(Host(), &Ifield::Name); }
+  std::vector<Variant> Values() const { return Ask<std::vector<Variant>>(Host(), &Ifield::Values); }
+  ValueListRef FreeValues() const {
+    return ValueListRef(Ask<std::shared_ptr<IvalueList>>(Host(), &Ifield::FreeValues));
+  }
+  ValueListRef UsedValues() const {
+    return ValueListRef(Ask<std::shared_ptr<IvalueList>>(Host(), &Ifield::UsedValues));
+  }
 
  private:
   Ifield& Host() const { return Deref(field_, "Ifield"); }
@@ -122,9 +131,16 @@ class ProviderRef {
   FieldRef Field(std::string_view name) const {
     return FieldRef(Ask<std::shared_ptr<Ifield>>(Host(), &Iprovider::Field, name));
   }
+  /// Whether this database version has the field.
+  bool HasField(std::string_view name) const {
+    return Ask<Boolean>(Tables(), &Itables::FieldExists, name) != kFalse;
+  }
+  /// The field's transformation number; -1 for none.
+  std::int32_t TransformIdOf(std::string_view name) const {
+    return Ask<std::int32_t>(Host(), &Iprovider::TransformIdOf, name);
+  }
   TableRef Table(std::string_view tableId) const {
-    const auto tables = Ask<std::shared_ptr<Itables>>(Host(), &Iprovider::Tables);
-    return TableRef(Ask<std::shared_ptr<Itable>>(Deref(tables, "Itables"), &Itables::Table, tableId));
+    return TableRef(Ask<std::shared_ptr<Itable>>(Tables(), &Itables::Table, tableId));
   }
   bool FactoryMode() const { return Ask<Boolean>(Host(), &Iprovider::FactoryMode) != kFalse; }
   bool AutoUpdate() const { return Ask<Boolean>(Host(), &Iprovider::AutoUpdate) != kFalse; }
@@ -136,6 +152,10 @@ class ProviderRef {
 
  private:
   Iprovider& Host() const { return Deref(provider_, "Iprovider"); }
+  /// They live as long as the provider.
+  Itables& Tables() const {
+    return Deref(Ask<std::shared_ptr<Itables>>(Host(), &Iprovider::Tables), "Itables");
+  }
   std::shared_ptr<Iprovider> provider_;
 };
 

@@ -3,21 +3,131 @@
 #include <cstdint>
 #include <string_view>
 
-/// Codes of the radio's fields that more than one subject uses.
+/// Codes of the radio's fields, by the field that holds them.
 
-namespace ChannelType {  ///< of an emergency or a GPS poll response
+/// A tick box.
+inline constexpr std::int32_t kOff = 0;
+inline constexpr std::int32_t kOn = 1;
+
+namespace ChannelType {  ///< EmChannelType, GPSPollResponseChannelType
 inline constexpr std::int32_t kCurrent = 0;
 inline constexpr std::int32_t kDedicated = 1;
 }  // namespace ChannelType
 
-namespace TxPower {
+namespace TxPower {  ///< TxPower_k6k; LowPowerLevelMeans from kVeryLow to kMedium
 inline constexpr std::int32_t kOff = 0;
+inline constexpr std::int32_t kVeryLow = 1;
+inline constexpr std::int32_t kLow = 2;
+inline constexpr std::int32_t kMedium = 3;
+inline constexpr std::int32_t kHigh = 4;
 }  // namespace TxPower
 
-namespace KeyAction {
+namespace KeyAction {  ///< FunctionKey1 to FunctionKey4
 inline constexpr std::int32_t kUnassigned = 0;
+inline constexpr std::int32_t kEconomy = 9;
+inline constexpr std::int32_t kEmergencyMode = 10;
+inline constexpr std::int32_t kEncryption = 11;
+inline constexpr std::int32_t kScanning = 12;
+inline constexpr std::int32_t kLowPowerTransmit = 16;
+inline constexpr std::int32_t kNetworkPresetCalls = 19;
+inline constexpr std::int32_t kPhonePatch = 21;
 inline constexpr std::int32_t kPresetChannel = 22;
+inline constexpr std::int32_t kScanningNuisanceDelete = 31;
 }  // namespace KeyAction
+
+namespace ScanType {  ///< ScanType_k6k
+inline constexpr std::int32_t kStandard = 0;
+inline constexpr std::int32_t kBackground = 1;
+inline constexpr std::int32_t kVornAx = 2;
+}  // namespace ScanType
+
+namespace GroupType {  ///< GroupType_k6k
+inline constexpr std::int32_t kScan = 0;
+inline constexpr std::int32_t kVote = 1;
+}  // namespace GroupType
+
+namespace InitiateCallChannel {  ///< ScanDefaultTxChannel_k6k
+inline constexpr std::int32_t kPreset = 0;
+inline constexpr std::int32_t kLastCaptured = 1;
+inline constexpr std::int32_t kLastFree = 2;
+inline constexpr std::int32_t kNextFree = 3;
+inline constexpr std::int32_t kSelected = 4;
+}  // namespace InitiateCallChannel
+
+namespace GroupDisplay {  ///< ScanGroupDisplayIndicator_k6k
+inline constexpr std::int32_t kSC = 0;
+inline constexpr std::int32_t kGroupID = 1;
+inline constexpr std::int32_t kTxChannel = 2;
+}  // namespace GroupDisplay
+
+namespace EmCallout {  ///< EmCalloutType
+inline constexpr std::int32_t kDisabled = 0;
+inline constexpr std::int32_t kContinuous = 1;
+inline constexpr std::int32_t kFixedNumber = 2;
+}  // namespace EmCallout
+
+namespace EmCycling {  ///< EmCyclingType
+inline constexpr std::int32_t kNone = 0;
+inline constexpr std::int32_t kContinuous = 1;
+inline constexpr std::int32_t kFixedNumber = 2;
+}  // namespace EmCycling
+
+namespace AutoAck {  ///< AutoAckType
+inline constexpr std::int32_t kNone = 0;
+inline constexpr std::int32_t kSequence = 1;
+inline constexpr std::int32_t kBeep = 2;
+}  // namespace AutoAck
+
+namespace AlertType {  ///< Sequence1AlertType and its five neighbours
+inline constexpr std::int32_t kNone = 0;
+inline constexpr std::int32_t kRing = 1;
+inline constexpr std::int32_t kBeep = 2;
+}  // namespace AlertType
+
+namespace PowerupState {  ///< DataPowerupState
+inline constexpr std::int32_t kCommand = 0;
+inline constexpr std::int32_t kFFSKTransparent = 1;
+inline constexpr std::int32_t kVHSD = 2;
+}  // namespace PowerupState
+
+namespace SerialPort {  ///< DataCCDIPort, GPSSerialPort
+inline constexpr std::int32_t kMic = 0;
+inline constexpr std::int32_t kAux = 1;
+inline constexpr std::int32_t kInternal = 2;
+}  // namespace SerialPort
+
+namespace FlowControl {  ///< DataCMFlowControl, DataTMFlowControl, DataHSDFlowControl
+inline constexpr std::int32_t kNone = 0;
+inline constexpr std::int32_t kHardware = 1;
+inline constexpr std::int32_t kSoftware = 2;
+}  // namespace FlowControl
+
+namespace SDMFormat {  ///< GPSSDMCompatibility
+inline constexpr std::int32_t kStandard = 0;
+inline constexpr std::int32_t kCCDI2Text = 1;
+}  // namespace SDMFormat
+
+namespace MicSource {  ///< MicSelect1_k6k to MicSelect3_k6k
+inline constexpr std::int32_t kAudioTapIn = 0;
+inline constexpr std::int32_t kControlHead = 1;
+inline constexpr std::int32_t kAuxiliary = 2;
+}  // namespace MicSource
+
+namespace PTTTransmission {  ///< PTTTransmissionType1_k6k to PTTTransmissionType3_k6k
+inline constexpr std::int32_t kNone = 0;
+inline constexpr std::int32_t kVoice = 1;
+inline constexpr std::int32_t kData = 2;
+}  // namespace PTTTransmission
+
+namespace Backlight {  ///< BacklightMode
+inline constexpr std::int32_t kWithActivity = 0;
+inline constexpr std::int32_t kContinuous = 1;
+}  // namespace Backlight
+
+namespace SignallingOnPTT {  ///< SignallingOnPTTPress_k6k, SignallingOnPTTRelease_k6k
+inline constexpr std::int32_t kNone = 0;
+inline constexpr std::int32_t kANI = 1;
+}  // namespace SignallingOnPTT
 
 /// The form fields of one function key, all in record 1.
 struct FunctionKey {

@@ -46,6 +46,8 @@ class ClosingMessenger final : public RecordingMessenger {
 /// A personality whose channels, networks and references a test fills in.
 class ChannelFixture : public TierFixture {
  protected:
+  using TierFixture::TierFixture;
+
   std::string Text(std::string_view name, RecordNr record = 1) const {
     return CStr(provider.Get(name, record));
   }

@@ -83,7 +83,7 @@ TEST_F(FrequencyRule, ZeroClearsTheFrequencyAndTheInhibitWithoutAnyCheck) {
       EXPECT_EQ(Text(uiid, 2), "000.000000");
       EXPECT_EQ(Text("TxInhibit_k6k", 2), "0");
       EXPECT_EQ(Switched(), "-TxInhibit_k6k");
-      EXPECT_EQ(Trail(), own + "[2] 5.TxInhibit_k6k[2] enable:TxInhibit_k6k refresh:TxInhibit_k6k");
+      EXPECT_EQ(Trail(), own + "[2] 5.TxInhibit_k6k[2] refresh:TxInhibit_k6k enable:TxInhibit_k6k");
     }
   }
 }
@@ -191,7 +191,7 @@ TEST_F(FrequencyRule, TheMaritimeRangeIsANoticeBeforeTheFrequencyIsWritten) {
   StartTrail();
   EXPECT_TRUE(Edit(kRx, "1568"));
   EXPECT_EQ(Text(kTx, 2), "156.800000");
-  EXPECT_EQ(Trail(), "box 5.ChannelTxFreqUI[2] enable:TxInhibit_k6k refresh:TxFreq_k6k");
+  EXPECT_EQ(Trail(), "box 5.ChannelTxFreqUI[2] refresh:TxFreq_k6k enable:TxInhibit_k6k");
 }
 
 TEST_F(FrequencyRule, ADistressFrequencyMayBeReceivedButNotTransmitted) {

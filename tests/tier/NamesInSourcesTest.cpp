@@ -32,7 +32,7 @@ TEST(NamesInSources, ResolveInTheNewestSchema) {
   const std::regex fieldPatterns[] = {
       std::regex(R"re("(\d+\.[A-Za-z][^"\s]*)")re"), std::regex(R"re("([\w-]+_k6k)")re", std::regex::icase),
       std::regex(
-          R"re(\b(?:Field|Set|SetFieldEnabled|RefreshField|ReloadList|DefaultValue|TransformIdOf|RefreshValues)\((?:\w+, )?"([^"]+)")re"),
+          R"re(\b(?:Field|Set|Enable|RefreshField|ReloadList|DefaultValue|TransformIdOf|RefreshValues)\((?:\w+, )?"([^"]+)")re"),
       std::regex(R"re(\bSet\("[^"]+",\s*"([^"]+)")re"),       // the form's name of a FieldId
       std::regex(R"re(\{"([^"]+)",\s*SignallingType::)re")};  // rows of a table
   const std::regex tablePattern(R"re(\b(?:Table|ClearTable|PadToCapacity)\((?:\w+, )?"([^"]+)")re");
