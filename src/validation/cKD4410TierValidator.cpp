@@ -2,8 +2,10 @@
 
 #include "platform/Border.h"
 #include "tier/ValidatorRef.h"
+#include "validation/modvalEnablement.h"
 #include "validation/modvalFields.h"
 #include "validation/modvalForms.h"
+#include "validation/modvalKD4410FinalValidation.h"
 #include "validation/modvalRecords.h"
 
 namespace {
@@ -58,8 +60,17 @@ Status cKD4410TierValidator::FormValidationByFormName(std::string_view formName,
   });
 }
 
-Status cKD4410TierValidator::GetEnabledStatebyUIID(std::string_view, RecordNr, Boolean& out) {
-  return Guarded(out, [](const ValidatorRef&) -> bool { RaiseNotSupported("GetEnabledStatebyUIID"); });
+Status cKD4410TierValidator::GetEnabledStatebyUIID(std::string_view uiid, RecordNr record, Boolean& out) {
+  return Guarded(out, [&](const ValidatorRef& validator) {
+    return modvalEnablement::GetEnabledStatebyUIID(validator, uiid, record);
+  });
+}
+
+Status cKD4410TierValidator::ReasonByUIID(std::string_view uiid, RecordNr record, EnablementReason& out) {
+  return Border([&] {
+    Guard();
+    out = modvalEnablement::ReasonByUIID(ValidatorRef(tier_), uiid, record);
+  });
 }
 
 Status cKD4410TierValidator::PermissionToOpenFormByFormName(std::string_view, Boolean& out) {
@@ -71,8 +82,9 @@ Status cKD4410TierValidator::RunPreProgramValidation(Boolean& out) {
 }
 
 Status cKD4410TierValidator::RunFinalValidation(Boolean& out) {
-  return Guarded(out,
-                 [](const ValidatorRef& validator) { return modvalForms::RunFinalValidation(validator); });
+  return Guarded(out, [](const ValidatorRef& validator) {
+    return modvalKD4410FinalValidation::RunFinalValidation(validator);
+  });
 }
 
 Status cKD4410TierValidator::ValidateByUIID(std::string_view uiid, Variant& value, RecordNr record,

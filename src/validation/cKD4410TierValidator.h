@@ -1,9 +1,10 @@
 #pragma once
 
+#include "host/IenablementReasons.h"
 #include "host/ItierValidator.h"
 #include "tier/LibraryObject.h"
 
-class cKD4410TierValidator final : public ItierValidator, private LibraryObject {
+class cKD4410TierValidator final : public ItierValidator, public IenablementReasons, private LibraryObject {
  public:
   Status AddRecord(std::string_view gridName, std::shared_ptr<Iprovider> provider, Boolean& out) override;
   Status DeleteRecord(std::string_view gridName, RecordNr record, std::shared_ptr<Iprovider> provider,
@@ -21,6 +22,7 @@ class cKD4410TierValidator final : public ItierValidator, private LibraryObject 
   Status Validator(std::shared_ptr<IvalidatorHost>& out) override;
   Status SetValidator(std::shared_ptr<IvalidatorHost> host) override;
   Status Initialize(Itier* tier, std::shared_ptr<IvalidatorHost> host) override;
+  Status ReasonByUIID(std::string_view uiid, RecordNr record, EnablementReason& out) override;
 
  private:
   /// Runs a rule operation behind the guard; `rule` takes the context and gives the answer.

@@ -15,10 +15,6 @@ constexpr struct {
     {"USRCTLCHANNELSKD4410", modvalChannels::ValidateForm},
     {"USRCTLCHANNELSKE2210", modvalChannels::ValidateForm},
 };
-
-constexpr bool (*kFinalRules[])(const ValidatorRef& validator) = {
-    modvalChannels::ChannelsFinalValidation,
-};
 }  // namespace
 
 bool FormValidationByFormName(const ValidatorRef& validator, std::string_view formName, bool refresh) {
@@ -26,12 +22,6 @@ bool FormValidationByFormName(const ValidatorRef& validator, std::string_view fo
     const auto* row = std::ranges::find_if(
         kForms, [&](const auto& form) { return EqualsIgnoringCase(form.form, formName); });
     return row == std::end(kForms) || row->check(validator, refresh);
-  });
-}
-
-bool RunFinalValidation(const ValidatorRef& validator) {
-  return Procedure("RunFinalValidation", true, [&] {
-    return std::ranges::all_of(kFinalRules, [&](auto rule) { return rule(validator); });
   });
 }
 }  // namespace modvalForms

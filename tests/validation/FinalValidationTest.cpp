@@ -1,0 +1,102 @@
+#include "tests/channels/ChannelFixture.h"
+
+namespace {
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+class FinalRules : public ChannelFixture {
+ protected:
+  void SetUp() override {
+    ChannelFixture::SetUp();
+    GiveNetworks({1, 1, 1});
+    GiveChannels({11, 12});
+  }
+  /// A group with as many members.
+  void GiveGroup(RecordNr members) {
+    provider.SetCount(16, 1);
+    provider.SetCount(18, members);
+    provider.Set("16.GroupIDTracker", 1, 101);
+    for (RecordNr member = 1; member <= members; ++member) provider.Set("18.GroupIDNumber", member, 101);
+  }
+};
+
+TEST_F(FinalRules, ARadioThatScansFirstIsNoModem) {
+  provider.Set("DataPowerupState", 1, 2);
+  EXPECT_TRUE(FinalValidation());
+  provider.Set("GroupActivityOnPowerUp_k6k", 1, 1);
+  provider.Set("AutoAckType", 1, 1);
+  messenger.Play({Button::No});
+  EXPECT_FALSE(FinalValidation());
+  EXPECT_THAT(messenger.Texts(),
+              ElementsAre(StartsWith("You have set the Powerup State (Data form) to 'VHSD'")));
+}
+
+TEST_F(FinalRules, AcknowledgementAndAlertsGoTogether) {
+  provider.Set("AutoAckType", 2, 2);
+  provider.Set("SelcallIndAutoAckTwo", 3, 1);
+  messenger.Play({Button::Yes, Button::No});
+  EXPECT_FALSE(FinalValidation());
+  const auto boxes = Boxes();
+  ASSERT_EQ(boxes.size(), 2U);
+  EXPECT_THAT(boxes[0], StartsWith("68|Caption Warning|You have set the Auto Acknowledge Type"));
+  EXPECT_TRUE(boxes[0].ends_with("|2")) << boxes[0];
+  EXPECT_THAT(boxes[1], StartsWith("68|Caption Warning|You have selected the Auto Acknowledge"));
+  EXPECT_TRUE(boxes[1].ends_with("|3")) << boxes[1];
+  provider.Set("SelcallIndAutoAckTwo", 2, 1);
+  provider.Set("AutoAckType", 3, 1);
+  messenger.Clear();
+  EXPECT_TRUE(FinalValidation());
+  EXPECT_THAT(Boxes(), IsEmpty());
+}
+
+TEST_F(FinalRules, AScanGroupHasTwoMembersOrScansInTheBackground) {
+  const struct {
+    RecordNr members;
+    std::int32_t scanType, display, callChannel;
+    const char* error;
+  } cases[] = {{2, 0, 0, 0, ""},
+               {1, 0, 0, 0, "There must be at least two Channels"},
+               {0, 2, 0, 0, "There must be at least two Channels"},
+               {0, 1, 2, 4, ""},
+               {2, 1, 1, 4, "When the Scan Type is set to 'Background'"},
+               {2, 1, 2, 0, "When the Scan Type is set to 'Background'"}};
+  for (const auto& row : cases) {
+    GiveGroup(row.members);
+    provider.Set("ScanType_k6k", 1, row.scanType);
+    provider.Set("ScanGroupDisplayIndicator_k6k", 1, row.display);
+    provider.Set("ScanDefaultTxChannel_k6k", 1, row.callChannel);
+    messenger.Clear();
+    EXPECT_EQ(FinalValidation(), *row.error == '\0') << row.members << row.scanType;
+    if (*row.error == '\0') continue;
+    EXPECT_THAT(messenger.Texts(), ElementsAre(StartsWith(row.error)));
+  }
+}
+
+TEST_F(FinalRules, AnUnknownPowerLevelIsMended) {
+  provider.Set("LowPowerLevelMeans", 1, 4);
+  EXPECT_TRUE(FinalValidation());
+  EXPECT_THAT(Boxes(),
+              ElementsAre(StartsWith("48|Caption Warning|The field 'Front Panel Low Power Control'")));
+  EXPECT_EQ(Text("LowPowerLevelMeans"), "2");
+  EXPECT_EQ(Refreshed(), "LowPowerLevelMeans");
+}
+
+TEST_F(FinalRules, ItinerantChannelsKeepTheirPowerVeryLow) {
+  provider.Set("RFCompliance", 1, 1);
+  provider.Set("Band_k6k", 1, 8);
+  provider.Set("TxPower_k6k", 1, 1);
+  const std::tuple<const char*, std::int32_t, bool> cases[] = {
+      {"769.050000", 2, false}, {"769.075000", 2, false}, {"769.075001", 2, true},
+      {"774.987499", 2, true},  {"805.000000", 2, false}, {"805.000000", 1, true}};
+  for (const auto& [frequency, power, passes] : cases) {
+    provider.Set("TxFreq_k6k", 2, frequency);
+    provider.Set("TxPower_k6k", 2, power);
+    EXPECT_EQ(FinalValidation(), passes) << frequency;
+  }
+  provider.Set("TxPower_k6k", 2, 4);
+  EXPECT_FALSE(FinalValidation());
+  provider.Set("Band_k6k", 1, 7);
+  EXPECT_TRUE(FinalValidation());
+}
+}  // namespace
