@@ -2,7 +2,11 @@
 
 #include "channels/modvalBandLimits.h"
 #include "channels/modvalChannels.h"
-#include "platform/CaseText.h"
+#include "networks/modvalEmergencyFields.h"
+#include "networks/modvalNetworkFields.h"
+#include "radioui/modvalDataFields.h"
+#include "radioui/modvalGPSFields.h"
+#include "radioui/modvalOptionFields.h"
 #include "tier/Lookup.h"
 #include "tier/Procedure.h"
 
@@ -13,34 +17,110 @@ struct FieldRule {
   bool (*rule)(FieldEdit&);
 };
 
+using namespace modvalChannels;
+using namespace modvalDataFields;
+using namespace modvalEmergencyFields;
+using namespace modvalGPSFields;
+using namespace modvalNetworkFields;
+using namespace modvalOptionFields;
+
 // clang-format off
 constexpr FieldRule kRules[] = {
-    {"CHANNELID_K6K",        modvalChannels::ValidateChannelID},
-    {"CHANNELNETWORKID_K6K", modvalChannels::ValidateChannelID},
-    {"RXFREQ_K6K",           modvalChannels::ValidateFrequency},
-    {"TXFREQ_K6K",           modvalChannels::ValidateFrequency},
-    {"TXPOWER_K6K",          modvalChannels::ValidateTxPower},
-    {"BAND_K6K",             modvalBandLimits::ValidateBand},
+    // channels
+    {"CHANNELID_K6K",              modvalChannels::ValidateChannelID},
+    {"CHANNELNETWORKID_K6K",       modvalChannels::ValidateChannelID},
+    {"RXFREQ_K6K",                 ValidateFrequency},
+    {"TXFREQ_K6K",                 ValidateFrequency},
+    {"TXPOWER_K6K",                ValidateTxPower},
+    {"CHANNELANR",                 ValidateNoiseReduction},
+    {"CHANNELCOMPANDING",          ValidateCompanding},
+    // networks and their systems
+    {"INVALIDCALLRESET_K6K",       ValidateInvalidCallReset},
+    {"RXSEQONEMONITORON",          ValidateSequenceOneMonitor},
+    {"RXSEQTWOMONITORON",          ValidateSequenceTwoMonitor},
+    {"EXPECTACK",                  ValidateExpectAck},
+    {"TONEBLANKINGTIMER",          ValidateToneBlankingTimer},
+    {"TXDURATIONTIMER",            ValidateTxDuration},
+    {"REVERSETONEBURSTDURATION_K6K", ValidateReverseToneBurst},
+    {"AUTOOVERBEEP",               ValidateAutoOverBeep},
+    {"AUTOQUIETTIME_K6K",          ValidateAutoQuietTime},
+    {"HOOKSWITCHMONITOR_K6K",      ValidateHookswitchMonitorSwitch},
+    {"SEQUENCE1ALERTTYPE",         ValidateAlertType},
+    {"SEQUENCE2ALERTTYPE",         ValidateAlertType},
+    {"GROUPCALLALERTTYPE",         ValidateAlertType},
+    {"ALLCALLALERTTYPE",           ValidateAlertType},
+    {"PRIORITYCALLALERTTYPE",      ValidateAlertType},
+    {"EMERGENCYCALLALERTTYPE",     ValidateAlertType},
+    {"DEFERREDCALLING_K6K",        ValidateDeferredCalling},
+    {"CWIDENABLED",                ValidateCWID},
+    {"MDC1200RADIOIDDERIVED",      ValidateMDC1200Identity},
+    {"MDC1200ANISEQUENCE",         ValidateMDC1200Identity},
+    {"MDC1200EMERGENCYSEQUENCE",   ValidateMDC1200Identity},
+    // emergency
+    {"EMERGENCYENABLED",           ValidateEmergency},
+    {"EMCYCLINGALERTTONE",         ValidateAlertTone},
+    {"EMCHANNELTYPE",              ValidateChannelType},
+    {"EMCALLOUTTYPE",              ValidateCalloutType},
+    {"EMCALLOUTNUMBER",            ValidateCalloutNumber},
+    {"STEALTHFALSEPOWERDOWN",      ValidateFalsePowerdown},
+    {"EMCYCLINGRXTIME",            ValidateCyclingTime},
+    {"EMCYCLINGTXTIME",            ValidateCyclingTime},
+    {"EMCYCLINGNUMBER",            ValidateCyclingTime},
+    // data
+    {"DATAPOWERUPSTATE",           ValidatePowerupState},
+    {"DATAOPTIONSENABLED",         ValidateTransparentMode},
+    {"DATAVHSDMODEMENABLED",       ValidateVHSDModem},
+    {"DATASDMOPTIONSENABLED",      ValidateSDMOptions},
+    {"DATASDMAUTOACK",             ValidateSDMAutoAck},
+    {"TEXTSDMAUTOACKTRANSMISSION", ValidateSDMAckTransmission},
+    {"TEXTSDMAUTOACKRECEPTION",    ValidateSDMAckReception},
+    {"CCDISDMOUTPUTENABLED",       ValidateSDMOutput},
+    {"MUTEONFFSKRECEIVING",        ValidateToneBlanking},
+    {"DATAXON",                    ValidateXon},
+    {"DATAXOFF",                   ValidateXoff},
+    {"DATAIDENTITY",               ValidateDataIdentity},
+    {"DATACCDIPORT",               ValidateDataPort},
+    {"DATATMFLOWCONTROL",          ValidateFlowControl},
+    {"DATACMFLOWCONTROL",          ValidateFlowControl},
+    {"DATAHSDFLOWCONTROL",         ValidateFlowControl},
+    {"DATATXBACKOFFTIMEMIN",       ValidateBackoffMinimum},
+    {"DATATXBACKOFFTIMEMAX",       ValidateBackoffMaximum},
+    // GPS
+    {"GPSENABLED",                 ValidateGPSEnabled},
+    {"GPSSERIALPORT",              ValidateGPSPort},
+    {"GPSPOLLRESPONSECHANNELTYPE", ValidatePollResponseType},
+    {"GPSSDMCOMPATIBILITY",        ValidateSDMFormat},
+    {"GPSAVLDESPATCHERADDRESS",    ValidateDespatcherAddress},
+    {"GPSMAXNUMBERCALLOUTS",       ValidateCallouts},
+    {"GPSNETWORKSENDPOSONPTT",     ValidatePositionOnPTT},
+    {"GPSNETWORKSENDPOSONEPTT1",   ValidatePositionOnPTT},
+    {"GPSNETWORKSENDPOSONEPTT2",   ValidatePositionOnPTT},
+    // options of the radio
+    {"BAND_K6K",                   modvalBandLimits::ValidateBand},
+    {"STARTUPINLOWPOWERMODE",      ValidateLowPowerStart},
+    {"SECURITYLOCKONPOWERUP",      ValidateSecurityLock},
+    {"GROUPACTIVITYONPOWERUP_K6K", ValidateGroupActivity},
+    {"KEYPADMIC",                  ValidateKeypadMic},
+    {"UIPRECARRIERINDICATIONTIME", ValidateCarrierDelay},
+    {"GLOBALENCRYPTION",           ValidateGlobalEncryption},
 };
 // clang-format on
-
-constexpr auto kByUIID = SortedBy(kRules, &FieldRule::uiid);
-static_assert(AllUnique(kByUIID, &FieldRule::uiid));
-
-const FieldRule* FindRule(std::string_view uiid) {
-  const auto isBelow = [](std::string_view a, std::string_view b) { return CompareIgnoringCase(a, b) < 0; };
-  const auto* found = std::ranges::lower_bound(kByUIID, uiid, isBelow, &FieldRule::uiid);
-  return found != kByUIID.end() && EqualsIgnoringCase(found->uiid, uiid) ? found : nullptr;
-}
+constexpr NameIndex kByUIID(kRules, &FieldRule::uiid);
 }  // namespace
 
 bool ValidateByUIID(const ValidatorRef& validator, std::string_view uiid, Variant& value, RecordNr record) {
   return Procedure("ValidateByUIID", true, [&](bool& result) {
-    const FieldRule* row = FindRule(uiid);
+    const FieldRule* row = kByUIID.Find(uiid);
     if (row == nullptr) return;
     FieldEdit edit{validator, row->uiid, value, record, FormWrites(validator, row->uiid)};
     result = row->rule(edit);
     if (result) edit.writes.Accept();
   });
+}
+
+std::vector<std::string_view> UIIDs() {
+  std::vector<std::string_view> names;
+  for (const FieldRule& row : kRules) names.push_back(row.uiid);
+  return names;
 }
 }  // namespace modvalFields

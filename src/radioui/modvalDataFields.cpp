@@ -1,0 +1,208 @@
+#include "radioui/modvalDataFields.h"
+
+#include <algorithm>
+
+#include "platform/CaseText.h"
+#include "platform/Conversions.h"
+#include "tier/Messages.h"
+#include "tier/RadioCodes.h"
+
+namespace modvalDataFields {
+namespace {
+constexpr std::string_view kTransparentModeControls[] = {"DataIgnoreEsc", "TModeUARTWriteDelay"};
+constexpr std::string_view kMoreTransparentModeControls[] = {"DataVHSDModemEnabled", "DataTMBaudRate",
+                                                             "DataTMFlowControl", "FFSKChecking"};
+constexpr std::string_view kVHSDControls[] = {
+    "DataHSDBaudRate", "DataHSDFlowControl", "DataVHSDLayer2Enabled", "VHSDForwardErrorCorrection",
+    "VHSDLeadInDelay", "VHSDLeadOutDelay",   "VornWidebandModem",     "DataVHSDNumFECCodewords"};
+constexpr std::string_view kTotalModeControls[] = {"dataTotalModeService",
+                                                   "dataTotalRadioIdHex",
+                                                   "dataTotalSystemIdHex",
+                                                   "dataTotalDestinationIdHex",
+                                                   "dataTotalLinkIdHex",
+                                                   "dataTotalMtuSize",
+                                                   "dataTotalValidateCrc",
+                                                   "dataTotalConfirmedModeRetries",
+                                                   "dataTotalConfirmedModeTimeout",
+                                                   "dataTxBackoffOnBusyPeriod",
+                                                   "dataTxBackoffTimeMin",
+                                                   "dataTxBackoffTimeMax",
+                                                   "dataChannelAccessMethod"};
+constexpr std::string_view kSDMControls[] = {"SDMEncodeCallerIDEnabled",   "DataIdentity",
+                                             "GPSSDMCompatibility",        "AllowSDMOverwrite",
+                                             "TextSDMAutoAckTransmission", "TextSDMAutoAckReception",
+                                             "TextSDMIndicator",           "DataSDMWaitForAck",
+                                             "DataSDMAutoAckDelay"};
+constexpr std::string_view kFlowControls[] = {"DataCMFlowControl", "DataTMFlowControl", "DataHSDFlowControl"};
+
+/// Tone blanking is on and the last of the two options that it may rest on goes.
+bool LeavesToneBlankingAlone(const FieldEdit& edit, std::string_view otherOption) {
+  return edit.Holds(otherOption, kOff) && edit.Holds("MuteOnFFSKReceiving", kOn);
+}
+
+bool RefuseForToneBlanking(const FieldEdit& edit) {
+  return Refuse(
+      edit.validator,
+      "FFSK Tone Blanking requires the SDM option to be enabled, or the Transparent Mode option to be "
+      "enabled.");
+}
+
+/// False when the user keeps the modem.
+bool TurnOffVHSDModem(FieldEdit& edit) {
+  if (AskYesNo(edit.validator,
+               "VHSD Modem requires Transparent Mode to be enabled.  If you proceed the VHSD Modem will be "
+               "deactivated.  Do you wish to proceed?") != Button::Yes) {
+    return false;
+  }
+  Variant off = kOff;
+  if (!edit.validator.Accepts("DataVHSDModemEnabled", off, 1)) return false;
+  edit.writes.Set("DataVHSDModemEnabled", 1, off);
+  return true;
+}
+
+/// The state whose mode is turned off falls back to command mode.
+void LeavePowerupState(FieldEdit& edit, std::int32_t state) {
+  if (edit.Holds("DataPowerupState", state)) edit.writes.Set("DataPowerupState", 1, PowerupState::kCommand);
+}
+
+bool SameCharacter(const FieldEdit& edit, std::string_view otherField) {
+  return EqualsIgnoringCase(CStr(edit.value), CStr(edit.Stored(otherField)));
+}
+
+bool IsAbove(const Variant& a, const Variant& b) { return IsNumeric(a) && IsNumeric(b) && CDbl(a) > CDbl(b); }
+}  // namespace
+
+bool ValidatePowerupState(FieldEdit& edit) {
+  if (edit.Is(PowerupState::kFFSKTransparent) && edit.Holds("DataOptionsEnabled", kOff)) {
+    return Refuse(
+        edit.validator,
+        "You may only choose FFSK Transparent Mode as the Powerup State when Transparent Mode is enabled");
+  }
+  if (edit.Is(PowerupState::kVHSD) && edit.Holds("DataVHSDModemEnabled", kOff)) {
+    return Refuse(edit.validator,
+                  "You may only choose VHSD as the Powerup State when the VHSD Modem is enabled");
+  }
+  return true;
+}
+
+bool ValidateTransparentMode(FieldEdit& edit) {
+  if (edit.Is(kOff)) {
+    if (LeavesToneBlankingAlone(edit, "DataSDMOptionsEnabled")) return RefuseForToneBlanking(edit);
+    if (edit.Holds("DataVHSDModemEnabled", kOn) && !TurnOffVHSDModem(edit)) return false;
+    LeavePowerupState(edit, PowerupState::kFFSKTransparent);
+  }
+  const bool on = edit.Is(kOn);
+  edit.EnableAll(kTransparentModeControls, on);
+  edit.writes.Enable("FFSKMaximumInitialFrameLength", on && edit.Holds("FFSKChecking", kOn));
+  edit.EnableAll(kMoreTransparentModeControls, on);
+  return true;
+}
+
+bool ValidateVHSDModem(FieldEdit& edit) {
+  if (edit.Is(kOff)) LeavePowerupState(edit, PowerupState::kVHSD);
+  edit.StoreNow();
+  edit.EnableAll(kVHSDControls, edit.Is(kOn));
+  edit.EnableByRule(kTotalModeControls);
+  return true;
+}
+
+bool ValidateSDMOptions(FieldEdit& edit) {
+  if (edit.Is(kOff) && edit.Holds("GPSEnabled", kOn)) {
+    return Refuse(edit.validator, "You can not disable SDM when GPS Position Reporting is enabled.");
+  }
+  if (edit.Is(kOff) && LeavesToneBlankingAlone(edit, "DataOptionsEnabled"))
+    return RefuseForToneBlanking(edit);
+  const bool on = edit.Is(kOn);
+  edit.writes.Enable("CCDISDMOutputEnabled", on);
+  edit.writes.Enable("CCDISDMTextOnly", on && edit.Holds("CCDISDMOutputEnabled", kOn));
+  edit.EnableAll(kSDMControls, on);
+  return true;
+}
+
+bool ValidateSDMAutoAck(FieldEdit& edit) {
+  edit.writes.Enable("DataSDMAutoAckDelay", edit.Is(kOn) && edit.Holds("DataSDMOptionsEnabled", kOn));
+  return true;
+}
+
+bool ValidateSDMAckTransmission(FieldEdit& edit) {
+  edit.writes.Enable("DataSDMAutoAckDelay", edit.Is(kOn));
+  return true;
+}
+
+bool ValidateSDMAckReception(FieldEdit& edit) {
+  edit.writes.Enable("DataSDMWaitForAck", edit.Is(kOn));
+  return true;
+}
+
+bool ValidateSDMOutput(FieldEdit& edit) {
+  if (edit.Is(kOff)) edit.writes.Set("CCDISDMTextOnly", 1, kOff);
+  edit.writes.Enable("CCDISDMTextOnly", edit.Is(kOn));
+  return true;
+}
+
+bool ValidateToneBlanking(FieldEdit& edit) {
+  if (!edit.Is(kOn) || !edit.Holds("DataSDMOptionsEnabled", kOff) ||
+      !edit.Holds("DataOptionsEnabled", kOff)) {
+    return true;
+  }
+  return Refuse(
+      edit.validator,
+      "FFSK Tone Blanking may only be enabled when the SDM option is enabled, or the Transparent Mode "
+      "option is enabled.");
+}
+
+bool ValidateXon(FieldEdit& edit) {
+  return !SameCharacter(edit, "DataXoff") ||
+         Refuse(edit.validator, "The XON and XOFF Characters must not be the same.");
+}
+
+bool ValidateXoff(FieldEdit& edit) {
+  return !SameCharacter(edit, "DataXon") ||
+         Refuse(edit.validator, "The XOFF and XON Characters must not be the same.");
+}
+
+bool ValidateDataIdentity(FieldEdit& edit) {
+  const auto length = CStr(edit.value).size();
+  return length == 0 || length == 8 ||
+         Refuse(edit.validator, "Data Identity must be eight characters in length.");
+}
+
+bool ValidateDataPort(FieldEdit& edit) {
+  if (!edit.Is(SerialPort::kMic)) return true;
+  if (edit.Holds("KeypadMic", kOn)) {
+    return Refuse(edit.validator, "Data Port can not be set to Mic when the Mic field is set to Keypad Mic.");
+  }
+  const auto isHardware = [&](std::string_view field) { return edit.Holds(field, FlowControl::kHardware); };
+  if (std::ranges::none_of(kFlowControls, isHardware)) return true;
+  if (AskYesNo(
+          edit.validator,
+          "Flow Control can not be set to hardware when the Data Port is set to Mic.  If you continue the "
+          "Flow Control fields that are set to 'Hardware' will be set to 'None'. Do you want to "
+          "continue?") != Button::Yes) {
+    return false;
+  }
+  for (const std::string_view field : kFlowControls) {
+    if (isHardware(field)) edit.writes.Set(field, 1, FlowControl::kNone);
+  }
+  return true;
+}
+
+bool ValidateFlowControl(FieldEdit& edit) {
+  if (!edit.Is(FlowControl::kHardware) || !edit.Holds("DataCCDIPort", SerialPort::kMic)) return true;
+  return Refuse(edit.validator, "Flow Control can not be set to Hardware when the Data Port is set to Mic.");
+}
+
+bool ValidateBackoffMinimum(FieldEdit& edit) {
+  if (IsAbove(edit.value, edit.Stored("dataTxBackoffTimeMax"))) {
+    edit.writes.Set("dataTxBackoffTimeMax", 1, CLng(edit.value));
+  }
+  return true;
+}
+
+bool ValidateBackoffMaximum(FieldEdit& edit) {
+  if (!IsAbove(edit.Stored("dataTxBackoffTimeMin"), edit.value)) return true;
+  return Refuse(
+      edit.validator,
+      "The Tx Back-off Time Maximum value must be greater then the Tx Back-off Time Minimum value.");
+}
+}  // namespace modvalDataFields

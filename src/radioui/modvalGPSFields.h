@@ -1,0 +1,20 @@
+#pragma once
+
+#include "tier/FieldEdit.h"
+
+/// The rules of the GPS form. Its fields are in record 1, but for those of a network. True lets the host keep
+/// the change.
+namespace modvalGPSFields {
+/// GPS position reporting needs SDM, in the standard format.
+bool ValidateGPSEnabled(FieldEdit& edit);
+bool ValidateGPSPort(FieldEdit& edit);
+/// The response channel goes with a dedicated type alone.
+bool ValidatePollResponseType(FieldEdit& edit);
+bool ValidateSDMFormat(FieldEdit& edit);
+/// Eight characters.
+bool ValidateDespatcherAddress(FieldEdit& edit);
+/// No callouts: a notice.
+bool ValidateCallouts(FieldEdit& edit);
+/// When a network sends its position with one of the three PTTs.
+bool ValidatePositionOnPTT(FieldEdit& edit);
+}  // namespace modvalGPSFields
