@@ -98,16 +98,35 @@ RecordNr NetworkOf(const ProviderRef& provider, RecordNr channel) {
   return FallBackToFirstNetwork(provider, channel, number);
 }
 
+/// The records of the system's bursts of one kind; the last range reaches one record past the system's block.
+struct BurstRecords {
+  RecordNr first, last;
+};
+BurstRecords RecordsOf(const FieldRef& bursts, RecordNr system, const BurstRange& range) {
+  const RecordNr base = (system - 1) * modSelcallMapping::kBurstsPerSystem;
+  return {base + range.first, std::min(base + range.last, bursts.RecordCount())};
+}
+
 /// The record of the system's burst with that text among those of its kind; 0 for none.
 RecordNr FindBurst(const ProviderRef& provider, RecordNr system, const BurstRange& range,
                    const std::string& text) {
   const FieldRef bursts = provider.Field("30.UGBurstSeq");
-  const RecordNr base = (system - 1) * modSelcallMapping::kBurstsPerSystem;
-  const RecordNr last = std::min(base + range.last, bursts.RecordCount());
-  for (RecordNr burst = base + range.first; burst <= last; ++burst) {
+  const auto [first, last] = RecordsOf(bursts, system, range);
+  for (RecordNr burst = first; burst <= last; ++burst) {
     if (CStr(bursts.Value(burst)) == text) return burst;
   }
   return 0;
+}
+
+std::vector<std::string> TextsInRange(const ProviderRef& provider, RecordNr system, const BurstRange& range) {
+  const FieldRef bursts = provider.Field("30.UGBurstSeq");
+  const auto [first, last] = RecordsOf(bursts, system, range);
+  std::vector<std::string> texts;
+  for (RecordNr burst = first; burst <= last; ++burst) {
+    std::string text = CStr(bursts.Value(burst));
+    if (!text.empty()) texts.push_back(std::move(text));
+  }
+  return texts;
 }
 
 /// The index that the text stands for on this channel; none when the stored one is to be kept.
@@ -149,5 +168,27 @@ void SetPresetSelcallIndex(const ProviderRef& provider, std::string_view fieldId
     const auto index = BurstIndex(provider, channel, field->range, text);
     if (index) pointer.SetValue(record, *index);
   });
+}
+
+std::optional<Variant> SystemOfChannel(const ProviderRef& provider, RecordNr channel,
+                                       std::int32_t signallingType) {
+  if (channel < 1 || channel > provider.Table("5").RecordCount()) return {};
+  const RecordNr network = modProjectGlobals::GetChannelNetworkRecordNr(provider, channel);
+  if (network == 0) return {};
+  if (!SameValue(provider.Field("21.SignallingType").Value(network), signallingType)) return {};
+  return provider.Field("21.NetworkSignallingID").Value(network);
+}
+
+std::vector<std::string> BurstsOnOffer(const ProviderRef& provider, std::string_view uiid, RecordNr record) {
+  const FieldRef form = provider.Field(uiid);
+  const std::string fieldId = std::to_string(form.TableNumber()) + "." + form.Name();
+  const BurstField* field = FindBurstField(fieldId);
+  if (field == nullptr || record < 1 || record > form.RecordCount()) return {};
+  const auto identity =
+      SystemOfChannel(provider, ChannelOf(provider, fieldId, record), SignallingType::kSelcall);
+  if (!identity) return {};
+  const RecordNr system =
+      modProjectGlobals::SigSysRecordNr(provider, SignallingType::kSelcall, *identity, true);
+  return system == 0 ? std::vector<std::string>() : TextsInRange(provider, system, field->range);
 }
 }  // namespace modChannels

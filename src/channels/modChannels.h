@@ -1,6 +1,9 @@
 #pragma once
 
+#include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "tier/Handles.h"
 
@@ -46,4 +49,12 @@ void SetDTMFPreset(const ProviderRef& provider, std::string_view fieldId, Record
 /// that is gone is put on the first one, which the user is told.
 void GetPresetSelcallIndex(const ProviderRef& provider, std::string_view fieldId, RecordNr record);
 void SetPresetSelcallIndex(const ProviderRef& provider, std::string_view fieldId, RecordNr record);
+
+/// The texts of the bursts that a burst field of the record may take, in the order of their table: those of
+/// the channel's Selcall system that are not empty. None without such a system, and for a record to come.
+std::vector<std::string> BurstsOnOffer(const ProviderRef& provider, std::string_view uiid, RecordNr record);
+/// The identity of the system by which a channel signals; none when its network signals in another way, and
+/// for a channel to come.
+std::optional<Variant> SystemOfChannel(const ProviderRef& provider, RecordNr channel,
+                                       std::int32_t signallingType);
 }  // namespace modChannels

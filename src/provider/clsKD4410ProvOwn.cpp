@@ -6,6 +6,7 @@
 #include "compat/modBackwardsCompatibility.h"
 #include "platform/Border.h"
 #include "platform/Conversions.h"
+#include "provider/modComboItems.h"
 #include "provider/modTransformations.h"
 #include "tier/Procedure.h"
 #include "tier/ValidatorRef.h"
@@ -102,9 +103,14 @@ Status clsKD4410ProvOwn::PostInsertProcessing(std::shared_ptr<Iprovider>, std::s
   return NotSupported("PostInsertProcessing");
 }
 
-Status clsKD4410ProvOwn::GetComboItemsByUIID(std::shared_ptr<Iprovider>, std::string_view, RecordNr,
-                                             std::shared_ptr<XArrayDBObject>&, Boolean&) {
-  return NotSupported("GetComboItemsByUIID");
+Status clsKD4410ProvOwn::GetComboItemsByUIID(std::shared_ptr<Iprovider> provider, std::string_view uiid,
+                                             RecordNr record, std::shared_ptr<XArrayDBObject>& items,
+                                             Boolean& out) {
+  return Border([&] {
+    std::shared_ptr<XArrayDBObject> list = items;
+    out = ToBoolean(modComboItems::GetComboItemsByUIID(ProviderRef(provider), uiid, record, list));
+    items = std::move(list);
+  });
 }
 
 Status clsKD4410ProvOwn::TransformFromUI(std::shared_ptr<Iprovider> provider, std::string_view fieldId,

@@ -7,26 +7,26 @@ class ProviderRef;
 
 /// One of the radio's general-purpose digital lines.
 struct clsProgIOPins {
-  std::uint8_t bytPinID;             ///< in raw fields, where 0 is no pin
+  std::uint8_t bytPinID;  ///< in raw fields, where 0 is no pin
+  bool blnInputPin, blnOutputPin;
   std::string_view strName;          ///< on forms too
   std::string_view strInterface;     ///< "AUX", "IOP", or "CH", the control head
-  bool blnInputPin, blnOutputPin;    ///< what the line can be
   std::string_view strDefaultLabel;  ///< of a pin without a label of its own
 };
 
 /// What a digital line does.
 struct clsProgIOActions {
   std::uint8_t bytActionID;   ///< in raw fields; inputs and outputs are numbered apart
+  bool blnDeactivationState;  ///< the end of the activation has a code too, the same number
   std::string_view strKey;    ///< by which rules name it
   std::string_view strName;   ///< on forms and in the grid
-  bool blnDeactivationState;  ///< the end of the activation has a code too, the same number
 };
 
 /// A place of the radio's audio path where programmable audio goes in or out.
 struct TapPoint {
   std::int32_t code;
-  std::string_view name;
   bool onRxPath;
+  std::string_view name;
 };
 
 /// The pins, actions, states and taps of programmable I/O, and the look-ups over them. Names of pins and keys

@@ -133,14 +133,14 @@ class ProviderRef {
   }
   /// Whether this database version has the field.
   bool HasField(std::string_view name) const {
-    return Ask<Boolean>(Tables(), &Itables::FieldExists, name) != kFalse;
+    return Ask<Boolean>(*Tables(), &Itables::FieldExists, name) != kFalse;
   }
   /// The field's transformation number; -1 for none.
   std::int32_t TransformIdOf(std::string_view name) const {
     return Ask<std::int32_t>(Host(), &Iprovider::TransformIdOf, name);
   }
   TableRef Table(std::string_view tableId) const {
-    return TableRef(Ask<std::shared_ptr<Itable>>(Tables(), &Itables::Table, tableId));
+    return TableRef(Ask<std::shared_ptr<Itable>>(*Tables(), &Itables::Table, tableId));
   }
   bool FactoryMode() const { return Ask<Boolean>(Host(), &Iprovider::FactoryMode) != kFalse; }
   bool AutoUpdate() const { return Ask<Boolean>(Host(), &Iprovider::AutoUpdate) != kFalse; }
@@ -152,10 +152,12 @@ class ProviderRef {
 
  private:
   Iprovider& Host() const { return Deref(provider_, "Iprovider"); }
-  /// They live as long as the provider.
-  Itables& Tables() const {
-    return Deref(Ask<std::shared_ptr<Itables>>(Host(), &Iprovider::Tables), "Itables");
+  std::shared_ptr<Itables> Tables() const {
+    auto tables = Ask<std::shared_ptr<Itables>>(Host(), &Iprovider::Tables);
+    static_cast<void>(Deref(tables, "Itables"));
+    return tables;
   }
+
   std::shared_ptr<Iprovider> provider_;
 };
 

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string_view>
+
+#include "tier/Handles.h"
+
+class XArrayDBObject;
+
+/// What the forms of programmable I/O offer. Which list it is tells the UIID; a field of the grid that has
+/// none gets "Undefined". A record that is not there yet is offered what an unused one is: no pin, direction
+/// "None", tap point 0.
+namespace modProgIOLists {
+/// The fields of the grid (table 1108), by the pin and the direction of the row; and the pins for the lines
+/// of flow control, with the pin id in column 1.
+void GetK6000ProgIODigital(const ProviderRef& provider, std::string_view uiid, RecordNr record,
+                           XArrayDBObject& items);
+/// The taps of an audio path (table 59): the points, with their code in column 1; types and unmute conditions
+/// by the record's point.
+void GetK6000ProgIOAudio(const ProviderRef& provider, std::string_view uiid, RecordNr record,
+                         XArrayDBObject& items);
+/// The parameter of an action, as the fields of table 0 take it.
+void GetActionParameters(const ProviderRef& provider, std::string_view uiid, RecordNr record,
+                         XArrayDBObject& items);
+}  // namespace modProgIOLists

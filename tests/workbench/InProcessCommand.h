@@ -1,0 +1,32 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "tests/workbench/FileHelpers.h"
+#include "workbench/Commands.h"
+
+/// Runs commands in this process, in a folder of its own that holds the smallest sample.
+class InProcessCommand : public testing::Test {
+ protected:
+  ExitCode Run(std::vector<std::string> words) {
+    words.insert(words.begin(), {"--tier", TIER_LIBRARY, "--data",
+                                 std::filesystem::path(TIER_LIBRARY).parent_path().string()});
+    out.str("");
+    testing::internal::CaptureStderr();
+    const ExitCode code = RunCommand(std::move(words), workplace, "");
+    messages = testing::internal::GetCapturedStderr();
+    workplace.options = {};
+    return code;
+  }
+
+  TemporaryFolder folder;
+  const std::string sample = ContentOf(Sample("minimal"));
+  const std::string file = folder.Write("p.json", sample);
+  std::ostringstream out;
+  std::string messages;
+  Workplace workplace{out};
+};
