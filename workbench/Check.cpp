@@ -1,6 +1,7 @@
 #include "workbench/Check.h"
 
 #include "platform/Conversions.h"
+#include "workbench/Forms.h"
 #include "workbench/Provider.h"
 #include "workbench/Report.h"
 #include "workbench/Schema.h"
@@ -33,12 +34,7 @@ std::string_view NameOf(FindingKind kind) {
 }
 
 void PersonalityCheck::CheckLimits() {
-  for (const SchemaField& field : session_.Content().GetSchema().Fields()) {
-    // A scaled field is converted in place: the radio stores it in other units than its limits have.
-    constexpr std::int64_t kUnscaled = 10000;
-    const bool isNumber = field.type == FieldType::Integer || field.type == FieldType::Number;
-    if (field.IsRaw() && isNumber && field.scale.tenThousandths == kUnscaled) CheckLimits(field);
-  }
+  for (const SchemaField& field : session_.Content().GetSchema().Fields()) CheckLimits(field);
 }
 
 void PersonalityCheck::CheckLimits(const SchemaField& field) {
@@ -47,9 +43,7 @@ void PersonalityCheck::CheckLimits(const SchemaField& field) {
   const RecordNr count = content.Count(content.GetSchema().TableOf(field));
   for (RecordNr record = 1; record <= count; ++record) {
     const Variant& value = content.Get(field, record);
-    if (limits.Hold(CDbl(value))) continue;
-    // The default of an identity lies outside its limits on purpose: the record has not got one yet.
-    if (field.isIdentity && SameCell(value, field.standard)) continue;
+    if (IsWithinLimits(field, value)) continue;
     Finding finding = Origin(field, "range", session_.LabelOf(field), record, value);
     finding.text = field.id + " is outside " + CStr(limits.lowest) + " to " + CStr(limits.highest) + ".";
     Add(std::move(finding));
@@ -68,6 +62,7 @@ void PersonalityCheck::RunRules() {
   for (const SchemaField& field : session_.Content().GetSchema().Fields()) {
     for (const std::string& uiid : field.uiids) RunRule(field, uiid);
   }
+  RunForms();
   RunFinalRules();
 }
 
@@ -77,19 +72,53 @@ void PersonalityCheck::RunRule(const SchemaField& field, const std::string& uiid
   const RecordNr count = content.Count(content.GetSchema().TableOf(field));
   for (RecordNr record = 1; record <= count; ++record) {
     Journal journal(content);
+    // Rules read the fields beside the one that they judge from the record that the form shows.
+    Forms::TurnTo(session_, field.table, record);
     Variant value = content.Get(field, record);
     Boolean accepted = kFalse;
     host.Require(host.Validator().ValidateByUIID(uiid, value, record, accepted));
     journal.Rollback();
     if (accepted == kFalse || !messenger_.Boxes().empty()) {
       Collect(Origin(field, uiid, session_.LabelOf(uiid), record, content.Get(field, record)),
-              accepted != kFalse);
+              accepted != kFalse, "The value is refused without a message.");
     }
     messenger_.Clear();
   }
 }
 
+void PersonalityCheck::NoteToldTexts() {
+  for (const Finding& finding : findings_) told_.insert(finding.text);
+}
+
+void PersonalityCheck::RunForms() {
+  for (const Form& form : Forms::All()) {
+    NoteToldTexts();
+    const RecordNr count = Forms::RecordCount(session_.Content(), form);
+    if (count == 0) RunForm(form, 0);
+    for (RecordNr record = 1; record <= count; ++record) RunForm(form, record);
+  }
+}
+
+void PersonalityCheck::RunForm(const Form& form, RecordNr record) {
+  const Schema& schema = session_.Content().GetSchema();
+  Finding origin;
+  origin.rule = "form " + std::string(form.NameFor(schema.Model()));
+  origin.label = form.title;
+  if (record > 0) {
+    origin.table = form.subject;
+    origin.record = record;
+    origin.identity = IdentityOf(*schema.FindTable(form.subject), record);
+  }
+  Journal journal(session_.Content());
+  const bool isShown = record == 0 || Forms::TurnTo(session_, form.subject, record);
+  const bool mayBeLeft = isShown && Forms::MayBeLeft(session_, form);
+  journal.Rollback();
+  Collect(origin, mayBeLeft, "The form may not be left, and no message tells why.");
+  messenger_.Clear();
+}
+
 void PersonalityCheck::RunFinalRules() {
+  NoteToldTexts();
   TierHost& host = session_.Host();
   Journal journal(session_.Content());
   Boolean accepted = kFalse;
@@ -98,11 +127,11 @@ void PersonalityCheck::RunFinalRules() {
   Finding origin;
   origin.rule = "final";
   origin.label = "Before a save";
-  Collect(origin, accepted != kFalse);
+  Collect(origin, accepted != kFalse, "The personality may not be saved, and no message tells why.");
   messenger_.Clear();
 }
 
-void PersonalityCheck::Collect(const Finding& origin, bool accepted) {
+void PersonalityCheck::Collect(const Finding& origin, bool accepted, std::string_view silence) {
   for (const Shown& box : messenger_.Boxes()) {
     Finding finding = origin;
     finding.kind = KindOf(box);
@@ -112,14 +141,13 @@ void PersonalityCheck::Collect(const Finding& origin, bool accepted) {
   }
   if (accepted || !messenger_.Boxes().empty()) return;
   Finding finding = origin;
-  finding.text = "The value is refused without a message.";
+  finding.text = silence;
   Add(std::move(finding));
 }
 
 void PersonalityCheck::Add(Finding finding) {
-  const bool toldBefore = finding.rule == "final" && seenTexts_.contains(finding.text);
-  if (toldBefore || !seen_.emplace(finding.rule, finding.table, finding.record, finding.text).second) return;
-  seenTexts_.insert(finding.text);
+  if (told_.contains(finding.text)) return;
+  if (!seen_.emplace(finding.rule, finding.table, finding.record, finding.text).second) return;
   findings_.push_back(std::move(finding));
 }
 
@@ -137,7 +165,9 @@ Finding PersonalityCheck::Origin(const SchemaField& field, std::string rule, std
 
 std::string PersonalityCheck::IdentityOf(const SchemaTable& table, RecordNr record) const {
   const Provider& content = session_.Content();
-  for (const SchemaField& field : content.GetSchema().FieldsOf(table)) {
+  const SchemaTable& subject = *content.GetSchema().FindTable(Forms::SubjectOf(table.number));
+  if (record > content.Count(subject)) return {};
+  for (const SchemaField& field : content.GetSchema().FieldsOf(subject)) {
     if (field.isIdentity) return Report::TextOf(content.Get(field, record));
   }
   return {};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -13,6 +14,7 @@
 
 class Provider;
 class Session;
+struct Form;
 struct SchemaField;
 struct SchemaTable;
 
@@ -23,13 +25,14 @@ FindingKind KindOf(const Shown& box);
 /// What is wrong, or worth a word, in a personality.
 struct Finding {
   FindingKind kind = FindingKind::Error;
-  /// The UIID whose rule spoke, "range" for the schema's limits, "final" for the rules of a save.
+  /// The UIID whose rule spoke, "range" for the schema's limits, "form NAME" for the check of a form, "final"
+  /// for the rules of a save.
   std::string rule;
   std::string label;
   std::int32_t table = -1;  // -1: no single record
   RecordNr record = 0;
   std::string identity;  // the number that a person knows the record by (a channel's); empty for none
-  std::string value;
+  std::optional<std::string> value;  // of the field; a form has none
   std::string text;
   std::string answer;  // to a question, "Yes" or "No"
 };
@@ -56,7 +59,8 @@ class PersonalityCheck {
   /// The stored values against the limits of the schema. To be run on what the file holds, before the
   /// conversion for the forms.
   void CheckLimits();
-  /// The rule of each UIID, by table and record, then the rules of a save. To be run on the forms.
+  /// The rule of each UIID, by table and record, then the check of each form with each record that it can
+  /// show, then the rules of a save. To be run on the forms.
   void RunRules();
 
   const std::vector<Finding>& Findings() const { return findings_; }
@@ -66,9 +70,15 @@ class PersonalityCheck {
   /// The records of findings that were made before the identities were converted for the forms.
   void NameRecords();
   void RunRule(const SchemaField& field, const std::string& uiid);
+  /// All texts that were found so far are told; forms and the rules of a save, which look at fields once
+  /// more, do not tell them again.
+  void NoteToldTexts();
+  void RunForms();
+  /// Record 0: the form has none to show.
+  void RunForm(const Form& form, RecordNr record);
   void RunFinalRules();
-  /// The messages of the rule that has just run, and its refusal where it gave none.
-  void Collect(const Finding& origin, bool accepted);
+  /// The messages of the rule that has just run, or `silence` when it refused without one.
+  void Collect(const Finding& origin, bool accepted, std::string_view silence);
   void Add(Finding finding);
   Finding Origin(const SchemaField& field, std::string rule, std::string label, RecordNr record,
                  const Variant& value) const;
@@ -78,5 +88,5 @@ class PersonalityCheck {
   CheckMessenger& messenger_;
   std::vector<Finding> findings_;
   std::set<std::tuple<std::string, std::int32_t, RecordNr, std::string>> seen_;
-  std::set<std::string, std::less<>> seenTexts_;
+  std::set<std::string, std::less<>> told_;
 };

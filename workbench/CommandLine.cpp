@@ -14,7 +14,8 @@ constexpr const char* kFooter =
     "A personality is a JSON file. Records count from 1. An argument that begins with \"-\" goes behind "
     "\"--\".\n"
     "Data goes to standard output, messages and questions to standard error.\n"
-    "Exit codes: 0 done; 1 the answer is no (refused, findings); 2 it could not be done; 3 the tier failed.";
+    "Exit codes: 0 done; 1 the answer is no (refused, findings, differences); 2 it could not be done;\n"
+    "3 the tier failed.";
 
 void AddOptions(CLI::App& app, Options& options) {
   app.add_flag("--json", options.json, "Print data as JSON");
@@ -79,7 +80,12 @@ ExitCode RunCommand(std::vector<std::string> words, Workplace& workplace, const 
   AddShowCommand(app, action);
   AddEditCommands(app, action);
   AddCheckCommand(app, action);
+  AddComboCommand(app, action);
+  AddFormCommands(app, action);
   AddReferenceCommands(app, action);
+  AddConvertCommand(app, action);
+  AddVersionsCommand(app, action);
+  AddDiffCommand(app, action);
   if (!insideScript) AddScriptCommand(app, action);
 
   const std::optional<ExitCode> end = Parse(app, std::move(words), workplace, prefix);

@@ -18,7 +18,12 @@ void AddFileCommands(CLI::App& app, Action& action);       // new, info
 void AddShowCommand(CLI::App& app, Action& action);        // show
 void AddEditCommands(CLI::App& app, Action& action);       // get, set
 void AddCheckCommand(CLI::App& app, Action& action);       // check
+void AddComboCommand(CLI::App& app, Action& action);       // combo
+void AddFormCommands(CLI::App& app, Action& action);       // enabled, form
 void AddReferenceCommands(CLI::App& app, Action& action);  // bands, fields
+void AddConvertCommand(CLI::App& app, Action& action);     // convert
+void AddVersionsCommand(CLI::App& app, Action& action);    // versions
+void AddDiffCommand(CLI::App& app, Action& action);        // diff
 void AddScriptCommand(CLI::App& app, Action& action);      // run
 
 /// Reads the words of a command line behind the program's name and carries it out. Messages go to standard

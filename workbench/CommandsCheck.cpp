@@ -20,8 +20,8 @@ Json JsonOf(const Finding& finding) {
     json["table"] = finding.table;
     json["record"] = finding.record;
     json["identity"] = finding.identity;
-    json["value"] = finding.value;
   }
+  if (finding.value) json["value"] = *finding.value;
   json["text"] = finding.text;
   if (!finding.answer.empty()) json["answer"] = finding.answer;
   return json;
@@ -42,8 +42,8 @@ void PrintPlace(const Finding& finding, std::ostream& out) {
   if (finding.table >= 0) {
     out << ", table " << finding.table << " record " << finding.record;
     if (!finding.identity.empty()) out << " (number " << finding.identity << ")";
-    out << ": \"" << finding.value << '"';
   }
+  if (finding.value) out << ": \"" << *finding.value << '"';
   out << " [" << finding.rule << "]";
   if (!finding.answer.empty()) out << ", answered " << finding.answer;
   out << '\n';
@@ -92,7 +92,9 @@ ExitCode Check(const std::string& file, Workplace& workplace) {
 void AddCheckCommand(CLI::App& app, Action& action) {
   auto file = std::make_shared<std::string>();
   CLI::App* command = app.add_subcommand(
-      "check", "Run every rule over every record and list all findings; nothing is changed");
+      "check",
+      "Run the rules of all fields, forms and of a save over every record and list all findings; nothing is "
+      "changed");
   command->footer("Questions of the rules are answered yes, unless --answer says otherwise.");
   command->add_option("FILE", *file, "The personality")->required();
   command->callback(

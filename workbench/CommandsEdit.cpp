@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "workbench/Commands.h"
+#include "workbench/Forms.h"
 #include "workbench/Provider.h"
 #include "workbench/Report.h"
 #include "workbench/Schema.h"
@@ -54,14 +55,18 @@ const std::string& EditedName(const SchemaField& field, const std::string& given
   return field.uiids.front();
 }
 
+constexpr const char* kWouldBeLost =
+    "a save would lose the value, for the tier does not convert the field for the radio";
+
 /// An edit and what came of it.
 struct Edited {
   const EditArguments& arguments;
   const SchemaField& field;
   const std::string& uiid;
   EditResult result;
+  bool survives = true;  // a save would keep the value
   bool saved = false;
-  bool IsGranted() const { return result.accepted && !result.IsLost(); }
+  bool IsGranted() const { return result.accepted && !result.IsLost() && survives; }
 };
 
 void EmitEdit(const Edited& edited, const Session& session, const std::vector<Shown>& boxes,
@@ -77,6 +82,7 @@ void EmitEdit(const Edited& edited, const Session& session, const std::vector<Sh
                {"entered", edited.arguments.value},
                {"now", Report::JsonOf(result.accepted ? result.now : result.before)}};
   if (!result.refusal.empty()) data["refusal"] = result.refusal;
+  if (!edited.survives) data["refusal"] = kWouldBeLost;
   data[result.accepted ? "alsoChanged" : "writtenBeforeRefusal"] = Report::JsonOf(session, result.others);
   data["messages"] = Report::JsonOf(boxes);
   workplace.Emit(std::move(data));
@@ -90,6 +96,8 @@ void PrintEdit(const Edited& edited, const Session& session, std::ostream& out) 
   if (result.IsLost()) {
     out << "\"" << Report::TextOf(result.left) << "\" is no value that the radio can hold here; it keeps \""
         << Report::TextOf(result.now) << "\"\n";
+  } else if (!edited.survives) {
+    out << "\"" << edited.arguments.value << "\": " << kWouldBeLost << '\n';
   } else if (result.accepted) {
     out << Report::TextOf(result.before) << " -> " << Report::TextOf(result.now) << '\n';
   } else {
@@ -114,9 +122,14 @@ ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
   session.ConvertToForms();
   Report::RequireRecord(opened.Content(), field, arguments.record);
 
+  if (!Forms::TurnTo(session, field.table, arguments.record)) {
+    throw UsageError("the tier refuses to show record " + std::to_string(arguments.record) + " on the form");
+  }
+
   messenger->Clear();
   Edited edited{arguments, field, uiid, session.Edit(field, uiid, arguments.record, arguments.value)};
   const std::vector<Shown> boxes = messenger->Boxes();
+  edited.survives = !edited.IsGranted() || session.Survives(field, arguments.record);
   if (edited.IsGranted() && !arguments.dryRun) {
     opened.Save();
     edited.saved = true;

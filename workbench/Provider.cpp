@@ -134,6 +134,22 @@ std::shared_ptr<Provider> Provider::Copy() const {
   return copy;
 }
 
+std::shared_ptr<Provider> Provider::StoredCopy() const {
+  auto copy = std::make_shared<Provider>(SharedSchema());
+  copy->state_->factoryMode = state_->factoryMode;
+  for (const SchemaTable& table : GetSchema().Tables()) {
+    if (!table.IsRaw()) continue;
+    const RecordNr count = Count(table);
+    copy->SetCount(table.number, count);
+    for (const SchemaField& field : GetSchema().FieldsOf(table)) {
+      for (RecordNr record = 1; field.IsRaw() && record <= count; ++record) {
+        copy->Set(field, record, Get(field, record));
+      }
+    }
+  }
+  return copy;
+}
+
 const Schema& Provider::GetSchema() const { return state_->GetSchema(); }
 
 const std::shared_ptr<const Schema>& Provider::SharedSchema() const { return state_->records.SharedSchema(); }

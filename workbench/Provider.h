@@ -50,6 +50,8 @@ class Provider final : public Iprovider {
 
   /// Another provider with the same content and flags, a monitor of its own and no journal.
   std::shared_ptr<Provider> Copy() const;
+  /// Likewise with what is stored alone, as a file keeps it: the forms hold their defaults.
+  std::shared_ptr<Provider> StoredCopy() const;
 
   const Schema& GetSchema() const;
   const std::shared_ptr<const Schema>& SharedSchema() const;

@@ -36,18 +36,13 @@ bool IsLike(std::string_view known, std::string_view typed) {
   return Distance(known, typed) <= 1 + typed.size() / 4;
 }
 
-/// Names of the schema that are spelled like `typed`, the nearest first.
-std::vector<std::string> NamesLike(const Schema& schema, std::string_view typed) {
-  constexpr std::size_t kMost = 5;
+/// All names by which a field of the schema can be called.
+std::vector<std::string> NamesOf(const Schema& schema) {
   std::vector<std::string> names;
   for (const SchemaField& field : schema.Fields()) {
-    for (const std::string& uiid : field.uiids) {
-      if (IsLike(uiid, typed)) names.push_back(uiid);
-    }
-    if (IsLike(field.id, typed)) names.push_back(field.id);
+    names.insert(names.end(), field.uiids.begin(), field.uiids.end());
+    names.push_back(field.id);
   }
-  std::ranges::stable_sort(names, {}, [&](const std::string& name) { return Distance(name, typed); });
-  if (names.size() > kMost) names.resize(kMost);
   return names;
 }
 
@@ -136,6 +131,16 @@ Json JsonOf(const std::vector<Shown>& boxes) {
   return list;
 }
 
+std::string Suggestion(std::string_view typed, std::vector<std::string> names) {
+  constexpr std::size_t kMost = 5;
+  std::erase_if(names, [&](const std::string& name) { return !IsLike(name, typed); });
+  std::ranges::stable_sort(names, {}, [&](const std::string& name) { return Distance(name, typed); });
+  if (names.size() > kMost) names.resize(kMost);
+  std::string text;
+  for (const std::string& name : names) text += (text.empty() ? "; do you mean " : ", ") + name;
+  return text.empty() ? text : text + "?";
+}
+
 const SchemaField& FieldNamed(const Schema& schema, std::string_view name) {
   const SchemaField* field = schema.Find(name);
   if (field != nullptr) return *field;
@@ -144,10 +149,7 @@ const SchemaField& FieldNamed(const Schema& schema, std::string_view name) {
     text += "is a field of several tables; put the table number before it (\"5." + std::string(name) + "\")";
     throw UsageError(text);
   }
-  text += "is no field of version " + schema.Version();
-  const std::vector<std::string> names = NamesLike(schema, name);
-  for (std::size_t i = 0; i < names.size(); ++i) text += (i == 0 ? "; do you mean " : ", ") + names[i];
-  throw UsageError(text + (names.empty() ? "" : "?"));
+  throw UsageError(text + "is no field of version " + schema.Version() + Suggestion(name, NamesOf(schema)));
 }
 
 void RequireRecord(const Provider& content, const SchemaField& field, RecordNr record) {

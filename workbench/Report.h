@@ -37,6 +37,9 @@ TextTable ChangeTable(const Session& session, const std::vector<Change>& changes
 Json JsonOf(const Session& session, const std::vector<Change>& changes);
 Json JsonOf(const std::vector<Shown>& boxes);
 
+/// "; do you mean A, B?" with those of the names that are spelled like `typed`, the nearest first; empty
+/// when none is.
+std::string Suggestion(std::string_view typed, std::vector<std::string> names);
 /// The field that a name on the command line means. An unknown one is a UsageError that suggests names
 /// that are spelled alike.
 const SchemaField& FieldNamed(const Schema& schema, std::string_view name);

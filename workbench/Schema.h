@@ -47,6 +47,8 @@ struct SchemaField {
   std::int32_t minimum = 0;  // unscaled
   std::int32_t maximum = 0;
   Currency scale;
+  /// Whether the limits are in the unit of what is stored.
+  bool IsUnscaled() const { return scale.tenThousandths == 10000; }
   std::string units;
   std::int32_t transform = 0;  // 0 for none
   std::string validation;

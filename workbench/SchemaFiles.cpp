@@ -112,10 +112,10 @@ std::vector<std::string> SplitNames(std::string_view names) {
   return parts;
 }
 
-/// An integer that has a range, with a default outside it.
+/// An integer that has a range, with a default outside it. That of a scaled field is in other units.
 bool IsIdentity(const TabbedFile& file, const SchemaField& field) {
   using namespace field_columns;
-  if (field.type != FieldType::Integer) return false;
+  if (field.type != FieldType::Integer || !field.IsUnscaled()) return false;
   if (file.Cell(kMinimum).empty() || file.Cell(kMaximum).empty()) return false;
   const std::int32_t standard = CLng(field.standard);
   return standard < field.minimum || standard > field.maximum;

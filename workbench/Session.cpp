@@ -34,16 +34,27 @@ Limits LimitsOf(const SchemaField& field) {
   return {static_cast<double>(field.minimum), static_cast<double>(field.maximum)};
 }
 
+bool IsWithinLimits(const SchemaField& field, const Variant& stored) {
+  const bool isNumber = field.type == FieldType::Integer || field.type == FieldType::Number;
+  if (!field.IsRaw() || !isNumber || !field.IsUnscaled()) return true;
+  // The default of an identity lies outside its limits on purpose: the record has not got one yet.
+  return LimitsOf(field).Hold(CDbl(stored)) || (field.isIdentity && SameCell(stored, field.standard));
+}
+
 Session::Session(const HostParts& parts, std::shared_ptr<Provider> provider,
                  std::shared_ptr<Imessenger> messenger)
     : provider_(provider), host_(parts, std::move(provider), std::move(messenger)) {}
 
-void Session::ConvertToForms() {
-  host_.Require(host_.Owner().PostReadProcessing(provider_, Variant()));
-  for (const SchemaField& field : provider_->GetSchema().Fields()) {
+void Session::ConvertToForms() { ConvertToForms(provider_); }
+
+void Session::ConvertToForms(const std::shared_ptr<Provider>& provider) {
+  host_.Require(host_.Owner().PostReadProcessing(provider, Variant()));
+  for (const SchemaField& field : provider->GetSchema().Fields()) {
     if (field.transform == 0) continue;
     // Asked anew for each record: a conversion may rebuild its own table.
-    for (RecordNr record = 1; record <= LastRecord(*provider_, field); ++record) ConvertToForm(field, record);
+    for (RecordNr record = 1; record <= LastRecord(*provider, field); ++record) {
+      ConvertToForm(provider, field, record);
+    }
   }
 }
 
@@ -76,7 +87,17 @@ EditResult Session::Edit(const SchemaField& field, std::string_view uiid, Record
 void Session::Store(const SchemaField& field, RecordNr record, Variant value) {
   provider_->Set(field, record, std::move(value));
   ConvertToRaw(provider_, field, record);
-  ConvertToForm(field, record);
+  ConvertToForm(provider_, field, record);
+}
+
+bool Session::Survives(const SchemaField& field, RecordNr record) {
+  if (field.IsRaw()) return true;
+  const std::shared_ptr<Provider> reopened = ConvertedToRaw()->StoredCopy();
+  host_.UseStore(reopened);
+  ConvertToForms(reopened);
+  host_.UseStore(provider_);
+  return record <= reopened->Count(field.table) &&
+         SameCell(reopened->Get(field, record), provider_->Get(field, record));
 }
 
 std::shared_ptr<Provider> Session::ConvertedToRaw() {
@@ -107,9 +128,10 @@ std::string Session::LabelOf(const SchemaField& field) const {
   return field.uiids.empty() ? field.id : LabelOf(field.uiids.front());
 }
 
-void Session::ConvertToForm(const SchemaField& field, RecordNr record) {
+void Session::ConvertToForm(const std::shared_ptr<Provider>& provider, const SchemaField& field,
+                            RecordNr record) {
   Boolean converted = kFalse;  // false: the field has no conversion, its value serves as it is
-  host_.Require(host_.Owner().TransformToUI(provider_, field.id, record, converted));
+  host_.Require(host_.Owner().TransformToUI(provider, field.id, record, converted));
 }
 
 void Session::ConvertToRaw(const std::shared_ptr<Provider>& provider, const SchemaField& field,

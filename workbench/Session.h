@@ -19,6 +19,10 @@ struct Limits {
 };
 Limits LimitsOf(const SchemaField& field);
 
+/// Whether the schema lets the field hold what is stored in it. It says nothing of texts and arrays, nor of a
+/// field that is converted in place: the radio stores it in other units than its limits have.
+bool IsWithinLimits(const SchemaField& field, const Variant& stored);
+
 /// What became of an edit.
 struct EditResult {
   bool accepted = false;
@@ -54,6 +58,10 @@ class Session {
   /// The content as the radio holds it, for the file: made on a copy, the forms stay as they are.
   std::shared_ptr<Provider> ConvertedToRaw();
 
+  /// Whether the value of a field would come back from a file of the content as it stands now. It does not
+  /// where the tier has no conversion for a field of the forms, or not yet.
+  bool Survives(const SchemaField& field, RecordNr record);
+
   Provider& Content() const { return *provider_; }
   TierHost& Host() { return host_; }
 
@@ -63,7 +71,8 @@ class Session {
   std::string LabelOf(const SchemaField& field) const;
 
  private:
-  void ConvertToForm(const SchemaField& field, RecordNr record);
+  void ConvertToForms(const std::shared_ptr<Provider>& provider);
+  void ConvertToForm(const std::shared_ptr<Provider>& provider, const SchemaField& field, RecordNr record);
   void ConvertToRaw(const std::shared_ptr<Provider>& provider, const SchemaField& field, RecordNr record);
 
   std::shared_ptr<Provider> provider_;

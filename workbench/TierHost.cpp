@@ -17,6 +17,7 @@ TierHost::TierHost(const HostParts& parts, std::shared_ptr<Provider> provider,
 TierHost::~TierHost() {
   userInterface_.reset();
   validator_.reset();
+  versions_.reset();
   owner_.reset();
   if (tier_ != nullptr) static_cast<void>(tier_->Terminate());
   tier_.reset();
@@ -32,6 +33,7 @@ void TierHost::CreateTier(std::shared_ptr<Imessenger> messenger) {
   if (initialised == kFalse) throw TierFault("the tier could not be initialised");
   if (version != nullptr) Require(tier_->SetTierKey(version->Key()));
   Require(tier_->ProviderOwner(owner_));
+  Require(tier_->Schema(versions_));
   Require(tier_->Validator(validator_));
   Require(tier_->UserInterface(userInterface_));
 }

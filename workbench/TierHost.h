@@ -5,6 +5,7 @@
 #include <string>
 
 #include "host/IproviderOwner.h"
+#include "host/ItierSchema.h"
 #include "host/ItierUserInterface.h"
 #include "host/ItierValidator.h"
 
@@ -38,10 +39,11 @@ class TierHost {
   TierHost(const TierHost&) = delete;
   TierHost& operator=(const TierHost&) = delete;
 
-  /// The tier finds this store, of the open personality's version, from now on.
+  /// The tier finds this store for its version from now on.
   void UseStore(std::shared_ptr<Provider> provider);
 
   IproviderOwner& Owner() const { return *owner_; }
+  ItierSchema& Versions() const { return *versions_; }
   ItierValidator& Validator() const { return *validator_; }
   ItierUserInterface& UserInterface() const { return *userInterface_; }
 
@@ -62,6 +64,7 @@ class TierHost {
   std::shared_ptr<TierLibrary> library_;
   std::shared_ptr<Itier> tier_;
   std::shared_ptr<IproviderOwner> owner_;
+  std::shared_ptr<ItierSchema> versions_;
   std::shared_ptr<ItierValidator> validator_;
   std::shared_ptr<ItierUserInterface> userInterface_;
 };

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <nlohmann/json.hpp>
+#include <set>
 #include <vector>
 
 #include "tests/workbench/FileHelpers.h"
@@ -65,6 +66,19 @@ TEST_F(CommandLine, TellsByItsExitCodeHowItEnded) {
       {{"new", fresh, "--version", "KD4410.0030"}, 2, "KD4410.0029"},
       {{"new", fresh, "--version", "KD4410.0094", "--band", "Z9"}, 2, "A4, B1"},
       {{"--tier", damaged, "check", file}, 2, "damaged.json"},
+      {{"enabled", file, "SecurityPIN9"}, 2, "do you mean SecurityPIN1"},
+      {{"enabled", file, "5.ChannelTxFreq"}, 2, "has no control"},
+      {{"enabled", file, "SecurityPIN1", "0"}, 2, "records count from 1"},
+      {{"enabled", file, "--", "SecurityPIN1", "-1"}, 2, "records count from 1"},
+      {{"enabled", file}, 2, "give one of these"},
+      {{"enabled", file, "SecurityPIN1", "--all"}, 2, "give one of these"},
+      {{"enabled", file, "--form", "PTT", "--all"}, 2, "give one of these"},
+      {{"enabled", file, "--all", "--why"}, 2, "give its UIID"},
+      {{"enabled", file, "--all", "--record", "0"}, 2, "records count from 1"},
+      {{"form", file, "USRCTLPTTS"}, 2, "do you mean USRCTLPTT"},
+      {{"form", file}, 2, "FILE and NAME"},
+      {{"form", file, "Channels", "--record", "19"}, 2, "record 19 is outside 1..18"},
+      {{"form", file, "PTT", "--record", "1"}, 2, "does not show one record"},
       {{"check", faulty}, 3, "a fault of the tier"},
       {{"set", faulty, "TxFreq_k6k", "1", "440.5"}, 3, "Nothing was saved"},
   };
@@ -123,6 +137,68 @@ TEST_F(CommandLine, CheckListsAllFindingsEachOnce) {
   }
   EXPECT_THAT(found, testing::UnorderedElementsAre("error range", "error RxFreq_k6k", "question TxFreq_k6k",
                                                    "question Band_k6k"));
+}
+
+TEST_F(CommandLine, ADisabledControlTellsWhatItLacksAndIsEnabledByIt) {
+  const Outcome disabled = Run({"enabled", file, "AllowSDMOverwrite", "--why"});
+  EXPECT_EQ(disabled.code, 1);
+  EXPECT_THAT(disabled.out, testing::StartsWith("disabled\nenabled when: "));
+  EXPECT_THAT(disabled.out, AllOf(HasSubstr("DataSDMOptionsEnabled"), HasSubstr("to enable it: Short Data")));
+  EXPECT_EQ(Run({"set", file, "DataSDMOptionsEnabled", "1", "1"}).code, 0);
+  const json why = json::parse(Run({"--json", "enabled", file, "allowsdmoverwrite", "--why"}).out);
+  EXPECT_EQ(why["enabled"], true);
+  EXPECT_EQ(why["why"]["readings"][0]["holds"], true);
+  EXPECT_EQ(why["why"]["missing"], "");
+  EXPECT_THAT(Run({"enabled", file, "TxFreq_k6k", "--why"}).out, HasSubstr("it has no rule"));
+  EXPECT_EQ(Run({"enabled", file, "StealthIndicator", "--why"}).out, "disabled\nenabled when: never\n");
+}
+
+TEST_F(CommandLine, AControlOfANetworkIsThatOfTheRecordThatWasGiven) {
+  const std::string fleet = folder.Write("fleet.json", ContentOf(Sample("city-fleet")));
+  ASSERT_EQ(Run({"set", fleet, "EmergencyEnabled", "1", "0"}).code, 0);
+  ASSERT_EQ(Run({"set", fleet, "EmergencyEnabled", "2", "1"}).code, 0);
+  // Record 99: a control is drawn before its record exists.
+  const std::pair<const char*, const char*> cases[] = {
+      {"1", "disabled\n"}, {"2", "enabled\n"}, {"99", "enabled\n"}};
+  for (const auto& [record, state] : cases) {
+    EXPECT_EQ(Run({"enabled", fleet, "EmSignallingType", record}).out, state) << record;
+    const Outcome form = Run({"--json", "enabled", fleet, "--form", "emergency", "--record", record});
+    EXPECT_EQ(form.code, 0);
+    for (const json& control : json::parse(form.out)) {
+      if (control["uiid"] != "EmSignallingType") continue;
+      EXPECT_EQ(std::to_string(control["record"].get<int>()), record);
+      EXPECT_EQ(control["enabled"], *state == 'e');
+    }
+  }
+}
+
+TEST_F(CommandLine, EachControlIsListedOnceAndOnItsForm) {
+  std::set<std::string> uiids;
+  std::set<std::string> onEmergency;
+  const json all = json::parse(Run({"--json", "enabled", file, "--all"}).out);
+  for (const json& control : all) {
+    const std::string uiid = control["uiid"];
+    EXPECT_TRUE(uiids.insert(uiid).second) << uiid;
+    if (control["form"] == "Emergency") onEmergency.insert(uiid);
+  }
+  EXPECT_TRUE(uiids.contains("MDC1200ANISequence"));  // on no form with a check
+  std::set<std::string> listed;
+  for (const json& control :
+       json::parse(Run({"--json", "enabled", file, "--form", "UsrCtlEmergencyKE2210"}).out)) {
+    listed.insert(control["uiid"]);
+  }
+  EXPECT_EQ(listed, onEmergency);
+  EXPECT_TRUE(listed.contains("StealthIndicator"));
+}
+
+TEST_F(CommandLine, AFormIsLeftWithoutKeepingAnything) {
+  const Outcome left = Run({"form", file, "channels", "--record", "18"});
+  EXPECT_EQ(left.code, 0) << left.err;
+  EXPECT_EQ(left.out, "Channels (USRCTLCHANNELSKD4410), record 18: the form may be left\n");
+  const json told = json::parse(Run({"--json", "form", file, "USRCTLPTT"}).out);
+  EXPECT_EQ(told["mayBeLeft"], true);
+  EXPECT_EQ(json::parse(Run({"--json", "form", "--list"}).out).size(), 17U);
+  EXPECT_EQ(ContentOf(file), marine);
 }
 
 TEST_F(CommandLine, AScriptStopsAtTheFirstLineThatFails) {

@@ -1,0 +1,198 @@
+#include "workbench/Conversion.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/Conversions.h"
+#include "tests/support/TierFixture.h"
+#include "tests/workbench/FileHelpers.h"
+#include "tests/workbench/InProcessCommand.h"
+#include "workbench/PersonalityFile.h"
+
+namespace {
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class ConversionTest : public testing::Test {
+ protected:
+  static std::shared_ptr<Provider> Content(const std::string& sample) {
+    return PersonalityFile::Parse(sample, ContentOf(Sample(sample)), *ProjectSchemas());
+  }
+  static std::vector<std::string> Way(const std::string& from, const std::string& to) {
+    std::vector<std::string> path;
+    for (const VersionName& version : SchemaFiles::VersionsOf("KD4410")) path.push_back(version.Text());
+    return WayBetween(path, "KD4410." + from, "KD4410." + to);
+  }
+  Conversion Convert(const std::shared_ptr<Provider>& content, const std::vector<std::string>& way,
+                     const ConversionStep& step = StepOfTier) {
+    return Converter(parts, messenger, step).Convert(content, way);
+  }
+  static std::vector<std::string> Told(const std::vector<Change>& changes) {
+    std::vector<std::string> told;
+    for (const Change& change : changes) {
+      told.push_back((change.field == nullptr
+                          ? "count of " + std::to_string(change.table->number)
+                          : change.field->id + "[" + std::to_string(change.record) + "]") +
+                     " " + CStr(change.before) + ">" + CStr(change.now));
+    }
+    return told;
+  }
+
+  const HostParts parts{ProjectSchemas(), TIER_LIBRARY,
+                        std::filesystem::path(TIER_LIBRARY).parent_path().string()};
+  const std::shared_ptr<ScriptedMessenger> messenger = std::make_shared<ScriptedMessenger>();
+};
+
+TEST_F(ConversionTest, TheWayLeadsOverTheNeighboursInBothDirections) {
+  EXPECT_THAT(Way("0091", "0094"), ElementsAre("KD4410.0091", "KD4410.0093", "KD4410.0094"));
+  EXPECT_THAT(Way("0094", "0091"), ElementsAre("KD4410.0094", "KD4410.0093", "KD4410.0091"));
+  EXPECT_THAT(Way("0094", "0095"), IsEmpty());
+  EXPECT_EQ(VersionOfKey("0087.KE2210 Rx"), "KE2210 Rx.0087");
+}
+
+/// A step of no version: what the walk itself does, whatever the steps.
+bool RenumberOnly(TierHost&, const ConversionPair& pair) {
+  pair.destination->Set("39.Databaseversion", 1, CLng(pair.to.substr(pair.to.size() - 4)));
+  return true;
+}
+
+TEST_F(ConversionTest, EverySampleGoesToTheOldestVersionAndBackAsAFile) {
+  for (const char* sample : kSamples) {
+    const auto content = Content(sample);
+    const Conversion down = Convert(content, Way("0094", "0029"), RenumberOnly);
+    ASSERT_NE(down.result, nullptr) << sample;
+    const std::string oldest = PersonalityFile::Format(sample, *down.result);
+    EXPECT_THAT(oldest, HasSubstr("\"version\": \"KD4410.0029\"")) << sample;
+    const Conversion up =
+        Convert(PersonalityFile::Parse(sample, oldest, *ProjectSchemas()), Way("0029", "0094"), RenumberOnly);
+    ASSERT_NE(up.result, nullptr) << sample;
+    // Old versions have one scan group at least.
+    EXPECT_EQ(Told(down.hops[7].changes)[0] == "count of 16 0>1", content->Count(16) == 0);
+    up.result->SetCount(16, content->Count(16));
+    const std::string again = PersonalityFile::Format(sample, *up.result);
+    const bool lostSomething =
+        std::ranges::any_of(down.hops, [](const Hop& hop) { return !hop.losses.empty(); });
+    EXPECT_EQ(again == ContentOf(Sample(sample)), !lostSomething) << sample;
+    EXPECT_EQ(PersonalityFile::Format(sample, *content), ContentOf(Sample(sample)));
+  }
+}
+
+TEST_F(ConversionTest, WhatAVersionCanNotHoldIsTold) {
+  const auto content = Content("full");
+  content->Set("69.GPSSDMCompatibility", 1, 1);
+  const Conversion conversion = Convert(content, Way("0094", "0029"), RenumberOnly);
+  std::vector<std::string> lost;
+  for (const Hop& hop : conversion.hops) {
+    for (const Loss& loss : hop.losses) {
+      lost.push_back(hop.to.substr(7) + " " +
+                     (loss.field ? loss.field->id : std::to_string(loss.table->number)) + " " +
+                     std::to_string(loss.record) + "-" + std::to_string(loss.last));
+      if (loss.field == nullptr && loss.table->number == 5) {
+        EXPECT_EQ(loss.identities.front() + "-" + loss.identities.back(), "25-90");
+        EXPECT_THAT(loss.identities, SizeIs(66));
+      }
+    }
+  }
+  EXPECT_THAT(lost, testing::IsSupersetOf(
+                        {"0085 5 25-90", "0085 7 25-90", "0085 16 2-10", "0029 69.GPSSDMCompatibility 1-1"}));
+  EXPECT_EQ(conversion.result->Count(5), 24);
+  ASSERT_THAT(conversion.hops[0].outside, SizeIs(1));
+  EXPECT_EQ(conversion.hops[0].outside[0].field->id, "9.DataVHSDNumFECCodewords");
+}
+
+TEST_F(ConversionTest, AStepWorksOnCopiesAndAllThatItWritesIsKept) {
+  const auto content = Content("city-fleet");
+  content->Set("36.DCSTxPolarity", 1, 1);
+  const auto step = [](TierHost&, const ConversionPair& pair) {
+    // The forms have the polarity in the opposite sense; what was copied is what the radio stores.
+    EXPECT_EQ(CLng(pair.source->Get("36.DCSTxPolarity", 1)), 0);
+    EXPECT_EQ(CLng(pair.destination->Get("36.DCSTxPolarity", 1)), 1);
+    EXPECT_EQ(CStr(pair.source->Get("TxFreq_k6k", 2)), "450.037500");
+    pair.source->Set("TxPower_k6k", 1, 0);
+    pair.destination->Set("TxPower_k6k", 3, 1);
+    pair.destination->Set("TxFreq_k6k", 2, "450.1");  // a form field
+    pair.destination->SetCount(4, 1);
+    pair.destination->Set("4.ProgIndex", 1, 40);
+    return true;
+  };
+  const Conversion conversion = Convert(content, Way("0094", "0093"), step);
+  ASSERT_THAT(conversion.hops, SizeIs(1));
+  EXPECT_THAT(Told(conversion.hops[0].changes),
+              ElementsAre("count of 4 0>1", "4.ProgIndex[1] 0>40", "5.ChannelTxFreq[2] 450037500>450100000",
+                          "5.TxPower_k6k[3] 4>1"));
+  EXPECT_EQ(CLng(conversion.result->Get("36.DCSTxPolarity", 1)), 1);
+  EXPECT_EQ(CLng(content->Get("TxPower_k6k", 1)), 4);
+  EXPECT_EQ(CLng(content->Get("TxPower_k6k", 3)), 4);
+}
+
+TEST_F(ConversionTest, ARefusalStopsTheConversion) {
+  const auto step = [&](TierHost& host, const ConversionPair& pair) {
+    std::int32_t button = 0;
+    Check(messenger->ShowMessage("At " + pair.to, MessageStyle::kExclamation, "Error", "", button));
+    return pair.to != "KD4410.0091" && StepOfTier(host, pair);
+  };
+  const auto content = Content("minimal");
+  const Conversion conversion = Convert(content, Way("0094", "0089"), step);
+  EXPECT_EQ(conversion.result, nullptr);
+  ASSERT_THAT(conversion.hops, SizeIs(2));
+  EXPECT_TRUE(conversion.hops[0].accepted);
+  EXPECT_FALSE(conversion.hops[1].accepted);
+  ASSERT_THAT(conversion.hops[1].messages, SizeIs(1));
+  EXPECT_EQ(conversion.hops[1].messages[0].text, "At KD4410.0091");
+  EXPECT_EQ(PersonalityFile::Format("minimal", *content), ContentOf(Sample("minimal")));
+}
+
+TEST_F(ConversionTest, AFaultOfTheTierIsNoRefusal) {
+  const auto step = [](TierHost& host, const ConversionPair& pair) {
+    pair.destination->Monitor().FailOnce(1);
+    return StepOfTier(host, pair);
+  };
+  EXPECT_THROW(Convert(Content("minimal"), Way("0094", "0093"), step), TierFault);
+}
+
+using ConvertCommand = InProcessCommand;
+
+TEST_F(ConvertCommand, WritesANewFileAndNeverOverAnotherUnasked) {
+  const std::string written = folder.PathOf("p-0093.json");
+  EXPECT_EQ(Run({"convert", file, "--to", "0093"}), ExitCode::Done) << messages;
+  EXPECT_EQ(ContentOf(file), sample);
+  EXPECT_EQ(Run({"show", written, "channels"}), ExitCode::Done) << messages;
+  const std::string first = ContentOf(written);
+  const std::pair<std::vector<std::string>, const char*> refused[] = {
+      {{file, "--to", "0093"}, "p-0093.json is there already"},
+      {{file, "--to", "kd4410.0091", "--out", file}, "p.json is there already"},
+      {{file, "--to", "0094"}, "nothing to convert"},
+      {{file, "--to", "0095", "--force"}, "the versions of KD4410 are KD4410.0029, "},
+      {{file, "--to", "KE2210 Rx.0093", "--force"}, "no conversion leads from KD4410.0094"},
+      {{folder.PathOf("none.json"), "--to", "0093", "--force"}, "none.json"},
+      {{folder.Write("damaged.json", "{\n]"), "--to", "0093"}, "damaged.json:2"},
+      {{file}, "--to is required"},
+      {{file, "--to", "0093", "--out", folder.PathOf("no/such/p.json")}, "no/such/p.json"},
+  };
+  for (auto [words, message] : refused) {
+    words.insert(words.begin(), "convert");
+    EXPECT_EQ(Run(words), ExitCode::CouldNot) << message;
+    EXPECT_THAT(messages, HasSubstr(message));
+  }
+  EXPECT_EQ(ContentOf(written), first);
+  EXPECT_EQ(ContentOf(file), sample);
+  EXPECT_EQ(Run({"convert", file, "--to", "0091", "--out", file, "--force", "--json"}), ExitCode::Done);
+  EXPECT_THAT(ContentOf(file), HasSubstr("\"version\": \"KD4410.0091\""));
+  EXPECT_THAT(nlohmann::json::parse(out.str())["hops"], SizeIs(2));
+}
+
+TEST_F(ConvertCommand, TheVersionsOfAModelAreListedOldestFirst) {
+  ASSERT_EQ(Run({"versions", "--model", "ke2210 rx", "--json"}), ExitCode::Done) << messages;
+  const auto list = nlohmann::json::parse(out.str());
+  ASSERT_THAT(list, SizeIs(1));
+  const auto& versions = list[0]["versions"];
+  EXPECT_EQ(versions.front()["version"], "KE2210 Rx.0087");
+  EXPECT_TRUE(versions.front()["base"].is_null());
+  EXPECT_EQ(versions.back()["base"], "KE2210 Rx.0093");
+  EXPECT_TRUE(versions.back()["latest"]);
+  EXPECT_EQ(Run({"versions", "--model", "KD4411"}), ExitCode::CouldNot);
+  EXPECT_THAT(messages, HasSubstr("the models are KD4410, KE2210 Rx, KE2210 Tx"));
+}
+}  // namespace

@@ -1,0 +1,220 @@
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <memory>
+#include <ostream>
+
+#include "platform/CaseText.h"
+#include "workbench/Check.h"
+#include "workbench/Commands.h"
+#include "workbench/Conversion.h"
+#include "workbench/PersonalityFile.h"
+#include "workbench/Provider.h"
+#include "workbench/RecordKeys.h"
+#include "workbench/Report.h"
+#include "workbench/Schema.h"
+#include "workbench/TextTable.h"
+
+namespace {
+
+using Json = Workplace::Json;
+
+struct ConvertArguments {
+  std::string file;
+  std::string version;
+  std::string out;
+  bool force = false;
+};
+
+std::string Joined(const std::vector<std::string>& names) {
+  std::string text;
+  for (const std::string& name : names) text += (text.empty() ? "" : ", ") + name;
+  return text;
+}
+
+/// The versions from that of the content to the one asked for, which is given with its model or as digits.
+std::vector<std::string> WayTo(const ConvertArguments& arguments, const std::shared_ptr<Provider>& content,
+                               Workplace& workplace) {
+  const VersionName& version = content->GetSchema().Name();
+  TierHost host(workplace.Parts(), content, workplace.Messenger());
+  const std::vector<std::string> path = VersionPath(host, version);
+  for (const std::string& to : path) {
+    const bool isAsked = EqualsIgnoringCase(to, arguments.version) ||
+                         EqualsIgnoringCase(to, version.model + "." + arguments.version);
+    if (!isAsked) continue;
+    if (to != version.Text()) return WayBetween(path, version.Text(), to);
+    throw UsageError(arguments.file + " is of version " + to + " already: there is nothing to convert");
+  }
+  throw UsageError("no conversion leads from " + version.Text() + " to \"" + arguments.version +
+                   "\"; the versions of " + version.model + " are " + Joined(path));
+}
+
+/// Beside the personality: "fleet-0093.json" for "fleet.json".
+std::string DefaultOutput(const std::string& file, const std::string& version) {
+  std::filesystem::path path(file);
+  path.replace_filename(path.stem().string() + "-" + SchemaFiles::VersionOf(version).Digits() + ".json");
+  return path.string();
+}
+
+AtomicFile NewOutput(const ConvertArguments& arguments, const std::string& version) {
+  AtomicFile file(arguments.out.empty() ? DefaultOutput(arguments.file, version) : arguments.out);
+  if (file.Exists() && !arguments.force) {
+    throw UsageError(file.Name() + " is there already; --force overwrites it, --out names another");
+  }
+  return file;
+}
+
+std::string OneLine(std::string text) {
+  for (std::size_t at = 0; (at = text.find_first_of("\r\n", at)) != std::string::npos;) {
+    const std::size_t end = std::min(text.find_first_not_of("\r\n", at), text.size());
+    text.replace(at, end - at, end < text.size() ? " " : "");
+  }
+  return text;
+}
+
+void PrintLosses(const Session& session, const std::vector<Loss>& losses, std::ostream& out) {
+  TextTable table({{""}, {""}, {""}, {""}});
+  for (const Loss& loss : losses) {
+    if (loss.field != nullptr) {
+      const std::string& name = Report::NameOf(*loss.field);
+      const std::string label = session.LabelOf(*loss.field);
+      table.Add({name, label == name ? "" : label, "record " + std::to_string(loss.record),
+                 Report::TextOf(loss.value)});
+    } else {
+      table.Add({"table " + std::to_string(loss.table->number), loss.table->title,
+                 "records " + std::to_string(loss.record) + " to " + std::to_string(loss.last),
+                 loss.identities.empty() ? "" : "numbers " + ListOf(loss.identities)});
+    }
+  }
+  table.Print(out, 4);
+}
+
+void PrintOutside(const Session& session, const std::vector<OutsideValue>& values, std::ostream& out) {
+  TextTable table({{""}, {""}, {""}, {""}});
+  for (const OutsideValue& one : values) {
+    const std::string& name = Report::NameOf(*one.field);
+    const std::string label = session.LabelOf(*one.field);
+    table.Add({name, label == name ? "" : label, "record " + std::to_string(one.record),
+               Report::TextOf(one.value) + " is not in " + std::to_string(one.field->minimum) + " to " +
+                   std::to_string(one.field->maximum)});
+  }
+  table.Print(out, 4);
+}
+
+void PrintHop(const Session& session, const Hop& hop, std::ostream& out) {
+  out << hop.from << " -> " << hop.to << (hop.accepted ? "\n" : ": refused\n");
+  for (const Shown& box : hop.messages) {
+    out << "  " << NameOf(KindOf(box)) << ": " << OneLine(box.text);
+    if (IsQuestion(box.style)) out << " (answered " << (box.answer == Button::Yes ? "Yes)" : "No)");
+    out << '\n';
+  }
+  if (!hop.accepted) return;
+  if (!hop.changes.empty()) {
+    out << "  Changed:\n";
+    Report::ChangeTable(session, hop.changes).Print(out, 4);
+  }
+  if (!hop.losses.empty()) {
+    out << "  Not in " << hop.to << ", left behind:\n";
+    PrintLosses(session, hop.losses, out);
+  }
+  if (!hop.outside.empty()) {
+    out << "  Kept, but outside the limits of " << hop.to << ":\n";
+    PrintOutside(session, hop.outside, out);
+  }
+}
+
+Json JsonOf(const Session& session, const Loss& loss) {
+  Json json = {{"table", loss.table->number}, {"title", loss.table->title}};
+  if (loss.field != nullptr) {
+    json["fieldId"] = loss.field->id;
+    json["label"] = session.LabelOf(*loss.field);
+    json["record"] = loss.record;
+    json["value"] = Report::JsonOf(loss.value);
+  } else {
+    json["firstRecord"] = loss.record;
+    json["lastRecord"] = loss.last;
+    if (!loss.identities.empty()) json["identities"] = loss.identities;
+  }
+  return json;
+}
+
+Json JsonOf(const Session& session, const Hop& hop) {
+  Json losses = Json::array();
+  for (const Loss& loss : hop.losses) losses.push_back(JsonOf(session, loss));
+  Json outside = Json::array();
+  for (const OutsideValue& one : hop.outside) {
+    outside.push_back({{"fieldId", one.field->id},
+                       {"label", session.LabelOf(*one.field)},
+                       {"record", one.record},
+                       {"value", Report::JsonOf(one.value)},
+                       {"minimum", one.field->minimum},
+                       {"maximum", one.field->maximum}});
+  }
+  return {{"from", hop.from},
+          {"to", hop.to},
+          {"accepted", hop.accepted},
+          {"messages", Report::JsonOf(hop.messages)},
+          {"changes", Report::JsonOf(session, hop.changes)},
+          {"losses", std::move(losses)},
+          {"outsideLimits", std::move(outside)}};
+}
+
+/// `written` is null when a step has refused.
+void ReportConversion(const ConvertArguments& arguments, const std::vector<std::string>& way,
+                      const Conversion& conversion, const AtomicFile* written, const Session& session,
+                      Workplace& workplace) {
+  if (workplace.options.json) {
+    Json hops = Json::array();
+    for (const Hop& hop : conversion.hops) hops.push_back(JsonOf(session, hop));
+    workplace.Emit({{"file", arguments.file},
+                    {"from", way.front()},
+                    {"to", way.back()},
+                    {"written", written == nullptr ? Json(nullptr) : Json(written->Name())},
+                    {"hops", std::move(hops)}});
+    return;
+  }
+  for (const Hop& hop : conversion.hops) PrintHop(session, hop, workplace.Out());
+  if (written != nullptr) {
+    workplace.Out() << written->Name() << ": written as version " << way.back() << '\n';
+  } else {
+    const Hop& refused = conversion.hops.back();
+    workplace.Out() << "The step from " << refused.from << " to " << refused.to
+                    << " refuses: nothing is written, " << arguments.file << " is as it was.\n";
+  }
+}
+
+ExitCode ConvertFile(const ConvertArguments& arguments, Workplace& workplace) {
+  AtomicFile input(arguments.file);
+  const std::shared_ptr<Provider> content =
+      PersonalityFile::Parse(input.Name(), input.Read(), workplace.Schemas());
+  const std::vector<std::string> way = WayTo(arguments, content, workplace);
+  AtomicFile output = NewOutput(arguments, way.back());
+
+  const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
+  const Conversion conversion = Converter(workplace.Parts(), messenger).Convert(content, way);
+  const bool isConverted = conversion.result != nullptr;
+  if (isConverted) output.Write(PersonalityFile::Format(output.Name(), *conversion.result));
+  const Session labels(workplace.Parts(), content, messenger);
+  ReportConversion(arguments, way, conversion, isConverted ? &output : nullptr, labels, workplace);
+  return isConverted ? ExitCode::Done : ExitCode::No;
+}
+
+}  // namespace
+
+void AddConvertCommand(CLI::App& app, Action& action) {
+  auto given = std::make_shared<ConvertArguments>();
+  CLI::App* command = app.add_subcommand(
+      "convert", "Convert a personality to another database version, step by step, into a new file");
+  command->footer(
+      "Each step lists its messages, the stored values that it changed and what the version can not hold. A\n"
+      "step that refuses ends the conversion with exit code 1 and no file. See also: kd4410 versions.");
+  command->add_option("FILE", given->file, "The personality; it stays as it is")->required();
+  command->add_option("--to", given->version, "The database version: KD4410.0093 or just 0093")
+      ->type_name("VERSION")
+      ->required();
+  command->add_option("--out", given->out, "The file to be written (else FILE with -0093 behind its name)")
+      ->type_name("FILE");
+  command->add_flag("--force", given->force, "Overwrite the file if it exists");
+  command->callback([given, &action] {
+    action = [given](Workplace& workplace) { return ConvertFile(*given, workplace); };
+  });
+}

@@ -1,0 +1,184 @@
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <ostream>
+
+#include "workbench/Commands.h"
+#include "workbench/Difference.h"
+#include "workbench/PersonalityFile.h"
+#include "workbench/Provider.h"
+#include "workbench/Report.h"
+#include "workbench/Schema.h"
+#include "workbench/TextTable.h"
+
+namespace {
+
+using Json = Workplace::Json;
+
+/// The two personalities, what tells them apart, and a session that knows the labels.
+struct Compared {
+  const std::string& fileA;
+  const std::string& fileB;
+  const std::string& versionA;
+  const std::string& versionB;
+  const Difference& difference;
+  const Session& session;
+};
+
+std::string NameOf(const SchemaTable& table) {
+  return "table " + std::to_string(table.number) + " " + table.title;
+}
+
+/// The label of the form field and, behind it, what is stored.
+std::string PlaceOf(const Session& session, const CellDifference& cell) {
+  const std::string label = session.LabelOf(*cell.shownAs);
+  return label == cell.field->id ? label : label + " (" + cell.field->id + ")";
+}
+
+void PrintRecords(const std::vector<RecordDifference>& records, const std::string& heading,
+                  std::ostream& out) {
+  if (records.empty()) return;
+  out << heading << '\n';
+  for (auto one = records.begin(); one != records.end();) {
+    const SchemaTable* table = one->table;
+    std::vector<std::string> keys;
+    for (; one != records.end() && one->table == table; ++one) keys.push_back(one->record);
+    out << "  " << NameOf(*table) << ": " << ListOf(keys) << '\n';
+  }
+}
+
+void PrintExtra(const Session& session, const std::vector<ExtraValue>& values, const std::string& version,
+                std::ostream& out) {
+  if (values.empty()) return;
+  out << "Only version " << version << " has:\n";
+  TextTable table({{""}, {""}, {""}, {""}});
+  for (const ExtraValue& one : values) {
+    const std::string label = session.LabelOf(*one.field);
+    table.Add({one.field->id, label == one.field->id ? "" : label, one.record, Report::TextOf(one.value)});
+  }
+  table.Print(out, 2);
+}
+
+void PrintCells(const Session& session, const std::vector<CellDifference>& cells, std::ostream& out) {
+  const SchemaTable* current = nullptr;
+  for (auto cell = cells.begin(); cell != cells.end();) {
+    current = cell->table;
+    out << "Different in " << NameOf(*current) << '\n';
+    TextTable table({{"Record"}, {"Field"}, {"A"}, {"B"}});
+    for (; cell != cells.end() && cell->table == current; ++cell) {
+      table.Add({cell->record, PlaceOf(session, *cell), Report::TextOf(cell->a), Report::TextOf(cell->b)});
+    }
+    table.Print(out, 2);
+  }
+}
+
+void Print(const Compared& compared, std::ostream& out) {
+  const Difference& difference = compared.difference;
+  out << "A: " << compared.fileA << ", version " << compared.versionA << "\nB: " << compared.fileB
+      << ", version " << compared.versionB << '\n';
+  PrintRecords(difference.onlyInA, "Only in A", out);
+  PrintRecords(difference.onlyInB, "Only in B", out);
+  PrintCells(compared.session, difference.cells, out);
+  PrintExtra(compared.session, difference.extraInA, compared.versionA, out);
+  PrintExtra(compared.session, difference.extraInB, compared.versionB, out);
+  for (const SchemaTable* table : difference.reordered) {
+    out << "The records of " << NameOf(*table) << " stand in another order, which is no difference.\n";
+  }
+  out << (difference.IsEqual() ? "The personalities are equal.\n" : "The personalities differ.\n");
+}
+
+Json JsonOf(const std::vector<RecordDifference>& records) {
+  Json list = Json::array();
+  for (const RecordDifference& one : records) {
+    list.push_back({{"table", one.table->number}, {"title", one.table->title}, {"record", one.record}});
+  }
+  return list;
+}
+
+Json JsonOf(const Session& session, const std::vector<ExtraValue>& values) {
+  Json list = Json::array();
+  for (const ExtraValue& one : values) {
+    list.push_back({{"fieldId", one.field->id},
+                    {"label", session.LabelOf(*one.field)},
+                    {"record", one.record},
+                    {"value", Report::JsonOf(one.value)}});
+  }
+  return list;
+}
+
+Json JsonOf(const Session& session, const std::vector<CellDifference>& cells) {
+  Json list = Json::array();
+  for (const CellDifference& cell : cells) {
+    list.push_back({{"table", cell.table->number},
+                    {"title", cell.table->title},
+                    {"record", cell.record},
+                    {"fieldId", cell.field->id},
+                    {"label", session.LabelOf(*cell.shownAs)},
+                    {"a", Report::JsonOf(cell.a)},
+                    {"b", Report::JsonOf(cell.b)},
+                    {"storedA", Report::JsonOf(cell.storedA)},
+                    {"storedB", Report::JsonOf(cell.storedB)}});
+  }
+  return list;
+}
+
+Json JsonOf(const Compared& compared) {
+  const Difference& difference = compared.difference;
+  Json reordered = Json::array();
+  for (const SchemaTable* table : difference.reordered) reordered.push_back(table->number);
+  return {{"a", {{"file", compared.fileA}, {"version", compared.versionA}}},
+          {"b", {{"file", compared.fileB}, {"version", compared.versionB}}},
+          {"equal", difference.IsEqual()},
+          {"onlyInA", JsonOf(difference.onlyInA)},
+          {"onlyInB", JsonOf(difference.onlyInB)},
+          {"cells", JsonOf(compared.session, difference.cells)},
+          {"fieldsOfVersionA", JsonOf(compared.session, difference.extraInA)},
+          {"fieldsOfVersionB", JsonOf(compared.session, difference.extraInB)},
+          {"reorderedTables", std::move(reordered)}};
+}
+
+ComparedPersonality Read(const std::string& file, Workplace& workplace) {
+  AtomicFile input(file);
+  auto content = PersonalityFile::Parse(input.Name(), input.Read(), workplace.Schemas());
+  try {
+    return ForComparison(workplace.Parts(), std::move(content), workplace.Messenger());
+  } catch (const TierFault& fault) {
+    throw TierFault(file + ": " + fault.what());
+  }
+}
+
+ExitCode Diff(const std::string& fileA, const std::string& fileB, Workplace& workplace) {
+  const ComparedPersonality a = Read(fileA, workplace);
+  const ComparedPersonality b = Read(fileB, workplace);
+  const Difference difference = Compare(a, b);
+  const Session labels(workplace.Parts(), a.forms, workplace.Messenger());
+  const Compared compared{fileA,      fileB, a.stored->GetSchema().Version(), b.stored->GetSchema().Version(),
+                          difference, labels};
+  if (workplace.options.json) {
+    workplace.Emit(JsonOf(compared));
+  } else {
+    Print(compared, workplace.Out());
+  }
+  return difference.IsEqual() ? ExitCode::Done : ExitCode::No;
+}
+
+}  // namespace
+
+void AddDiffCommand(CLI::App& app, Action& action) {
+  struct Arguments {
+    std::string a;
+    std::string b;
+  };
+  auto given = std::make_shared<Arguments>();
+  CLI::App* command = app.add_subcommand(
+      "diff", "Compare two personalities by the identities of their records, whatever their order");
+  command->footer(
+      "A pointer to a record is the same when it points at the same record. The lists of tones in use "
+      "(tables\n"
+      "50 and 61) are compared through the channels that use them. Exit code 0: equal, 1: different, 2: one\n"
+      "of the files can not be read.");
+  command->add_option("A", given->a, "A personality")->required();
+  command->add_option("B", given->b, "The one to compare it with")->required();
+  command->callback([given, &action] {
+    action = [given](Workplace& workplace) { return Diff(given->a, given->b, workplace); };
+  });
+}

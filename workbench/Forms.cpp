@@ -1,0 +1,181 @@
+#include "workbench/Forms.h"
+
+#include <algorithm>
+
+#include "platform/CaseText.h"
+#include "platform/Conversions.h"
+#include "workbench/Provider.h"
+#include "workbench/Report.h"
+#include "workbench/Schema.h"
+#include "workbench/Session.h"
+#include "workbench/Workplace.h"
+
+namespace {
+
+template <std::int32_t... numbers>
+constexpr std::int32_t kTables[] = {numbers...};
+
+// clang-format off
+constexpr Form kForms[] = {
+    {.names = {"USRCTLCHANNELSKD4410", "USRCTLCHANNELSKE2210"},
+     .title = "Channels", .grid = "Channels6000", .subject = 5},
+    {.names = {"USRCTLKEYSETTINGSKD4410", "USRCTLKEYSETTINGSKE2210"},
+     .title = "Key Settings", .tables = kTables<1099>},
+    {.names = {"USRCTLFREEFORMATKD4410", "USRCTLFREEFORMATKE2210"},
+     .title = "Free Format Bursts", .subject = 49, .tables = kTables<49>, .prefix = "FreeForm"},
+    {.names = {"USRCTLPROGIOKD4410", "USRCTLPROGIOKE2210"},
+     .title = "Programmable I/O", .tables = kTables<59, 1108, 1109>, .prefix = "ActionParam"},
+    {.names = {"USRCTLSELCALLTONESETTINGS"},
+     .title = "Selcall Tone Settings", .subject = 48, .tables = kTables<31, 48>},
+    {.names = {"USRCTLPTT"}, .title = "PTT", .tables = kTables<1096>},
+    {.names = {"USRCTLNETWORKS"}, .title = "Networks", .grid = "Network", .subject = 21},
+    {.names = {"USRCTLDTMFPATCH"}, .title = "DTMF Patch", .subject = 21, .tables = kTables<67, 72>},
+    {.names = {"USRCTLEMERGENCYKD4410", "USRCTLEMERGENCYKE2210"},
+     .title = "Emergency", .subject = 21, .tables = kTables<53>},
+    {.names = {"USRCTLNETWORKFEATURES"}, .title = "Network Features", .grid = "Network", .subject = 21},
+    {.names = {"USRCTLNETWORKDATA"}, .title = "Data", .tables = kTables<9, 69>},
+    {.names = {"USRCTLNETWORKPTT"}, .title = "Network PTT Signalling", .grid = "Network", .subject = 21},
+    {.names = {"USRCTLSELCALLSETUPKD4410", "USRCTLSELCALLSETUPKE2210"},
+     .title = "Selcall Set-up", .grid = "Selcall6000", .subject = 29},
+    {.names = {"USRCTLCONTROLSTATUSKD4410", "USRCTLCONTROLSTATUSKE2210"},
+     .title = "Control Status", .grid = "ControlStatus6000", .subject = 29},
+    {.names = {"USRCTLSCANGROUPSKD4410", "USRCTLSCANGROUPSKE2210"},
+     .title = "Scan Groups", .grid = "ScanGroup", .subject = 16, .tables = kTables<18, 1119>},
+    {.names = {"USRCTLDTMF"}, .title = "DTMF Signalling", .grid = "DTMF", .subject = 64},
+    {.names = {"USRCTLTYPE99"}, .title = "Two-Tone Options", .grid = "Type99", .subject = 37},
+};
+
+/// A field with the number of the record that the forms show.
+struct Pointer {
+  std::string_view field;
+  std::span<const std::int32_t> tables;  // that it counts the records of; of the subject itself, then beside it
+};
+constexpr Pointer kPointers[] = {
+    {"CurrentChannelNr",        kTables<5>},
+    {"CurrentNetworkNr",        kTables<21, 36, 53, 67, 72, 75, 77, 78>},
+    {"CurrentScanGroupNr",      kTables<16>},
+    {"CurrentSelcallNumber",    kTables<29, 31, 48>},
+    {"CurrentDTMFNr",           kTables<64>},
+    {"CurrentType99Nr",         kTables<37>},
+    {"CurrentFreeFormRecordNr", kTables<49>},
+};
+// clang-format on
+
+bool IsOneOf(std::int32_t table, std::span<const std::int32_t> tables) {
+  return std::ranges::find(tables, table) != tables.end();
+}
+
+const Pointer* FindPointer(std::int32_t table) {
+  const auto* pointer =
+      std::ranges::find_if(kPointers, [&](const Pointer& one) { return IsOneOf(table, one.tables); });
+  return pointer == std::end(kPointers) ? nullptr : pointer;
+}
+
+bool HoldsWhateverTheGrid(const Form& form, const Control& control) {
+  return IsOneOf(control.field.table, form.tables) ||
+         (!form.prefix.empty() && FindIgnoringCase(control.uiid, form.prefix) == 0);
+}
+
+/// By which of its names a person may call the form.
+bool IsCalled(const Form& form, std::string_view text) {
+  const std::string_view calls[] = {form.names[0], form.names[1], form.title, form.grid};
+  return std::ranges::any_of(
+      calls, [&](std::string_view call) { return !call.empty() && EqualsIgnoringCase(call, text); });
+}
+
+std::vector<std::string> AllCalls() {
+  std::vector<std::string> calls;
+  for (const Form& form : kForms) {
+    for (const std::string_view call : {form.names[0], form.names[1], form.title, form.grid}) {
+      const bool isKnown = call.empty() || std::ranges::find(calls, call) != calls.end();
+      if (!isKnown) calls.emplace_back(call);
+    }
+  }
+  return calls;
+}
+
+std::string GridOf(Session& session, std::string_view uiid) {
+  std::string grid;
+  Boolean known = kFalse;
+  const TierHost& host = session.Host();
+  host.Require(host.UserInterface().GetATGridIDByUIID(uiid, grid, known));
+  return grid;
+}
+
+}  // namespace
+
+std::string_view Form::NameFor(std::string_view model) const {
+  return model.starts_with("KE2210") && !names[1].empty() ? names[1] : names[0];
+}
+
+namespace Forms {
+
+std::span<const Form> All() { return kForms; }
+
+const Form& Named(std::string_view text) {
+  const auto* form = std::ranges::find_if(kForms, [&](const Form& one) { return IsCalled(one, text); });
+  if (form != std::end(kForms)) return *form;
+  throw UsageError("there is no form \"" + std::string(text) + "\" (see kd4410 form --list)" +
+                   Report::Suggestion(text, AllCalls()));
+}
+
+std::vector<Control> Controls(Session& session) {
+  std::vector<Control> controls;
+  for (const SchemaField& field : session.Content().GetSchema().Fields()) {
+    for (const std::string& uiid : field.uiids) controls.push_back({field, uiid, GridOf(session, uiid)});
+  }
+  return controls;
+}
+
+bool Holds(const Form& form, const Control& control) {
+  const auto holds = [&](const Form& one) { return HoldsWhateverTheGrid(one, control); };
+  if (holds(form)) return true;
+  return !form.grid.empty() && EqualsIgnoringCase(form.grid, control.grid) &&
+         std::ranges::none_of(kForms, holds);
+}
+
+const Form* FormOf(const Control& control) {
+  const auto* form = std::ranges::find_if(kForms, [&](const Form& one) { return Holds(one, control); });
+  return form == std::end(kForms) ? nullptr : form;
+}
+
+const SchemaField* PointerOf(const Schema& schema, std::int32_t table) {
+  const Pointer* pointer = FindPointer(table);
+  return pointer == nullptr ? nullptr : schema.Find(pointer->field);
+}
+
+std::int32_t SubjectOf(std::int32_t table) {
+  const Pointer* pointer = FindPointer(table);
+  return pointer == nullptr ? table : pointer->tables.front();
+}
+
+RecordNr CurrentRecord(const Provider& content, std::int32_t table) {
+  const SchemaField* pointer = PointerOf(content.GetSchema(), table);
+  return pointer == nullptr ? 1 : CLng(content.Get(*pointer, 1));
+}
+
+RecordNr RecordCount(const Provider& content, const Form& form) {
+  return form.subject == Form::kNoSubject ? 0 : content.Count(form.subject);
+}
+
+bool TurnTo(Session& session, std::int32_t table, RecordNr record) {
+  Provider& content = session.Content();
+  const SchemaField* pointer = PointerOf(content.GetSchema(), table);
+  if (pointer == nullptr || CLng(content.Get(*pointer, 1)) == record) return true;
+  const TierHost& host = session.Host();
+  Variant value = record;
+  Boolean accepted = kFalse;
+  host.Require(host.Validator().ValidateByUIID(Report::NameOf(*pointer), value, 1, accepted));
+  if (accepted != kFalse) content.Set(*pointer, 1, value);
+  return accepted != kFalse;
+}
+
+bool MayBeLeft(Session& session, const Form& form) {
+  const TierHost& host = session.Host();
+  const std::string_view name = form.NameFor(session.Content().GetSchema().Model());
+  Boolean mayBeLeft = kFalse;
+  host.Require(host.Validator().FormValidationByFormName(name, kTrue, mayBeLeft));
+  return mayBeLeft != kFalse;
+}
+
+}  // namespace Forms

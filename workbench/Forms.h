@@ -1,0 +1,76 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Types.h"
+
+class Provider;
+class Schema;
+class Session;
+struct SchemaField;
+
+/// A form of the host whose check the tier knows.
+struct Form {
+  static constexpr std::int32_t kNoSubject = -1;
+
+  /// For the KD4410 and for the KE2210; without the second the first serves both.
+  std::array<std::string_view, 2> names;
+  std::string_view title;
+  /// The grid of the field metadata whose controls stand on it; empty where none fits.
+  std::string_view grid = {};
+  /// The table of which the form shows one record at a time.
+  std::int32_t subject = kNoSubject;
+  /// Tables whose controls stand on this form, whatever their grid.
+  std::span<const std::int32_t> tables = {};
+  /// Likewise the controls whose UIID begins so; empty for none.
+  std::string_view prefix = {};
+
+  /// What the tier calls the form in a personality of the model ("KE2210 Rx").
+  std::string_view NameFor(std::string_view model) const;
+};
+
+/// A control of the forms, which is drawn for each record of its field.
+struct Control {
+  const SchemaField& field;
+  const std::string& uiid;
+  std::string grid;  // of the field metadata
+};
+
+namespace Forms {
+
+std::span<const Form> All();
+/// The form of a name, a title or a grid, the first that fits. An unknown one is a UsageError that suggests
+/// what is spelled alike.
+const Form& Named(std::string_view text);
+
+/// Every control of the personality, in schema order.
+std::vector<Control> Controls(Session& session);
+/// The network forms share a grid that does not tell them apart; what none of them holds by its table stands
+/// on each.
+bool Holds(const Form& form, const Control& control);
+/// The first form that holds the control; null for none.
+const Form* FormOf(const Control& control);
+
+/// The field that holds the number of the record that the forms show of the table; null for a table without
+/// one, which the forms show as a whole.
+const SchemaField* PointerOf(const Schema& schema, std::int32_t table);
+/// The table of what the forms turn to when they turn to a record of this one: of the networks for the
+/// emergency settings; the table itself when the forms show it as a whole.
+std::int32_t SubjectOf(std::int32_t table);
+/// What the pointer holds, 1 without one.
+RecordNr CurrentRecord(const Provider& content, std::int32_t table);
+
+/// How many records the form can show one after the other; 0 also for a form without subject.
+RecordNr RecordCount(const Provider& content, const Form& form);
+/// Turns the forms to a record of the table, as the user would: the tier may reload what belongs to it. False
+/// when the tier refuses; a table that the forms show as a whole needs no turning.
+bool TurnTo(Session& session, std::int32_t table, RecordNr record);
+/// Whether the form may be left as it stands, its list refreshed.
+bool MayBeLeft(Session& session, const Form& form);
+
+}  // namespace Forms
