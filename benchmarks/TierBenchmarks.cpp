@@ -6,9 +6,16 @@
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
 
 #include "benchmarks/Floor.h"
 #include "host/Imessenger.h"
+#include "validation/modvalEnablement.h"
 #include "workbench/AtomicFile.h"
 #include "workbench/PersonalityFile.h"
 #include "workbench/Provider.h"
@@ -189,4 +196,120 @@ void FinalValidation(benchmark::State& state) {
   });
 }
 BENCHMARK(FinalValidation);
+
+/// The state of every control that has a rule, once.
+void EnabledStates(benchmark::State& state) {
+  Session& session = OpenSession();
+  const auto rows = modvalEnablement::Rows();
+  Measure(state, session.Content(), [&] {
+    for (const auto& row : rows) {
+      Boolean enabled = kFalse;
+      Require(session, session.Host().Validator().GetEnabledStatebyUIID(row.uiid, 1, enabled));
+    }
+  });
+  state.counters["controls"] = static_cast<double>(rows.size());
+}
+BENCHMARK(EnabledStates);
+
+/// Finding the row of a control in the ladder, without asking it.
+void LadderLookup(benchmark::State& state) {
+  const auto rows = modvalEnablement::Rows();
+  const double start = CpuMicroseconds();
+  for (auto _ : state) {
+    for (const auto& row : rows) benchmark::DoNotOptimize(modvalEnablement::FindCondition(row.uiid));
+  }
+  state.counters["cpu_ns"] = (CpuMicroseconds() - start) * 1000 / static_cast<double>(state.iterations()) /
+                             static_cast<double>(rows.size());
+}
+BENCHMARK(LadderLookup);
+
+/// The list of one control, on a channel in the middle.
+void ComboItems(benchmark::State& state, const char* uiid) {
+  Session& session = OpenSession();
+  Measure(state, session.Content(), [&] {
+    std::shared_ptr<XArrayDBObject> items;
+    Boolean filled = kFalse;
+    Require(session, session.Host().Owner().GetComboItemsByUIID(OpenStore(), uiid, 50, items, filled));
+    benchmark::DoNotOptimize(items);
+  });
+}
+BENCHMARK_CAPTURE(ComboItems, FreeIdentities, "ChannelID_k6k");
+BENCHMARK_CAPTURE(ComboItems, UsedChannels, "EmChannel");
+BENCHMARK_CAPTURE(ComboItems, Subaudible, "RxSignalling_k6k");
+
+/// The schema with room for many more records than a radio has.
+std::shared_ptr<const SchemaFiles> RoomySchemas() {
+  const auto folder = std::filesystem::temp_directory_path() / ("kd4410-bench-" + std::to_string(getpid()));
+  std::filesystem::create_directories(folder);
+  std::filesystem::copy_file(SCHEMA_FOLDER "/fields.tsv", folder / "fields.tsv");
+  std::ifstream original(SCHEMA_FOLDER "/tables.tsv");
+  std::ofstream roomy(folder / "tables.tsv");
+  const std::regex capacity("^((?:5|7|16|18|50|61)\\t[^\\t]*\\t[^\\t]*\\t\\d+\\t)\\d+");
+  for (std::string line; std::getline(original, line);) {
+    roomy << std::regex_replace(line, capacity, "$01100000") << '\n';
+  }
+  roomy.close();
+  auto schemas = SchemaFiles::Read(folder);
+  std::filesystem::remove_all(folder);
+  return schemas;
+}
+
+/// As many channels as the benchmark's argument, each a member of one group.
+std::shared_ptr<Provider> ManyChannels(RecordNr count) {
+  static const auto schemas = RoomySchemas();
+  auto provider = NewPersonality(*schemas, "KD4410.0094");
+  for (const std::int32_t table : {5, 7, 18}) provider->SetCount(table, count);
+  provider->SetCount(16, 1);
+  provider->Set("16.GroupIDTracker", 1, 1);
+  for (RecordNr record = 1; record <= count; ++record) {
+    provider->Set("5.ChannelIDTracker", record, record + 1);
+    provider->Set("5.ChannelNetworkIdUI", record, 1);
+    provider->Set("TxFreq_k6k", record, "430.000000");
+    provider->Set("18.GroupIDNumber", record, 1);
+  }
+  return provider;
+}
+
+/// What walks the records, on 100 to 3,200 of them: `of_half` is the time beside that of half as many.
+template <typename Work>
+void MeasureGrowth(benchmark::State& state, Work work) {
+  static std::map<std::int64_t, double> times;
+  const auto count = static_cast<RecordNr>(state.range(0));
+  const auto provider = ManyChannels(count);
+  Session session(Parts(), provider, std::make_shared<ConsentingMessenger>());
+  Measure(state, *provider, [&] { work(session); });
+  times[count] = state.counters["cpu_us"];
+  if (times.contains(count / 2)) state.counters["of_half"] = times[count] / times[count / 2];
+}
+
+void Doubling(benchmark::internal::Benchmark* growth) {
+  for (std::int64_t count = 100; count <= 3200; count *= 2) growth->Arg(count);
+}
+
+void FinalValidationGrowth(benchmark::State& state) {
+  MeasureGrowth(state, [](Session& session) {
+    Boolean passed = kFalse;
+    Require(session, session.Host().Validator().RunFinalValidation(passed));
+  });
+}
+BENCHMARK(FinalValidationGrowth)->Apply(Doubling);
+
+void GlobalEncryptionGrowth(benchmark::State& state) {
+  MeasureGrowth(state, [](Session& session) {
+    Variant value(1);
+    Boolean accepted = kFalse;
+    Require(session, session.Host().Validator().ValidateByUIID("GlobalEncryption", value, 1, accepted));
+  });
+}
+BENCHMARK(GlobalEncryptionGrowth)->Apply(Doubling);
+
+void UsedChannelsGrowth(benchmark::State& state) {
+  MeasureGrowth(state, [](Session& session) {
+    std::shared_ptr<XArrayDBObject> items;
+    Boolean filled = kFalse;
+    const std::shared_ptr<Provider> store(std::shared_ptr<void>(), &session.Content());
+    Require(session, session.Host().Owner().GetComboItemsByUIID(store, "EmChannel", 1, items, filled));
+  });
+}
+BENCHMARK(UsedChannelsGrowth)->Apply(Doubling);
 }  // namespace

@@ -9,7 +9,6 @@
 #include "tier/Messages.h"
 #include "tier/Procedure.h"
 #include "tier/RadioCodes.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modvalKD4410FinalValidation {
 namespace {
@@ -98,19 +97,6 @@ bool CheckBackgroundGroups(const ValidatorRef& validator) {
   return true;
 }
 
-bool CheckGroupMembers(const ValidatorRef& validator) {
-  const ProviderRef provider = validator.CurrentProvider();
-  const FieldRef scanType = provider.Field("ScanType_k6k");
-  for (const RecordNr group : scanType.Records()) {
-    if (SameValue(scanType.Value(group), ScanType::kBackground)) continue;
-    if (modProjectGlobals::MultipleChannelMembers(provider, group)) continue;
-    return Refuse(validator,
-                  "There must be at least two Channels in the Scan Group members unless the Scan Type is "
-                  "'Background'.");
-  }
-  return true;
-}
-
 /// A power level that the radio does not know is mended; the user is told.
 bool MendLowPowerLevel(const ValidatorRef& validator) {
   const FieldRef level = validator.CurrentProvider().Field("LowPowerLevelMeans");
@@ -141,8 +127,13 @@ bool CheckItinerantPower(const ValidatorRef& validator) {
 }
 
 constexpr bool (*kRules[])(const ValidatorRef& validator) = {
-    CheckPowerupState, CheckAckHasAlerts, CheckAlertsHaveAck,  CheckBackgroundGroups,
-    CheckGroupMembers, MendLowPowerLevel, CheckItinerantPower, modvalChannels::ChannelsFinalValidation,
+    CheckPowerupState,
+    CheckAckHasAlerts,
+    CheckAlertsHaveAck,
+    CheckBackgroundGroups,
+    MendLowPowerLevel,
+    CheckItinerantPower,
+    modvalChannels::ChannelsFinalValidation,
 };
 }  // namespace
 
