@@ -51,7 +51,7 @@ bool ValidateCompanding(FieldEdit& edit) {
 
 bool ValidateTxPower(FieldEdit& edit) {
   return Procedure("ValidateTxPower", true, [&] {
-    if (CLng(edit.value) != TxPower::kOff) return true;
+    if (!edit.Is(TxPower::kOff)) return true;
     const ProviderRef provider = edit.validator.CurrentProvider();
     const Variant channel = provider.Field("5.ChannelIDTracker").Value(edit.record);
     const FieldRef emergencyChannel = provider.Field("EmChannel");

@@ -228,3 +228,7 @@ bool IsTicked(const Variant& value) {
   const auto number = NumberOf(value);
   return number && std::fabs(*number) == 1;
 }
+
+bool IsCode(const Variant& value, std::int32_t code) {
+  return code == 1 ? IsTicked(value) : SameValue(value, code);
+}

@@ -36,3 +36,6 @@ bool SameValue(const Variant& a, const Variant& b);
 
 /// A tick is on when the absolute numeric value is 1 (true is -1). A text that is no number is off.
 bool IsTicked(const Variant& value);
+
+/// Whether the value is that code; a tick that is on is the code 1. A text that is no number is none.
+bool IsCode(const Variant& value, std::int32_t code);

@@ -2,7 +2,7 @@
 
 #include "platform/Conversions.h"
 
-bool FieldEdit::Is(std::int32_t code) const { return SameValue(value, code); }
+bool FieldEdit::Is(std::int32_t code) const { return IsCode(value, code); }
 
 Variant FieldEdit::Stored(std::string_view field, RecordNr at) const {
   const ProviderRef provider = validator.CurrentProvider();
@@ -13,7 +13,7 @@ Variant FieldEdit::Stored(std::string_view field, RecordNr at) const {
 
 bool FieldEdit::Holds(std::string_view field, std::int32_t code, RecordNr at) const {
   const Variant stored = Stored(field, at);
-  return !stored.IsEmpty() && SameValue(stored, code);
+  return !stored.IsEmpty() && IsCode(stored, code);
 }
 
 RecordNr FieldEdit::CurrentNetwork() const { return CLng(Stored("CurrentNetworkNr")); }

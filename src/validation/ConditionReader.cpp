@@ -38,7 +38,7 @@ ConditionReader::Reading ConditionReader::Read(const Condition& test) const {
 bool ConditionReader::Holds(const Condition& test, const Reading& reading) const {
   if (!reading.value) return false;
   const Variant& value = *reading.value;
-  const auto isCode = [&](std::int32_t code) { return SameValue(value, code); };
+  const auto isCode = [&](std::int32_t code) { return IsCode(value, code); };
   bool holds = false;
   switch (test.kind) {
     case Kind::On:

@@ -16,19 +16,14 @@ constexpr double kHertzPerMHz = 1'000'000;
 
 bool Holds(const ProviderRef& provider, std::string_view field, std::int32_t code) {
   const FieldRef stored = provider.Field(field);
-  return stored.RecordCount() > 0 && SameValue(stored.Value(1), code);
-}
-
-bool IsOn(const ProviderRef& provider, std::string_view field) {
-  const FieldRef stored = provider.Field(field);
-  return stored.RecordCount() > 0 && IsTicked(stored.Value(1));
+  return stored.RecordCount() > 0 && IsCode(stored.Value(1), code);
 }
 
 /// A radio that starts scanning does not start as a modem.
 bool CheckPowerupState(const ValidatorRef& validator) {
   const ProviderRef provider = validator.CurrentProvider();
   if (!Holds(provider, "DataPowerupState", PowerupState::kVHSD)) return true;
-  if (!IsOn(provider, "GroupActivityOnPowerUp_k6k")) return true;
+  if (!Holds(provider, "GroupActivityOnPowerUp_k6k", kOn)) return true;
   return AskYesNo(
              validator,
              "You have set the Powerup State (Data form) to 'VHSD' and selected the Group Active on Power Up "
@@ -37,7 +32,7 @@ bool CheckPowerupState(const ValidatorRef& validator) {
 }
 
 bool Acknowledges(const Variant& type) {
-  return SameValue(type, AutoAck::kSequence) || SameValue(type, AutoAck::kBeep);
+  return IsCode(type, AutoAck::kSequence) || IsCode(type, AutoAck::kBeep);
 }
 
 /// The first network whose type of acknowledgement and alerts do not go together, in the direction asked for;
@@ -83,9 +78,9 @@ bool CheckBackgroundGroups(const ValidatorRef& validator) {
   const FieldRef display = provider.Field("ScanGroupDisplayIndicator_k6k");
   const FieldRef callChannel = provider.Field("ScanDefaultTxChannel_k6k");
   for (const RecordNr group : scanType.Records()) {
-    if (!SameValue(scanType.Value(group), ScanType::kBackground)) continue;
-    if (SameValue(display.Value(group), GroupDisplay::kTxChannel) &&
-        SameValue(callChannel.Value(group), InitiateCallChannel::kSelected)) {
+    if (!IsCode(scanType.Value(group), ScanType::kBackground)) continue;
+    if (IsCode(display.Value(group), GroupDisplay::kTxChannel) &&
+        IsCode(callChannel.Value(group), InitiateCallChannel::kSelected)) {
       continue;
     }
     return Refuse(
@@ -111,7 +106,7 @@ bool MendLowPowerLevel(const ValidatorRef& validator) {
 
 bool CheckItinerantPower(const ValidatorRef& validator) {
   const ProviderRef provider = validator.CurrentProvider();
-  if (!IsOn(provider, "RFCompliance")) return true;
+  if (!Holds(provider, "RFCompliance", kOn)) return true;
   const std::int32_t band = CLng(provider.Field("Band_k6k").Value(1));
   const FieldRef frequency = provider.Field("TxFreq_k6k");
   const FieldRef power = provider.Field("TxPower_k6k");

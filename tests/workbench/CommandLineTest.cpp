@@ -120,6 +120,14 @@ TEST_F(CommandLine, ARefusalOrADryRunLeavesTheFileAndTellsSo) {
   EXPECT_EQ(ContentOf(file), marine);
 }
 
+TEST_F(CommandLine, AnEditThatASaveWouldLoseIsRefused) {
+  for (const char* uiid : {"FreeFormSequence5", "CurrentNetworkNr"}) {
+    const Outcome outcome = Run({"set", Sample("city-fleet"), uiid, "1", "2", "--dry-run"});
+    EXPECT_EQ(outcome.code, 1) << uiid;
+    EXPECT_THAT(outcome.out, HasSubstr("a save would lose the value")) << uiid;
+  }
+}
+
 TEST_F(CommandLine, CheckListsAllFindingsEachOnce) {
   const json told = json::parse(Run({"--json", "check", file}).out);
   EXPECT_EQ(told["count"], 11);  // one for each channel that transmits in the maritime range
