@@ -159,7 +159,7 @@ std::shared_ptr<Provider> Converter::Take(const Provider& content, Hop& hop) {
   hop.losses = LossesOf(content, shared->GetSchema());
   const std::shared_ptr<Provider> destination = shared->Copy();
   if (!RunStep(content, destination, hop)) return nullptr;
-  const std::shared_ptr<Provider> result =
+  std::shared_ptr<Provider> result =
       WithForms(destination, ChangesBetween(*shared, *destination, StorageKind::Form));
   hop.changes = FilledTables(content, *shared);
   std::ranges::move(ChangesBetween(*shared, *result, StorageKind::Raw), std::back_inserter(hop.changes));

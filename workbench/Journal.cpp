@@ -1,7 +1,6 @@
 #include "workbench/Journal.h"
 
 #include <algorithm>
-#include <ranges>
 #include <stdexcept>
 #include <utility>
 
@@ -58,7 +57,8 @@ std::map<std::size_t, TableContent> Journal::TouchedTables() const {
   std::map<std::size_t, TableContent> touched;
   for (const Copy& copy : tables_) touched.emplace(copy.table->index, copy.content);
   // From the last write to the first: what a cell held before the first of them is left.
-  for (const Cell& cell : cells_ | std::views::reverse) {
+  for (auto place = cells_.rbegin(); place != cells_.rend(); ++place) {
+    const Cell& cell = *place;
     const std::size_t table = cell.field->tableIndex;
     const auto [content, isNew] = touched.try_emplace(table);
     if (isNew) content->second = records.tables_[table];
@@ -103,7 +103,8 @@ void Journal::Rollback() {
   Records& records = state_->records;
   // A copy was taken after the noted writes to its table, so the copies go back first.
   for (Copy& copy : tables_) records.tables_[copy.table->index] = std::move(copy.content);
-  for (Cell& cell : cells_ | std::views::reverse) {
+  for (auto place = cells_.rbegin(); place != cells_.rend(); ++place) {
+    Cell& cell = *place;
     auto& values = records.tables_[cell.field->tableIndex].columns[records.ColumnOf(*cell.field)];
     values[static_cast<std::size_t>(cell.record - 1)] = std::move(cell.before);
   }

@@ -36,7 +36,6 @@ class Cursor {
     ++*this;
     return before;
   }
-  friend bool operator==(const Cursor& a, const Cursor& b) { return a.place_ == b.place_; }
   friend bool operator!=(const Cursor& a, const Cursor& b) { return a.place_ != b.place_; }
 
  private:
