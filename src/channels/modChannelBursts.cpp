@@ -164,7 +164,7 @@ void SetPresetSelcallIndex(const ProviderRef& provider, std::string_view fieldId
       return;
     }
     const RecordNr channel = ChannelOf(provider, fieldId, record);
-    if (channel < 1 || channel > provider.Table("5").RecordCount()) return;
+    if (!provider.Table("5").HasRecord(channel)) return;
     const auto index = BurstIndex(provider, channel, field->range, text);
     if (index) pointer.SetValue(record, *index);
   });
@@ -172,7 +172,7 @@ void SetPresetSelcallIndex(const ProviderRef& provider, std::string_view fieldId
 
 std::optional<Variant> SystemOfChannel(const ProviderRef& provider, RecordNr channel,
                                        std::int32_t signallingType) {
-  if (channel < 1 || channel > provider.Table("5").RecordCount()) return {};
+  if (!provider.Table("5").HasRecord(channel)) return {};
   const RecordNr network = modProjectGlobals::GetChannelNetworkRecordNr(provider, channel);
   if (network == 0) return {};
   if (!SameValue(provider.Field("21.SignallingType").Value(network), signallingType)) return {};
@@ -183,7 +183,7 @@ std::vector<std::string> BurstsOnOffer(const ProviderRef& provider, std::string_
   const FieldRef form = provider.Field(uiid);
   const std::string fieldId = std::to_string(form.TableNumber()) + "." + form.Name();
   const BurstField* field = FindBurstField(fieldId);
-  if (field == nullptr || record < 1 || record > form.RecordCount()) return {};
+  if (field == nullptr || !form.HasRecord(record)) return {};
   const auto identity =
       SystemOfChannel(provider, ChannelOf(provider, fieldId, record), SignallingType::kSelcall);
   if (!identity) return {};

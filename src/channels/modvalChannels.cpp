@@ -93,7 +93,7 @@ bool ValidateForm(const ValidatorRef& validator, bool refresh) {
   return Procedure("ValidateForm", true, [&] {
     const ProviderRef provider = validator.CurrentProvider();
     const RecordNr current = CLng(provider.Field("CurrentChannelNr").Value(1));
-    const bool exists = current >= 1 && current <= provider.Field("ChannelID_k6k").RecordCount();
+    const bool exists = provider.Field("ChannelID_k6k").HasRecord(current);
     if (exists && !ValidatePresetSelcallAgainstTxFormat(validator, current)) return false;
     if (refresh) ReloadList(validator, "ChannelID_k6k");
     return true;

@@ -67,8 +67,8 @@ Timing TimingOf(const ProviderRef& provider, RecordNr network) {
 }
 /// At the record of the network's number, not of the network: wanted so. There may be no such record.
 void ClearSIBTCycling(FieldEdit& edit, RecordNr networkId) {
-  const RecordNr count = edit.validator.CurrentProvider().Field("SIBTTxCyclingEnabled_k6k").RecordCount();
-  if (networkId >= 1 && networkId <= count) edit.writes.Set("SIBTTxCyclingEnabled_k6k", networkId, kOff);
+  const FieldRef cycling = edit.validator.CurrentProvider().Field("SIBTTxCyclingEnabled_k6k");
+  if (cycling.HasRecord(networkId)) edit.writes.Set("SIBTTxCyclingEnabled_k6k", networkId, kOff);
 }
 }  // namespace
 

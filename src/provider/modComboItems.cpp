@@ -71,7 +71,7 @@ void GetK6000NetworkIDs(const ProviderRef& provider, std::string_view, RecordNr 
     ItemList list(items);
     const std::int32_t highest = identity.Maximum();
     for (std::int32_t number = identity.Minimum(); number <= highest; ++number) list.Add(number);
-    const bool exists = IsRecord(identity, record);
+    const bool exists = identity.HasRecord(record);
     const Variant own = exists ? identity.Value(record) : Variant();
     for (const Variant& used : identity.Values()) {
       if (IsNumeric(used) && !(exists && SameValue(used, own))) list.Remove(used);
@@ -108,7 +108,7 @@ void GetK6000UsedSignallingIDs(const ProviderRef& provider, std::string_view, Re
                                XArrayDBObject& items) {
   Procedure("GetK6000UsedSignallingIDs", [&] {
     const FieldRef types = provider.Field("21.SignallingType");
-    const Variant type = IsRecord(types, record) ? types.Value(record) : Variant(SignallingType::kNone);
+    const Variant type = types.HasRecord(record) ? types.Value(record) : Variant(SignallingType::kNone);
     const std::string_view identity =
         IsNumeric(type) ? modProjectGlobals::SystemIdentityField(CLng(type)) : std::string_view();
     if (identity.empty()) return OfferOnly(items, kNone);

@@ -40,8 +40,6 @@ void ItemList::Remove(const Variant& value) {
 }
 
 namespace ItemLists {
-bool IsRecord(const FieldRef& field, RecordNr record) { return record >= 1 && record <= field.RecordCount(); }
-
 void Offer(XArrayDBObject& items, std::span<const std::string_view> texts) { ItemList(items).AddAll(texts); }
 
 void OfferOnly(XArrayDBObject& items, std::string_view text) { ItemList(items).Add(text); }

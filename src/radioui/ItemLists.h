@@ -33,8 +33,6 @@ class ItemList {
 };
 
 namespace ItemLists {
-/// Whether the record is there; a list is asked for a record that is still to come, too.
-bool IsRecord(const FieldRef& field, RecordNr record);
 void Offer(XArrayDBObject& items, std::span<const std::string_view> texts);
 void OfferOnly(XArrayDBObject& items, std::string_view text);
 void OfferValues(XArrayDBObject& items, const FieldRef& field);

@@ -85,7 +85,7 @@ Variant ActionOf(const ProviderRef& provider, std::string_view parameter) {
   for (const FunctionKey& key : kFunctionKeys) {
     if (!EqualsIgnoringCase(key.parameter1, parameter)) continue;
     const FieldRef action = provider.Field(key.action);
-    if (IsRecord(action, 1)) return action.Value(1);
+    if (action.HasRecord(1)) return action.Value(1);
   }
   return KeyAction::kUnassigned;
 }

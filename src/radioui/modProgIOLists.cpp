@@ -49,7 +49,7 @@ constexpr std::string_view kSignalTypes[] = {"Momentary", "Latching"};
 constexpr std::string_view kNotOnControlHead[] = {"TOGGLE_TX_INHIBIT", "EXT_PTT_1", "EXT_PTT_2"};
 
 std::string CellOf(const FieldRef& column, RecordNr row) {
-  return IsRecord(column, row) ? CStr(column.Value(row)) : std::string();
+  return column.HasRecord(row) ? CStr(column.Value(row)) : std::string();
 }
 
 std::string DirectionOf(const ProviderRef& provider, RecordNr row) {
@@ -143,7 +143,7 @@ constexpr RecordNr kReceiverPath = 1;
 enum class PointKind { None, Rx, Other };
 
 PointKind PointOf(const FieldRef& points, RecordNr path) {
-  const Variant point = IsRecord(points, path) ? points.Value(path) : Variant(0);
+  const Variant point = points.HasRecord(path) ? points.Value(path) : Variant(0);
   if (!IsNumeric(point) || CLng(point) == 0) return PointKind::None;
   return TapPointRxPath(CLng(point)) ? PointKind::Rx : PointKind::Other;
 }

@@ -8,7 +8,7 @@ Variant FieldEdit::Stored(std::string_view field, RecordNr at) const {
   const ProviderRef provider = validator.CurrentProvider();
   if (!provider.HasField(field)) return {};
   const FieldRef stored = provider.Field(field);
-  return at >= 1 && at <= stored.RecordCount() ? stored.Value(at) : Variant();
+  return stored.HasRecord(at) ? stored.Value(at) : Variant();
 }
 
 bool FieldEdit::Holds(std::string_view field, std::int32_t code, RecordNr at) const {

@@ -77,6 +77,8 @@ class FieldRef {
   Variant Value(RecordNr record) const { return Ask<Variant>(Host(), &Ifield::Value, record); }
   void SetValue(RecordNr record, const Variant& value) const { Check(Host().SetValue(record, value)); }
   RecordNr RecordCount() const { return Ask<RecordNr>(Host(), &Ifield::RecordCount); }
+  /// Records count from 1; one that is still to come, or none, is not there.
+  bool HasRecord(RecordNr record) const { return record >= 1 && record <= RecordCount(); }
   RecordRange Records() const { return RecordRange(RecordCount()); }
   std::int32_t TransformId() const { return Ask<std::int32_t>(Host(), &Ifield::TransformId); }
   std::int32_t Minimum() const { return Ask<std::int32_t>(Host(), &Ifield::Minimum); }
@@ -112,6 +114,8 @@ class TableRef {
   explicit TableRef(std::shared_ptr<Itable> table) : table_(std::move(table)) {}
   RecordNr RecordCount() const { return Ask<RecordNr>(Host(), &Itable::RecordCount); }
   RecordNr MaxRecords() const { return Ask<RecordNr>(Host(), &Itable::MaxRecords); }
+  /// Records count from 1; one that is still to come, or none, is not there.
+  bool HasRecord(RecordNr record) const { return record >= 1 && record <= RecordCount(); }
   RecordRange Records() const { return RecordRange(RecordCount()); }
   FieldsRef Fields() const { return FieldsRef(Ask<std::shared_ptr<Ifields>>(Host(), &Itable::Fields)); }
   /// The new record's number is the record count afterwards, whatever the host's operation says.

@@ -31,7 +31,7 @@ ConditionReader::Reading ConditionReader::Read(const Condition& test) const {
   if (!provider_.HasField(test.field)) return {};
   const RecordNr record = RecordAt(test.at);
   const FieldRef field = provider_.Field(test.field);
-  if (record < 1 || record > field.RecordCount()) return {record, {}};
+  if (!field.HasRecord(record)) return {record, {}};
   return {record, field.Value(record)};
 }
 
@@ -91,7 +91,7 @@ RecordNr ConditionReader::Pointer(std::string_view field) const {
 }
 
 RecordNr ConditionReader::ChannelsNetwork() const {
-  if (drawn_ < 1 || drawn_ > provider_.Table("5").RecordCount()) return 0;
+  if (!provider_.Table("5").HasRecord(drawn_)) return 0;
   return modProjectGlobals::GetChannelNetworkRecordNr(provider_, drawn_);
 }
 
