@@ -10,9 +10,6 @@ class XArrayDBObject;
 
 /// What every list of a combo box is made of, and the lists that several subjects offer.
 
-/// The one item where there is no list.
-inline constexpr std::string_view kUndefined = "Undefined";
-
 /// Fills an array as a combo box reads it: rows from 0, the item as text in column 0, numbers in decimal.
 class ItemList {
  public:

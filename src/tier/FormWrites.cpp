@@ -6,6 +6,10 @@
 
 void FormWrites::Set(std::string_view fieldId, std::string_view uiid, RecordNr record, const Variant& value) {
   validator_.CurrentProvider().Field(fieldId).SetValue(record, value);
+  Reload(uiid);
+}
+
+void FormWrites::Reload(std::string_view uiid) {
   const auto isSame = [&](std::string_view known) { return EqualsIgnoringCase(known, uiid); };
   if (isSame(uiidInHand_) || std::any_of(written_.begin(), written_.end(), isSame)) return;
   written_.push_back(uiid);

@@ -22,6 +22,10 @@ class FormWrites {
   /// Writes a field called by its FieldId; `uiid` is what the forms call it.
   void Set(std::string_view fieldId, std::string_view uiid, RecordNr record, const Variant& value);
 
+  /// The forms are to reload a field that stays as it is, when the rule passes: what it shows depends on
+  /// another.
+  void Reload(std::string_view uiid);
+
   /// The control is to be enabled or disabled when the rule passes.
   void Enable(std::string_view uiid, bool enabled) { states_.emplace_back(uiid, enabled); }
 

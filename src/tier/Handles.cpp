@@ -8,6 +8,11 @@ void RaiseNothing(std::string_view what) {
   throw Error(ErrorNumber::kObjectNotSet, "KD4410", "Object reference not set: " + std::string(what));
 }
 
+void TableRef::Sort(const ProviderRef& provider, std::string_view key) const {
+  constexpr std::int32_t kAscending = 1;
+  Check(Host().Sort(provider.Host(), key, kAscending));
+}
+
 ScopedAutoUpdate::ScopedAutoUpdate(const ProviderRef& provider, bool state)
     : provider_(provider), errorsBefore_(std::uncaught_exceptions()), before_(provider.AutoUpdate()) {
   if (before_ != state) provider_.SetAutoUpdate(state);

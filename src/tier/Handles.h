@@ -104,10 +104,18 @@ class FieldsRef {
   FieldRef Item(std::string_view name) const {
     return FieldRef(Ask<std::shared_ptr<Ifield>>(Deref(fields_, "Ifields"), &Ifields::Item, name));
   }
+  /// All fields of the table.
+  std::vector<FieldRef> NewEnum() const {
+    const auto fields =
+        Ask<std::vector<std::shared_ptr<Ifield>>>(Deref(fields_, "Ifields"), &Ifields::NewEnum);
+    return {fields.begin(), fields.end()};
+  }
 
  private:
   std::shared_ptr<Ifields> fields_;
 };
+
+class ProviderRef;
 
 class TableRef {
  public:
@@ -123,6 +131,11 @@ class TableRef {
     static_cast<void>(Ask<RecordNr>(Host(), &Itable::AppendRecord));
     return RecordCount();
   }
+  void DeleteRecord(RecordNr record) const {
+    static_cast<void>(Ask<RecordNr>(Host(), &Itable::DeleteRecord, record));
+  }
+  /// Ascending by the key: a name, or several joined by a vertical bar.
+  void Sort(const ProviderRef& provider, std::string_view key) const;
 
  private:
   Itable& Host() const { return Deref(table_, "Itable"); }
@@ -146,15 +159,22 @@ class ProviderRef {
   TableRef Table(std::string_view tableId) const {
     return TableRef(Ask<std::shared_ptr<Itable>>(*Tables(), &Itables::Table, tableId));
   }
+  /// What the schema gives the field in a new record; of an identity the next free one.
+  Variant DefaultValue(std::string_view name) const {
+    return Ask<Variant>(Host(), &Iprovider::DefaultValue, name);
+  }
   bool FactoryMode() const { return Ask<Boolean>(Host(), &Iprovider::FactoryMode) != kFalse; }
   bool AutoUpdate() const { return Ask<Boolean>(Host(), &Iprovider::AutoUpdate) != kFalse; }
   void SetAutoUpdate(bool state) const { Check(TrySetAutoUpdate(state)); }
   Status TrySetAutoUpdate(bool state) const { return Host().SetAutoUpdate(ToBoolean(state)); }
   void ClearTable(std::string_view tableId) const { Check(Host().ClearTable(tableId, kTrue)); }
   void RefreshField(std::string_view name) const { Check(Host().RefreshField(name)); }
+  void RefreshValues(std::string_view fieldId) const { Check(Host().RefreshValues(fieldId)); }
   bool IsNothing() const { return provider_ == nullptr; }
 
  private:
+  friend class TableRef;
+
   Iprovider& Host() const { return Deref(provider_, "Iprovider"); }
   std::shared_ptr<Itables> Tables() const {
     auto tables = Ask<std::shared_ptr<Itables>>(Host(), &Iprovider::Tables);

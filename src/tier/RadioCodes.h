@@ -24,6 +24,9 @@ inline constexpr std::int32_t kHigh = 4;
 
 namespace KeyAction {  ///< FunctionKey1 to FunctionKey4
 inline constexpr std::int32_t kUnassigned = 0;
+inline constexpr std::int32_t kActionDigitalOutputLine = 2;
+inline constexpr std::int32_t kBacklightTimer = 3;
+inline constexpr std::int32_t kBacklightTimerToggle = 5;
 inline constexpr std::int32_t kEconomy = 9;
 inline constexpr std::int32_t kEmergencyMode = 10;
 inline constexpr std::int32_t kEncryption = 11;
@@ -124,10 +127,26 @@ inline constexpr std::int32_t kWithActivity = 0;
 inline constexpr std::int32_t kContinuous = 1;
 }  // namespace Backlight
 
+namespace AudibleMode {  ///< UIPrefsAudibleMode
+inline constexpr std::int32_t kAll = 0;
+inline constexpr std::int32_t kQuiet = 1;
+inline constexpr std::int32_t kSilent = 2;
+}  // namespace AudibleMode
+
 namespace SignallingOnPTT {  ///< SignallingOnPTTPress_k6k, SignallingOnPTTRelease_k6k
 inline constexpr std::int32_t kNone = 0;
 inline constexpr std::int32_t kANI = 1;
+inline constexpr std::int32_t kTone = 2;  ///< repeater access tone on a press, over beep on the release
 }  // namespace SignallingOnPTT
+
+namespace MonitorOverrides {  ///< MonitorOverrides_k6k, HookswitchMonitorOverrides_k6k
+inline constexpr std::int32_t kSubaudibleOnly = 0;
+inline constexpr std::int32_t kAllMutes = 1;
+}  // namespace MonitorOverrides
+
+namespace EmSignalling {  ///< EmSignallingType
+inline constexpr std::int32_t kNoSignalling = 2;
+}  // namespace EmSignalling
 
 /// The form fields of one function key, all in record 1.
 struct FunctionKey {

@@ -16,6 +16,8 @@ inline constexpr std::int32_t kMDC1200 = 4;
 }  // namespace SignallingType
 
 inline constexpr std::string_view kNone = "None";
+/// A text that is not there: the one item of a control without a list.
+inline constexpr std::string_view kUndefined = "Undefined";
 
 namespace modProjectGlobals {
 /// Whether the scan group has more than one member.

@@ -1,0 +1,18 @@
+#include "tier/StoredValues.h"
+
+#include "platform/Conversions.h"
+
+Variant StoredValue(const ProviderRef& provider, std::string_view field, RecordNr record) {
+  if (!provider.HasField(field)) return {};
+  const FieldRef stored = provider.Field(field);
+  return stored.HasRecord(record) ? stored.Value(record) : Variant();
+}
+
+bool HoldsCode(const ProviderRef& provider, std::string_view field, std::int32_t code, RecordNr record) {
+  const Variant stored = StoredValue(provider, field, record);
+  return !stored.IsEmpty() && IsCode(stored, code);
+}
+
+RecordNr CurrentNetwork(const ProviderRef& provider) {
+  return CLng(StoredValue(provider, "CurrentNetworkNr"));
+}

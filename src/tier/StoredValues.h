@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "tier/Handles.h"
+
+/// What a personality holds, for rules that may be asked before a record exists, and in every database
+/// version.
+
+/// Empty for a record that does not exist and for a field that this version does not have.
+Variant StoredValue(const ProviderRef& provider, std::string_view field, RecordNr record = 1);
+/// Whether the field holds the code. What does not exist holds none, not even 0.
+bool HoldsCode(const ProviderRef& provider, std::string_view field, std::int32_t code, RecordNr record = 1);
+/// The network that the forms show, 0 for none.
+RecordNr CurrentNetwork(const ProviderRef& provider);
