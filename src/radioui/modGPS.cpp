@@ -1,0 +1,91 @@
+#include "radioui/modGPS.h"
+
+#include <memory>
+
+#include "platform/Conversions.h"
+#include "radioui/ArrayRows.h"
+#include "tier/LibraryArray.h"
+#include "tier/Procedure.h"
+#include "tier/RadioCodes.h"
+#include "tier/modProjectGlobals.h"
+
+namespace modGPS {
+namespace {
+/// An array of table 69 and the field of table 21 that shows the networks' values in it.
+constexpr struct {
+  std::string_view raw, form;
+} kPositionFields[] = {
+    {"69.GPSNetworkSendPosOnPTT", "21.cboGPSNetworkSendPosOnPTT"},
+    {"69.GPSNetworkSendPosOnEPTT1", "21.cboGPSNetworkSendPosOnEPTT1"},
+    {"69.GPSNetworkSendPosOnEPTT2", "21.cboGPSNetworkSendPosOnEPTT2"},
+    {"69.PttGPSSuppressionTime", "21.PttGPSSuppressionTime"},
+};
+
+bool CurrentChannelAnswers(const ProviderRef& provider) {
+  return SameValue(provider.Field("69.GPSPollResponseChannelType").Value(1), ChannelType::kCurrent);
+}
+
+/// The number of the channel that the radio points at; "None" for an index outside the table.
+Variant PointedChannel(const ProviderRef& provider) {
+  const std::int32_t index = CLng(provider.Field("69.GPSPollResponseChannel").Value(1));
+  const FieldRef numbers = provider.Field("7.CibChannelID");
+  if (index < 0 || index >= numbers.RecordCount()) return kNone;
+  return numbers.Value(index + 1);
+}
+
+/// The index of the channel with that number, 0 for none.
+std::int32_t ChannelIndex(const ProviderRef& provider, const Variant& number) {
+  const FieldRef numbers = provider.Field("5.ChannelIDTracker");
+  for (const RecordNr channel : numbers.Records()) {
+    if (SameValue(numbers.Value(channel), number)) return channel - 1;
+  }
+  return 0;
+}
+
+/// A row for each network; row 0 is unused.
+ArrayObject RowsOfNetworks(const FieldRef& form) {
+  const auto rows = std::make_shared<LibraryArray>();
+  rows->Redim(0, form.RecordCount(), ArrayRows::kColumn, ArrayRows::kColumn);
+  for (const RecordNr network : form.Records()) {
+    rows->SetValue(network, ArrayRows::kColumn, form.Value(network));
+  }
+  return rows;
+}
+}  // namespace
+
+void GetResponseChannels(const ProviderRef& provider, std::string_view fieldId, RecordNr) {
+  Procedure("GetActionParameters", [&] {  // its own name is not in its errors; wanted so
+    const bool current = CurrentChannelAnswers(provider);
+    provider.Field(fieldId).SetValue(1, current ? Variant(kNone) : PointedChannel(provider));
+  });
+}
+
+void SetResponseChannels(const ProviderRef& provider, std::string_view fieldId, RecordNr) {
+  Procedure("SetResponseChannels", [&] {
+    const bool current = CurrentChannelAnswers(provider);
+    const std::int32_t index = current ? 0 : ChannelIndex(provider, provider.Field(fieldId).Value(1));
+    provider.Field("69.GPSPollResponseChannel").SetValue(1, index);
+  });
+}
+
+void GetGPSPosOnPTT(const ProviderRef& provider, std::string_view, RecordNr) {
+  Procedure("GetGPSPosOnPTT", [&] {
+    for (const auto& field : kPositionFields) {
+      const Variant rows = provider.Field(field.raw).Value(1);
+      const FieldRef form = provider.Field(field.form);
+      for (const RecordNr network : form.Records()) {
+        const Variant* value = ArrayRows::Find(rows, network);
+        if (value != nullptr) form.SetValue(network, CLng(*value));
+      }
+    }
+  });
+}
+
+void SetGPSPosOnPTT(const ProviderRef& provider, std::string_view, RecordNr) {
+  Procedure("SetGPSPosOnPTT", [&] {
+    for (const auto& field : kPositionFields) {
+      provider.Field(field.raw).SetValue(1, RowsOfNetworks(provider.Field(field.form)));
+    }
+  });
+}
+}  // namespace modGPS
