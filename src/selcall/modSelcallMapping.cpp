@@ -1,5 +1,6 @@
 #include "selcall/modSelcallMapping.h"
 
+#include <iterator>
 #include <memory>
 
 #include "platform/Conversions.h"
@@ -57,5 +58,11 @@ std::string MapBurstFromUI(const ProviderRef& provider, RecordNr system, const s
 
 RecordNr GetSigSysRecNrForFixedFormBurst(RecordNr burst) {
   return burst < 2 ? 0 : (burst - 2) / kBurstsPerSystem + 1;
+}
+
+std::int32_t PeriodMs(const Variant& period) {
+  constexpr std::int32_t kMilliseconds[] = {20, 33, 40, 50, 60, 70, 100};
+  const std::int32_t code = CLng(period);
+  return code >= 1 && code <= std::ssize(kMilliseconds) ? kMilliseconds[code - 1] : code;
 }
 }  // namespace modSelcallMapping

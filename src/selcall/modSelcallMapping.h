@@ -21,6 +21,9 @@ std::string NumarrayToString(const Variant& sequence);
 std::string MapBurstToUI(const ProviderRef& provider, RecordNr system, const std::string& text);
 std::string MapBurstFromUI(const ProviderRef& provider, RecordNr system, const std::string& text);
 
+/// The length of a tone or a gap in ms: of its code, 1 to 7. Any other number is a length already.
+std::int32_t PeriodMs(const Variant& period);
+
 /// The Selcall system, from 1, that owns a record of table 30; 0 for record 1.
 RecordNr GetSigSysRecNrForFixedFormBurst(RecordNr burst);
 }  // namespace modSelcallMapping

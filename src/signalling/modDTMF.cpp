@@ -1,6 +1,7 @@
 #include "signalling/modDTMF.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 
 #include "platform/Conversions.h"
@@ -15,9 +16,181 @@ std::string WithReplaced(std::string text, char first, char firstBecomes, char s
   return text;
 }
 
-std::string ToForm(std::string tones) { return WithReplaced(std::move(tones), 'F', '*', 'E', '#'); }
-std::string FromForm(std::string keys) { return WithReplaced(std::move(keys), '*', 'F', '#', 'E'); }
+std::string ToForm(const Variant& sequence) {
+  return WithReplaced(modSelcallMapping::NumarrayToString(sequence), 'F', '*', 'E', '#');
+}
+ArrayObject FromForm(const Variant& keys) {
+  return modSelcallMapping::StringToNumarray(WithReplaced(CStr(keys), '*', 'F', '#', 'E'));
+}
+
+constexpr struct {
+  std::string_view raw, form;
+} kTimings[] = {
+    {"63.DTMFStandardTonePeriod", "64.DTMFStandardTonePeriod"},
+    {"63.DTMFSpecialTonePeriod", "64.DTMFSpecialTonePeriod"},
+    {"63.DTMFIntertoneGap", "64.DTMFIntertoneGap"},
+    {"63.DTMFLeadInDelay", "64.DTMFLeadInDelay"},
+    {"63.DTMFFirstTonePeriodMultiplier", "64.DTMFFirstTonePeriodMultiplier"},
+    {"63.DTMFLeadOutDelay", "64.DTMFLeadOutDelay"},
+};
+
+/// A type of table 66 and its form field; type 5 has none.
+struct NetworkSequence {
+  std::int32_t type;
+  std::string_view form;
+};
+constexpr NetworkSequence kNetworkSequences[] = {
+    {0, "64.DTMFNetworkSequence1"}, {1, "64.DTMFNetworkSequence2"}, {2, "64.DTMFNetworkSequence3"},
+    {3, "64.DTMFNetworkSequence4"}, {4, "64.DTMFANISequence"},      {6, "64.DTMFEmergSequence"},
+};
+
+/// Null for a type that no field shows.
+const NetworkSequence* FindSequence(const Variant& type) {
+  const auto* found = std::ranges::find_if(
+      kNetworkSequences, [&](const NetworkSequence& sequence) { return SameValue(type, sequence.type); });
+  return found == std::end(kNetworkSequences) ? nullptr : found;
+}
+
+void TimingsToForm(const ProviderRef& provider, RecordNr system) {
+  // The record number of a system differs from its pointer after one before it was deleted.
+  const std::int32_t pointer = CLng(provider.Field("64.DTMFNetworkToneSetupRecord").Value(system));
+  if (pointer < 0 || pointer >= provider.Table("63").RecordCount()) return;
+  for (const auto& timing : kTimings) {
+    provider.Field(timing.form).SetValue(system, provider.Field(timing.raw).Value(pointer + 1));
+  }
+}
+
+void TimingsFromForm(const ProviderRef& provider, RecordNr system) {
+  const RecordNr added = provider.Table("63").AppendRecord();
+  for (const auto& timing : kTimings) {
+    provider.Field(timing.raw).SetValue(added, provider.Field(timing.form).Value(system));
+  }
+  provider.Field("64.DTMFNetworkToneSetupRecord").SetValue(system, added - 1);
+}
+
+void SequencesToForm(const ProviderRef& provider, RecordNr system) {
+  for (const NetworkSequence& sequence : kNetworkSequences) {
+    provider.Field(sequence.form).SetValue(system, "");
+  }
+  const Variant identity = provider.Field("64.DTMFNetworkSigSystemID").Value(system);
+  const FieldRef owner = provider.Field("66.DTMFNetworkPresetSeqSigSysID");
+  const FieldRef type = provider.Field("66.DTMFNetworkPresetSeqType");
+  const FieldRef raw = provider.Field("66.DTMFNetworkPresetSequence");
+  for (const RecordNr stored : owner.Records()) {
+    if (!SameValue(owner.Value(stored), identity)) continue;
+    const NetworkSequence* sequence = FindSequence(type.Value(stored));
+    if (sequence != nullptr) provider.Field(sequence->form).SetValue(system, ToForm(raw.Value(stored)));
+  }
+}
+
+constexpr std::int32_t kPatchesPerNetwork = 4;
+
+/// The number of a patch, 1 to 4, stands behind the name of its form field.
+constexpr struct {
+  std::string_view raw, form;
+} kPatchFields[] = {
+    {"68.DTMFPatchSeqSequence", "67.DTMFPatchSequence"},
+    {"68.DTMFPatchSeqLineCapturedSeq", "67.DTMFPatchLineCapturedSeq"},
+    {"68.DTMFPatchSeqLineReleaseSeq", "67.DTMFPatchLineReleaseSeq"},
+};
+
+FieldRef PatchField(const ProviderRef& provider, std::string_view form, std::int32_t patch) {
+  return provider.Field(std::string(form) + std::to_string(patch));
+}
+
+RecordNr PatchRecord(RecordNr network, std::int32_t patch) {
+  return (network - 1) * kPatchesPerNetwork + patch;
+}
+
+/// Table 68 has that record afterwards. In a walk over all networks it is the next one; a network that is
+/// stored alone, after an edit, finds its own.
+void ProvidePatchRecord(const ProviderRef& provider, RecordNr record) {
+  const TableRef table = provider.Table("68");
+  for (RecordNr count = table.RecordCount(); count < record; ++count) table.AppendRecord();
+}
+
+/// Tables of a damaged file end at different networks: a record that is missing is left out.
+void CopyNetworkNumber(const ProviderRef& provider, RecordNr network, std::string_view field,
+                       RecordNr record) {
+  const FieldRef number = provider.Field("21.NetworkIDTracker");
+  const FieldRef copy = provider.Field(field);
+  if (number.HasRecord(network) && copy.HasRecord(record)) {
+    copy.SetValue(record, CLng(number.Value(network)));
+  }
+}
+
+void PatchFromForm(const ProviderRef& provider, RecordNr network, std::int32_t patch) {
+  const RecordNr record = PatchRecord(network, patch);
+  ProvidePatchRecord(provider, record);
+  for (const auto& field : kPatchFields) {
+    const Variant keys = PatchField(provider, field.form, patch).Value(network);
+    provider.Field(field.raw).SetValue(record, FromForm(keys));
+  }
+  provider.Field("68.DTMFPatchSeqSequenceType").SetValue(record, patch - 1);
+  CopyNetworkNumber(provider, network, "68.DTMFPatchSeqNetworkID", record);
+}
+
+void PatchToForm(const ProviderRef& provider, RecordNr network, std::int32_t patch) {
+  const RecordNr record = PatchRecord(network, patch);
+  const bool isStored = provider.Table("68").HasRecord(record);
+  for (const auto& field : kPatchFields) {
+    const std::string keys = isStored ? ToForm(provider.Field(field.raw).Value(record)) : std::string();
+    PatchField(provider, field.form, patch).SetValue(network, keys);
+  }
+  CopyNetworkNumber(provider, network, "68.DTMFPatchSeqNetworkID", record);
+}
 }  // namespace
+
+void GetDTMF(const ProviderRef& provider, std::string_view, RecordNr) {
+  Procedure("GetDTMF", [&] {
+    for (const RecordNr system : provider.Table("64").Records()) {
+      TimingsToForm(provider, system);
+      SequencesToForm(provider, system);
+    }
+  });
+}
+
+void SetDTMF(const ProviderRef& provider, std::string_view, RecordNr) {
+  Procedure("SetDTMF", [&] {
+    provider.ClearTable("66");
+    provider.ClearTable("63");
+    for (const RecordNr system : provider.Table("64").Records()) {
+      TimingsFromForm(provider, system);
+      for (const auto& [type, form] : kNetworkSequences) {
+        SetNewDTMFNetworkSequence(provider, form, type, system);
+      }
+    }
+  });
+}
+
+void SetNewDTMFNetworkSequence(const ProviderRef& provider, std::string_view fieldName, std::int32_t type,
+                               RecordNr record) {
+  Procedure("SetNewDTMFNetworkSequence", [&] {
+    const RecordNr added = provider.Table("66").AppendRecord();
+    const Variant identity = provider.Field("64.DTMFNetworkSigSystemID").Value(record);
+    provider.Field("66.DTMFNetworkPresetSeqSigSysID").SetValue(added, identity);
+    provider.Field("66.DTMFNetworkPresetSeqType").SetValue(added, type);
+    const Variant keys = provider.Field(fieldName).Value(record);
+    provider.Field("66.DTMFNetworkPresetSequence").SetValue(added, FromForm(keys));
+  });
+}
+
+void GetPatchSequences(const ProviderRef& provider, std::string_view, RecordNr record) {
+  Procedure("GetPatchSequences", [&] {
+    for (std::int32_t patch = 1; patch <= kPatchesPerNetwork; ++patch) PatchToForm(provider, record, patch);
+    CopyNetworkNumber(provider, record, "72.DTMFPatchTonesNetworkID", record);
+  });
+}
+
+void SetPatchSequences(const ProviderRef& provider, std::string_view, RecordNr record) {
+  Procedure("SetPatchSequences", [&] {
+    if (record == 1) provider.ClearTable("68");
+    for (std::int32_t patch = 1; patch <= kPatchesPerNetwork; ++patch) {
+      PatchFromForm(provider, record, patch);
+    }
+    provider.Field("67.DTMFPatchToneSetupPointer").SetValue(record, record - 1);
+  });
+}
 
 void GetChannelPreset(const ProviderRef& provider, std::string_view, RecordNr) {
   Procedure("GetChannelPreset", [&] {
@@ -25,7 +198,7 @@ void GetChannelPreset(const ProviderRef& provider, std::string_view, RecordNr) {
     const FieldRef form = provider.Field("65.DTMFChannelPresetSequenceUI");
     const FieldRef sortOrder = provider.Field("65.SortOrder");
     for (const RecordNr preset : raw.Records()) {
-      form.SetValue(preset, ToForm(modSelcallMapping::NumarrayToString(raw.Value(preset))));
+      form.SetValue(preset, ToForm(raw.Value(preset)));
       sortOrder.SetValue(preset, preset);
     }
   });
@@ -36,7 +209,7 @@ void SetChannelPreset(const ProviderRef& provider, std::string_view, RecordNr) {
     const FieldRef raw = provider.Field("65.DTMFChannelPresetSequence");
     const FieldRef form = provider.Field("65.DTMFChannelPresetSequenceUI");
     for (const RecordNr preset : form.Records()) {
-      raw.SetValue(preset, modSelcallMapping::StringToNumarray(FromForm(CStr(form.Value(preset)))));
+      raw.SetValue(preset, FromForm(form.Value(preset)));
     }
   });
 }
