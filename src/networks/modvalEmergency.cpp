@@ -1,24 +1,24 @@
 #include "networks/modvalEmergency.h"
 
 #include <algorithm>
-#include <iterator>
 #include <string>
 
+#include "networks/modNetworks.h"
 #include "platform/Conversions.h"
+#include "selcall/modSelcallMapping.h"
 #include "tier/Messages.h"
 #include "tier/Procedure.h"
 #include "tier/RadioCodes.h"
+#include "tier/StoredValues.h"
 #include "tier/modProjectGlobals.h"
 
 namespace modvalEmergency {
 namespace {
-/// The length of a Selcall tone or gap in ms, by its code from 1.
-constexpr std::int32_t kPeriodsMs[] = {20, 33, 40, 50, 60, 70, 100};
 constexpr std::int32_t kShortestIntervalMs = 200;
 
 /// The channel with that number, as text; 0 for none.
 RecordNr FindChannel(const ProviderRef& provider, const std::string& number) {
-  const FieldRef channelNumber = provider.Field("ChannelID_k6k");
+  const FieldRef channelNumber = provider.Field("5.ChannelIDTracker");
   for (const RecordNr channel : channelNumber.Records()) {
     if (CStr(channelNumber.Value(channel)) == number) return channel;
   }
@@ -40,12 +40,6 @@ RecordNr FindDedicatedUser(const ProviderRef& provider, RecordNr network, const 
   return 0;
 }
 
-/// A number that is no code counts as milliseconds.
-std::int32_t PeriodMs(const Variant& period) {
-  const std::int32_t code = CLng(period);
-  return code >= 1 && code <= std::ssize(kPeriodsMs) ? kPeriodsMs[code - 1] : code;
-}
-
 /// Gap and tone of the network's signalling system; 0 without one that has them.
 struct Timing {
   std::int32_t gapMs = 0;
@@ -59,18 +53,126 @@ Timing TimingOf(const ProviderRef& provider, RecordNr network) {
   const RecordNr system = modProjectGlobals::SigSysRecordNr(provider, type, identity, true);
   if (system == 0) return {};
   if (type == SignallingType::kSelcall) {
-    return {PeriodMs(provider.Field("GapPeriod").Value(system)),
-            PeriodMs(provider.Field("TonePeriod").Value(system))};
+    return {modSelcallMapping::PeriodMs(provider.Field("GapPeriod").Value(system)),
+            modSelcallMapping::PeriodMs(provider.Field("TonePeriod").Value(system))};
   }
   return {CLng(provider.Field("DTMFIntertoneGap").Value(system)),
           CLng(provider.Field("DTMFStandardTonePeriod").Value(system))};
 }
+
 /// At the record of the network's number, not of the network: wanted so. There may be no such record.
 void ClearSIBTCycling(FieldEdit& edit, RecordNr networkId) {
   const FieldRef cycling = edit.validator.CurrentProvider().Field("SIBTTxCyclingEnabled_k6k");
   if (cycling.HasRecord(networkId)) edit.writes.Set("SIBTTxCyclingEnabled_k6k", networkId, kOff);
 }
+/// Why emergency ANI can not be enabled while the network's system has no ANI sequence.
+constexpr struct {
+  std::int32_t type;
+  std::string_view text;
+} kNoANI[] = {
+    {SignallingType::kSelcall,
+     "You can not enable Emergency ANI for this Selcall Network because an ANI sequence has not been "
+     "defined. "
+     "Please define an ANI sequence in the Selcall Free Format Bursts form."},
+    {SignallingType::kDTMF,
+     "You can not enable Emergency ANI for this DTMF Network because an ANI sequence has not been defined. "
+     "Please define an ANI sequence in the DTMF form."},
+    {SignallingType::kMDC1200,
+     "You can not enable Emergency ANI for this MDC1200 Network because an ANI sequence has not been "
+     "defined. "
+     "Please define an ANI sequence in the MDC1200 form."},
+};
+
+/// Endless cycling: advice where nothing can reset it, a question where an acknowledgement does.
+bool ContinuesOnPurpose(const FieldEdit& edit) {
+  if (!edit.Is(EmCycling::kContinuous)) return true;
+  const bool isSelcall = edit.Holds("SignallingType", SignallingType::kSelcall, edit.record);
+  if (!isSelcall && edit.Holds("EmergencyEnabled", kOn, edit.CurrentNetwork())) {
+    Notify(edit.validator,
+           "The current network does not use Selcall signalling, therefore emergency cycling cannot be reset "
+           "remotely. Consider using a fixed number of cycles instead.");
+  }
+  if (!isSelcall) return true;
+  return AskYesNo(
+             edit.validator,
+             "Setting the cycling type to Continuous will result in an infinite number of transmissions if "
+             "no acknowledgement is received. Do you want to continue?") != Button::No;
+}
+
+/// The controls of cycling, in the order in which they change.
+constexpr std::string_view kCyclingControls[] = {
+    "EmCyclingType",        "EmCyclingNumber",   "EmCyclingRxTime",
+    "EmCyclingTxTime",      "EmCyclingANI",      "EmCyclingAlertTone",
+    "EmCyTxBeginToneFreq",  "EmCyTxEndToneFreq", "EmCyTxBeginToneDuration",
+    "EmCyTxEndToneDuration"};
 }  // namespace
+
+bool ValidateEmCyclingType(FieldEdit& edit) {
+  return Procedure("ValidateEmCyclingType", true, [&] {
+    if (!ContinuesOnPurpose(edit)) return false;
+    const bool isFixedNumber = edit.Is(EmCycling::kFixedNumber);
+    edit.writes.Enable("EmCyclingNumber", isFixedNumber);
+    edit.writes.Enable("EmCyclingRxTime", !edit.Is(EmCycling::kNone));
+    edit.writes.Enable("EmCyclingTxTime", !edit.Is(EmCycling::kNone));
+    const auto number = [&](std::string_view field) { return CDbl(edit.Stored(field, edit.record)); };
+    edit.writes.Set("EmCyclingMaxTime", edit.record,
+                    modNetworks::MaximumCyclingTime(isFixedNumber, number("EmCyclingRxTime"),
+                                                    number("EmCyclingTxTime"), number("EmCyclingNumber")));
+    return true;
+  });
+}
+
+bool ValidateEmergencyANIEnabled(FieldEdit& edit) {
+  return Procedure("ValidateEmergencyANIEnabled", true, [&] {
+    if (edit.Is(kOff)) return true;
+    const Variant identity = edit.Stored("NetworkSignallingID", edit.record);
+    for (const auto& [type, text] : kNoANI) {
+      if (!edit.Holds("SignallingType", type, edit.record)) continue;
+      const std::string sequence = modNetworks::SequenceOf(edit.validator.CurrentProvider(), type, identity,
+                                                           modNetworks::ANISequenceField(type));
+      return !sequence.empty() || Refuse(edit.validator, text);
+    }
+    return true;
+  });
+}
+
+bool ValidateEMSignallingType(FieldEdit& edit) {
+  return Procedure("ValidateEMSignallingType", true, [&] {
+    const bool signals = !edit.Is(EmSignalling::kNoSignalling);
+    // Of the first network, whichever is edited: wanted so.
+    const bool cyclesFixed = edit.Holds("EmCyclingType", EmCycling::kFixedNumber);
+    const bool cycles = !edit.Holds("EmCyclingType", EmCycling::kNone);
+    for (const std::string_view control : kCyclingControls) {
+      const bool isTime = control == "EmCyclingRxTime" || control == "EmCyclingTxTime";
+      const bool applies = control == "EmCyclingNumber" ? cyclesFixed : !isTime || cycles;
+      edit.writes.Enable(control, signals && applies);
+    }
+    return true;
+  });
+}
+
+bool ValidateEmChannel(FieldEdit& edit) {
+  return Procedure("ValidateEmChannel", true, [&] {
+    const std::string number = CStr(edit.value);
+    if (number == kNone) return true;
+    const ProviderRef provider = edit.validator.CurrentProvider();
+    const RecordNr channel = FindChannel(provider, number);
+    if (channel == 0) return true;
+    if (HoldsCode(provider, "TxPower_k6k", TxPower::kOff, channel) &&
+        AskYesNo(
+            edit.validator,
+            "The channel you are trying to use has a Tx Power setting of 'Off'.  Do you still want to use "
+            "the channel?") != Button::Yes) {
+      return false;
+    }
+    const Variant network = provider.Field("5.ChannelNetworkIdUI").Value(channel);
+    if (SameValue(network, provider.Field("NetworkID").Value(edit.record))) return true;
+    return AskYesNo(edit.validator,
+                    "This Channel is on a different Network. The Emergency sequence, callout, and cycling "
+                    "options for the dedicated Channel's Network will be used.  Do you want to continue?") ==
+           Button::Yes;
+  });
+}
 
 bool ValidateEmergencyEnabled(FieldEdit& edit) {
   return Procedure("ValidateEmergencyEnabled", true, [&] {
@@ -95,11 +197,11 @@ bool ValidateEmergencyEnabled(FieldEdit& edit) {
   });
 }
 
-void ValidateRepeatInterval(FieldEdit& edit, std::string_view intervalField) {
+void ValidateRepeatInterval(FieldEdit& edit, std::string_view intervalField, RecordNr network) {
   Procedure("ValidateRepeatInterval", [&] {
-    const Timing timing = TimingOf(edit.validator.CurrentProvider(), edit.record);
+    const Timing timing = TimingOf(edit.validator.CurrentProvider(), network);
     const std::int32_t interval = std::max(3 * timing.gapMs + timing.toneMs, kShortestIntervalMs);
-    edit.writes.Set(intervalField, edit.record, interval);
+    edit.writes.Set(intervalField, network, interval);
   });
 }
 

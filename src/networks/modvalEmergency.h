@@ -7,9 +7,16 @@ namespace modvalEmergency {
 /// Turning emergency mode off: not while another network uses a channel of this one as its dedicated
 /// emergency channel. Otherwise the settings that go with it are reset.
 bool ValidateEmergencyEnabled(FieldEdit& edit);
-/// Writes the shortest repeat interval, in ms, that the signalling of the network `edit.record` allows to the
-/// field.
-void ValidateRepeatInterval(FieldEdit& edit, std::string_view intervalField);
+/// Emergency ANI needs a sequence in the network's system, where its type has one.
+bool ValidateEmergencyANIEnabled(FieldEdit& edit);
+/// How the emergency is cycled; endless cycling gets advice or a question. Longest time and controls follow.
+bool ValidateEmCyclingType(FieldEdit& edit);
+/// Whether the emergency signals: the controls of cycling follow. Always true.
+bool ValidateEMSignallingType(FieldEdit& edit);
+/// The dedicated channel, by number: one that can not transmit, or of another network, needs consent.
+bool ValidateEmChannel(FieldEdit& edit);
+/// Writes the shortest repeat interval, in ms, that the signalling of the network allows to its field.
+void ValidateRepeatInterval(FieldEdit& edit, std::string_view intervalField, RecordNr network);
 /// Whether the channel may change its network: not while it is an emergency dedicated channel.
 bool ValidateChannelID(const ValidatorRef& validator, RecordNr channel);
 }  // namespace modvalEmergency

@@ -1,5 +1,6 @@
 #include "networks/modvalEmergencyFields.h"
 
+#include "networks/modNetworks.h"
 #include "networks/modvalEmergency.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
@@ -70,7 +71,7 @@ bool ValidateCalloutType(FieldEdit& edit) {
   WarnOfEndlessCallout(edit);
   edit.StoreNow();
   if (edit.Holds("EmCalloutNumber", 1, edit.record)) {
-    modvalEmergency::ValidateRepeatInterval(edit, "EmCalloutRepeatInterval");
+    modvalEmergency::ValidateRepeatInterval(edit, "EmCalloutRepeatInterval", edit.record);
   }
   edit.EnableByRule(kCalloutControls);
   return true;
@@ -79,7 +80,7 @@ bool ValidateCalloutType(FieldEdit& edit) {
 bool ValidateCalloutNumber(FieldEdit& edit) {
   edit.StoreNow();
   if (edit.Is(1) && !edit.Holds("EmCalloutType", EmCallout::kDisabled, edit.CurrentNetwork())) {
-    modvalEmergency::ValidateRepeatInterval(edit, "EmCalloutRepeatInterval");
+    modvalEmergency::ValidateRepeatInterval(edit, "EmCalloutRepeatInterval", edit.record);
   }
   edit.EnableByRule(kIntervalControl);
   return true;
@@ -96,12 +97,11 @@ bool ValidateFalsePowerdown(FieldEdit& edit) {
 }
 
 bool ValidateCyclingTime(FieldEdit& edit) {
-  Variant longest("-");
-  if (edit.Holds("EmCyclingType", EmCycling::kFixedNumber, edit.CurrentNetwork())) {
-    longest = RoundToLong((NumberAfter(edit, "EmCyclingRxTime") + NumberAfter(edit, "EmCyclingTxTime")) *
-                          NumberAfter(edit, "EmCyclingNumber"));
-  }
-  edit.writes.Set("EmCyclingMaxTime", edit.record, longest);
+  const bool isFixedNumber = edit.Holds("EmCyclingType", EmCycling::kFixedNumber, edit.CurrentNetwork());
+  edit.writes.Set("EmCyclingMaxTime", edit.record,
+                  modNetworks::MaximumCyclingTime(isFixedNumber, NumberAfter(edit, "EmCyclingRxTime"),
+                                                  NumberAfter(edit, "EmCyclingTxTime"),
+                                                  NumberAfter(edit, "EmCyclingNumber")));
   return true;
 }
 }  // namespace modvalEmergencyFields

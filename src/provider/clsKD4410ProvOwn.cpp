@@ -7,6 +7,7 @@
 #include "platform/Border.h"
 #include "platform/Conversions.h"
 #include "provider/modComboItems.h"
+#include "provider/modPostAddProcessing.h"
 #include "provider/modTransformations.h"
 #include "tier/Procedure.h"
 #include "tier/ValidatorRef.h"
@@ -53,11 +54,11 @@ bool Transform(const ProviderRef& provider, std::string_view fieldId, RecordNr r
   return true;
 }
 
-/// The operation belongs to a subject that the tier does not have yet: an honest failure, so that no host
-/// takes a record for complete that nobody has completed.
-Status NotSupported(std::string_view operation) {
+/// The grid belongs to a subject that the tier does not have yet: an honest failure, so that no host takes a
+/// record for complete that nobody has completed.
+Status NotSupported(std::string_view operation, std::string_view gridName) {
   return {ErrorNumber::kNotSupported, "IproviderOwner",
-          "Object doesn't support this action: " + std::string(operation)};
+          "Object doesn't support this action: " + std::string(operation) + " of " + std::string(gridName)};
 }
 }  // namespace
 
@@ -94,13 +95,27 @@ Status clsKD4410ProvOwn::PreWriteProcessing(std::shared_ptr<Iprovider> provider,
   });
 }
 
-Status clsKD4410ProvOwn::PostAddProcessing(std::shared_ptr<Iprovider>, std::string_view, Boolean&) {
-  return NotSupported("PostAddProcessing");
+Status clsKD4410ProvOwn::PostAddProcessing(std::shared_ptr<Iprovider> provider, std::string_view gridName,
+                                           Boolean& out) {
+  if (!modPostAddProcessing::CanCompleteAdded(gridName)) return NotSupported("PostAddProcessing", gridName);
+  return Border([&] {
+    out = ToBoolean(Procedure("PostAddProcessing", true, [&] {
+      modPostAddProcessing::CheckAddedRecord(ValidatorRef(tier_), ProviderRef(provider), gridName);
+      return true;
+    }));
+  });
 }
 
-Status clsKD4410ProvOwn::PostInsertProcessing(std::shared_ptr<Iprovider>, std::string_view, RecordNr,
-                                              Boolean&) {
-  return NotSupported("PostInsertProcessing");
+Status clsKD4410ProvOwn::PostInsertProcessing(std::shared_ptr<Iprovider>, std::string_view gridName, RecordNr,
+                                              Boolean& out) {
+  if (!modPostAddProcessing::CanCompleteInserted(gridName))
+    return NotSupported("PostInsertProcessing", gridName);
+  return Border([&] {
+    out = ToBoolean(Procedure("PostInsertProcessing", true, [&] {
+      modPostAddProcessing::CheckInsertedRecord(gridName);
+      return true;
+    }));
+  });
 }
 
 Status clsKD4410ProvOwn::GetComboItemsByUIID(std::shared_ptr<Iprovider> provider, std::string_view uiid,
@@ -180,7 +195,11 @@ Status clsKD4410ProvOwn::GetCurrentFrequencyRanges(std::int32_t& txLowest, std::
   });
 }
 
-Status clsKD4410ProvOwn::PostDeleteProcessing(std::shared_ptr<Iprovider>, std::string_view, RecordNr,
-                                              Boolean&) {
-  return NotSupported("PostDeleteProcessing");
+Status clsKD4410ProvOwn::PostDeleteProcessing(std::shared_ptr<Iprovider>, std::string_view gridName, RecordNr,
+                                              Boolean& out) {
+  return Border([&] {
+    out = ToBoolean(Procedure("PostDeleteProcessing", true, [&] {
+      return modPostAddProcessing::RecordDeleted(ValidatorRef(tier_), gridName);
+    }));
+  });
 }

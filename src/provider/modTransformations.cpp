@@ -1,12 +1,20 @@
 #include "provider/modTransformations.h"
 
 #include "channels/modBandLimits.h"
+#include "channels/modChannelIndex.h"
 #include "channels/modChannels.h"
 #include "channels/modSubaudible.h"
 #include "networks/modNetworks.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
+#include "radioui/modData.h"
+#include "radioui/modDisplayIndicators.h"
+#include "radioui/modGPS.h"
+#include "radioui/modPersonalityOptions.h"
+#include "radioui/modUIPreferences.h"
+#include "selcall/modFreeFormat.h"
 #include "signalling/modDTMF.h"
+#include "signalling/modMDC1200.h"
 #include "tier/Lookup.h"
 
 namespace modTransformations {
@@ -29,26 +37,57 @@ constexpr Transformation kTransformations[] = {
     {500, SetChannelID,                        GetChannelID, "5.ChannelIDTracker"},
     {501, SetTxFrequency,                      GetTxFrequency},
     {502, SetRxFrequency,                      GetRxFrequency},
+    {509, modData::SetXonXoff,                 modData::GetXonXoff},
     {510, SetSubAudSignalling,                 GetSubAudSignalling},
     {512, modNetworks::SetSystemID,            modNetworks::GetSystemID},
     {513, SetIsBirdieChannel,                  GetIsBirdieChannel},
     {514, SetChannelNetworkID,                 GetChannelNetworkID},
     {515, NoAction,                            NoAction},
+    {519, modPersonalityOptions::SetSecurityPIN, modPersonalityOptions::GetSecurityPIN},
+    {521, modFreeFormat::SetSelcallTone,       modFreeFormat::GetSelcallTone, "49.FreeFormBurstB_UI"},
+    {521, modFreeFormat::SetSelcallTone,       modFreeFormat::GetSelcallTone, "49.FreeFormBurstR1_UI"},
+    {521, modFreeFormat::SetSelcallTone,       modFreeFormat::GetSelcallTone, "49.FreeFormBurstR2_UI"},
+    {521, modFreeFormat::SetSelcallTone,       modFreeFormat::GetSelcallTone, "49.FreeFormBurstR3_UI"},
+    {521, modFreeFormat::SetSelcallTone,       modFreeFormat::GetSelcallTone, "49.FreeFormStatus_UI"},
     {522, NoAction,                            NoAction},
     {523, NoAction,                            NoAction},
     {525, SetPresetSelcallIndex,               GetPresetSelcallIndex},
+    {526, modChannelIndex::SetChannelIndex, modChannelIndex::GetChannelIndex, "53.ChannelIDTracker"},
     {532, NoAction,                            NoAction},
     {534, modSubaudible::SetGenerateCTCSSDCS,  modSubaudible::GenerateCTCSSDCS},
+    {535, modFreeFormat::SetFreeFormatFields,  modFreeFormat::GetFreeFormatSequence},
+    {536, modDisplayIndicators::GenerateDisplayIndicators, NoAction},
     {538, NoAction,                            NoAction},
     {540, modBandLimits::SetBand,              modBandLimits::GetBand},
+    {541, modPersonalityOptions::SetGenerateMicGain, modPersonalityOptions::GetGenerateMicGain},
     {542, SetSelcallID,                        GetSelcallID},
     {543, NoAction,                            NoAction},
     {547, modNetworks::SetNetworkSignallingID, modNetworks::GetNetworkSignallingID},
     {549, modSubaudible::SetOutputLevel,       modSubaudible::GetTxDeviation},
+    {551, modNetworks::SetSignallingOnPTTPress,   modNetworks::GetSignallingOnPTTPress},
+    {552, modNetworks::SetSignallingOnPTTRelease, modNetworks::GetSignallingOnPTTRelease},
+    {553, modGPS::SetResponseChannels,         modGPS::GetResponseChannels},
+    {554, modGPS::SetGPSPosOnPTT,              modGPS::GetGPSPosOnPTT},
+    {555, modUIPreferences::SetUIPrefsAudibleMode, modUIPreferences::GetUIPrefsAudibleMode},
+    {563, modData::SetDataIdentity,            modData::GetDataIdentity},
+    {565, modDTMF::SetDTMF,                    modDTMF::GetDTMF},
     {567, SetCompanding,                       GetCompanding},
+    {568, modUIPreferences::SetPATimer,        modUIPreferences::GetPATimer},
+    {569, modNetworks::SetEmergencyType,       modNetworks::GetEmergencyType},
+    {573, modDTMF::SetPatchSequences,          modDTMF::GetPatchSequences},
     {574, modDTMF::SetChannelPreset,           modDTMF::GetChannelPreset},
     {575, SetDTMFPreset,                       GetDTMFPreset},
     {578, NoAction,                            NoAction},
+    {579, modNetworks::SetTxCyclingBegin,      modNetworks::GetTxCyclingBegin},
+    {580, modNetworks::SetTxCyclingEnd,        modNetworks::GetTxCyclingEnd},
+    {581, modData::SetCCDICallerID,            modData::GetCCDICallerID},
+    {582, modNetworks::SetAutoOverBeep,        modNetworks::GetAutoOverBeep},
+    {583, modData::CopyCallerIDEncode,         NoAction},
+    {584, NoAction,                            modNetworks::SetEmergencyMaximumCyclingTime},
+    {586, NoAction,                            modData::GetCustomerDataNetworkID},
+    {587, modNetworks::SetCWIDFrequency,       modNetworks::GetCWIDFrequency},
+    {588, modMDC1200::SetMDC1200,              modMDC1200::GetMDC1200},
+    {589, modData::SetTOTALFields,             modData::GetTOTALFields},
 };
 // clang-format on
 static_assert(std::ranges::is_sorted(kTransformations, {}, &Transformation::number));

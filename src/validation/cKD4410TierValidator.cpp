@@ -1,6 +1,7 @@
 #include "validation/cKD4410TierValidator.h"
 
 #include "platform/Border.h"
+#include "tier/Grids.h"
 #include "tier/ValidatorRef.h"
 #include "validation/modvalEnablement.h"
 #include "validation/modvalFields.h"
@@ -34,7 +35,7 @@ Status cKD4410TierValidator::Guarded(Boolean& out, Rule rule) {
 Status cKD4410TierValidator::AddRecord(std::string_view gridName, std::shared_ptr<Iprovider> provider,
                                        Boolean& out) {
   return Guarded(out, [&](const ValidatorRef& validator) {
-    const std::int32_t table = modvalRecords::GridTable(gridName);
+    const std::int32_t table = Grids::TableOf(gridName);
     if (!modvalRecords::HasAddRule(table)) RaiseNotSupported("AddRecord");
     return modvalRecords::AddRecord(validator, table, ProviderRef(provider));
   });
@@ -43,7 +44,7 @@ Status cKD4410TierValidator::AddRecord(std::string_view gridName, std::shared_pt
 Status cKD4410TierValidator::DeleteRecord(std::string_view gridName, RecordNr record,
                                           std::shared_ptr<Iprovider>, Boolean& out) {
   return Guarded(out, [&](const ValidatorRef& validator) {
-    const std::int32_t table = modvalRecords::GridTable(gridName);
+    const std::int32_t table = Grids::TableOf(gridName);
     if (!modvalRecords::HasDeleteRule(table)) RaiseNotSupported("DeleteRecord");
     return modvalRecords::DeleteRecord(validator, table, record);
   });

@@ -2,11 +2,14 @@
 
 #include "channels/modvalBandLimits.h"
 #include "channels/modvalChannels.h"
+#include "networks/modvalEmergency.h"
 #include "networks/modvalEmergencyFields.h"
 #include "networks/modvalNetworkFields.h"
+#include "networks/modvalNetworks.h"
 #include "radioui/modvalDataFields.h"
 #include "radioui/modvalGPSFields.h"
 #include "radioui/modvalOptionFields.h"
+#include "radioui/modvalUIPreference.h"
 #include "tier/Lookup.h"
 #include "tier/Procedure.h"
 
@@ -22,7 +25,16 @@ using namespace modvalDataFields;
 using namespace modvalEmergencyFields;
 using namespace modvalGPSFields;
 using namespace modvalNetworkFields;
+using namespace modvalNetworks;
 using namespace modvalOptionFields;
+
+/// Rules of the network forms act on the network that the forms show, whichever record the host names;
+/// without one there is nothing to judge.
+template <bool (*rule)(FieldEdit&)>
+bool OnCurrentNetwork(FieldEdit& edit) {
+  edit.record = edit.CurrentNetwork();
+  return !edit.validator.CurrentProvider().Field("NetworkID").HasRecord(edit.record) || rule(edit);
+}
 
 // clang-format off
 constexpr FieldRule kRules[] = {
@@ -35,6 +47,20 @@ constexpr FieldRule kRules[] = {
     {"CHANNELANR",                 ValidateNoiseReduction},
     {"CHANNELCOMPANDING",          ValidateCompanding},
     // networks and their systems
+    {"NETWORKID",                  ValidateNetworkID},
+    {"CURRENTNETWORKNR",           ValidateNetworkIDChange},
+    {"SIGNALLINGTYPE",             OnCurrentNetwork<ValidateSignallingType>},
+    {"NETWORKSIGNALLINGID",        OnCurrentNetwork<ValidateSignallingID>},
+    {"SIGNALLINGONPTTPRESS_K6K",   OnCurrentNetwork<ValidateSignallingOnPTTPress>},
+    {"SIGNALLINGONPTTRELEASE_K6K", OnCurrentNetwork<ValidateSignallingOnPTTRelease>},
+    {"AUTOACKTYPE",                OnCurrentNetwork<ValidateAutoAckType>},
+    {"CALLMUTE",                   OnCurrentNetwork<ValidateCallMute>},
+    {"HOOKSWITCHMONITOROVERRIDES_K6K", OnCurrentNetwork<ValidateHookswitchMonitor>},
+    {"MONITOROVERRIDES_K6K",       OnCurrentNetwork<ValidateMonitorOverrides>},
+    {"GAPPERIOD",                  ValidateGapPeriod},
+    {"TONEPERIOD",                 OnChangeTonePeriod},
+    {"DTMFINTERTONEGAP",           OnChangeDTMFGapPeriod},
+    {"DTMFSTANDARDTONEPERIOD",     ValidateDTMFTonePeriod},
     {"INVALIDCALLRESET_K6K",       ValidateInvalidCallReset},
     {"RXSEQONEMONITORON",          ValidateSequenceOneMonitor},
     {"RXSEQTWOMONITORON",          ValidateSequenceTwoMonitor},
@@ -58,6 +84,10 @@ constexpr FieldRule kRules[] = {
     {"MDC1200EMERGENCYSEQUENCE",   ValidateMDC1200Identity},
     // emergency
     {"EMERGENCYENABLED",           ValidateEmergency},
+    {"EMSIGNALLINGTYPE",           OnCurrentNetwork<modvalEmergency::ValidateEMSignallingType>},
+    {"EMCHANNEL",                  OnCurrentNetwork<modvalEmergency::ValidateEmChannel>},
+    {"EMCYCLINGTYPE",              OnCurrentNetwork<modvalEmergency::ValidateEmCyclingType>},
+    {"EMCYCLINGANI",               OnCurrentNetwork<modvalEmergency::ValidateEmergencyANIEnabled>},
     {"EMCYCLINGALERTTONE",         ValidateAlertTone},
     {"EMCHANNELTYPE",              ValidateChannelType},
     {"EMCALLOUTTYPE",              ValidateCalloutType},
@@ -101,6 +131,7 @@ constexpr FieldRule kRules[] = {
     {"SECURITYLOCKONPOWERUP",      ValidateSecurityLock},
     {"GROUPACTIVITYONPOWERUP_K6K", ValidateGroupActivity},
     {"KEYPADMIC",                  ValidateKeypadMic},
+    {"BACKLIGHTMODE",              modvalUIPreference::ValidateBacklight},
     {"UIPRECARRIERINDICATIONTIME", ValidateCarrierDelay},
     {"GLOBALENCRYPTION",           ValidateGlobalEncryption},
 };

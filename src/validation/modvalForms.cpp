@@ -3,17 +3,32 @@
 #include <algorithm>
 
 #include "channels/modvalChannels.h"
+#include "networks/modvalNetworks.h"
 #include "platform/CaseText.h"
+#include "radioui/modvalData.h"
 #include "tier/Procedure.h"
 
 namespace modvalForms {
 namespace {
+/// The check of a form that has no list to refresh.
+template <bool (*check)(const ValidatorRef& validator)>
+bool Plain(const ValidatorRef& validator, bool) {
+  return check(validator);
+}
+
 constexpr struct {
   std::string_view form;
   bool (*check)(const ValidatorRef& validator, bool refresh);
 } kForms[] = {
     {"USRCTLCHANNELSKD4410", modvalChannels::ValidateForm},
     {"USRCTLCHANNELSKE2210", modvalChannels::ValidateForm},
+    {"USRCTLNETWORKS", Plain<modvalNetworks::ValidateBasicSettingsForm>},
+    {"USRCTLDTMFPATCH", Plain<modvalNetworks::ValidateDTMFPatchForm>},
+    {"USRCTLEMERGENCYKD4410", Plain<modvalNetworks::ValidateEmergencyForm>},
+    {"USRCTLEMERGENCYKE2210", Plain<modvalNetworks::ValidateEmergencyForm>},
+    {"USRCTLNETWORKFEATURES", Plain<modvalNetworks::ValidateFeaturesForm>},
+    {"USRCTLNETWORKPTT", Plain<modvalNetworks::ValidatePTTSignallingForm>},
+    {"USRCTLNETWORKDATA", Plain<modvalData::ValidateDataForm>},
 };
 }  // namespace
 

@@ -4,72 +4,28 @@
 
 #include "channels/modBandLimits.h"
 #include "channels/modvalChannels.h"
+#include "networks/modvalNetworkChecks.h"
 #include "platform/Conversions.h"
 #include "tier/FormWrites.h"
 #include "tier/Messages.h"
 #include "tier/Procedure.h"
 #include "tier/RadioCodes.h"
+#include "tier/StoredValues.h"
 
 namespace modvalKD4410FinalValidation {
 namespace {
 constexpr double kHertzPerMHz = 1'000'000;
 
-bool Holds(const ProviderRef& provider, std::string_view field, std::int32_t code) {
-  const FieldRef stored = provider.Field(field);
-  return stored.RecordCount() > 0 && IsCode(stored.Value(1), code);
-}
-
 /// A radio that starts scanning does not start as a modem.
 bool CheckPowerupState(const ValidatorRef& validator) {
   const ProviderRef provider = validator.CurrentProvider();
-  if (!Holds(provider, "DataPowerupState", PowerupState::kVHSD)) return true;
-  if (!Holds(provider, "GroupActivityOnPowerUp_k6k", kOn)) return true;
+  if (!HoldsCode(provider, "DataPowerupState", PowerupState::kVHSD)) return true;
+  if (!HoldsCode(provider, "GroupActivityOnPowerUp_k6k", kOn)) return true;
   return AskYesNo(
              validator,
              "You have set the Powerup State (Data form) to 'VHSD' and selected the Group Active on Power Up "
              "check box. Note that group activity will take priority, and the radio will start in scanning "
              "mode, not VHSD. Do you want to continue?") == Button::Yes;
-}
-
-bool Acknowledges(const Variant& type) {
-  return IsCode(type, AutoAck::kSequence) || IsCode(type, AutoAck::kBeep);
-}
-
-/// The first network whose type of acknowledgement and alerts do not go together, in the direction asked for;
-/// 0 for none.
-RecordNr FindNetworkByAck(const ProviderRef& provider, bool acknowledges) {
-  const FieldRef type = provider.Field("AutoAckType");
-  const FieldRef alerts[] = {provider.Field("PriorityAutoAck_k6k"), provider.Field("SelcallIndAutoAckOne"),
-                             provider.Field("SelcallIndAutoAckTwo")};
-  for (const RecordNr network : type.Records()) {
-    const bool alertsAcknowledge =
-        std::ranges::any_of(alerts, [&](const FieldRef& alert) { return IsTicked(alert.Value(network)); });
-    if (Acknowledges(type.Value(network)) == acknowledges && alertsAcknowledge != acknowledges)
-      return network;
-  }
-  return 0;
-}
-
-bool AskAboutNetwork(const ValidatorRef& validator, RecordNr network, std::string_view question) {
-  if (network == 0) return true;
-  const std::string id = CStr(validator.CurrentProvider().Field("NetworkID").Value(network));
-  return AskYesNo(validator, question, {id}) == Button::Yes;
-}
-
-bool CheckAckHasAlerts(const ValidatorRef& validator) {
-  return AskAboutNetwork(
-      validator, FindNetworkByAck(validator.CurrentProvider(), true),
-      "You have set the Auto Acknowledge Type on network %0:S to Sequence or Beep, but have not "
-      "selected the Auto Acknowledge check box on the Alerts form for Rx Decode 1, Rx Decode 2, "
-      "or Priority Calls.  Do you want to continue?");
-}
-
-bool CheckAlertsHaveAck(const ValidatorRef& validator) {
-  return AskAboutNetwork(
-      validator, FindNetworkByAck(validator.CurrentProvider(), false),
-      "You have selected the Auto Acknowledge check box on the Alerts form for Rx Decode 1, Rx "
-      "Decode 2, or Priority Calls but have not set the Auto Acknowledge Type on network %0:S to "
-      "Sequence or Beep.  Do you want to continue?");
 }
 
 bool CheckBackgroundGroups(const ValidatorRef& validator) {
@@ -106,7 +62,7 @@ bool MendLowPowerLevel(const ValidatorRef& validator) {
 
 bool CheckItinerantPower(const ValidatorRef& validator) {
   const ProviderRef provider = validator.CurrentProvider();
-  if (!Holds(provider, "RFCompliance", kOn)) return true;
+  if (!HoldsCode(provider, "RFCompliance", kOn)) return true;
   const std::int32_t band = CLng(provider.Field("Band_k6k").Value(1));
   const FieldRef frequency = provider.Field("TxFreq_k6k");
   const FieldRef power = provider.Field("TxPower_k6k");
@@ -123,10 +79,14 @@ bool CheckItinerantPower(const ValidatorRef& validator) {
 
 constexpr bool (*kRules[])(const ValidatorRef& validator) = {
     CheckPowerupState,
-    CheckAckHasAlerts,
-    CheckAlertsHaveAck,
+    modvalNetworkChecks::CheckEmergencySequences,
+    modvalNetworkChecks::CheckAckHasAlerts,
+    modvalNetworkChecks::CheckAlertsHaveAck,
+    modvalNetworkChecks::CheckAckAndANISequences,
+    modvalNetworkChecks::OfferSideTones,
     CheckBackgroundGroups,
     MendLowPowerLevel,
+    modvalNetworkChecks::CheckFFSKBaudRate,
     CheckItinerantPower,
     modvalChannels::ChannelsFinalValidation,
 };

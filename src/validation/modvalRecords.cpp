@@ -1,24 +1,15 @@
 #include "validation/modvalRecords.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "channels/modvalChannels.h"
-#include "platform/CaseText.h"
+#include "networks/modNetworkRecords.h"
+#include "networks/modvalNetworks.h"
 #include "tier/Messages.h"
 #include "tier/Procedure.h"
 
 namespace modvalRecords {
 namespace {
-constexpr struct {
-  std::string_view name;
-  std::int32_t table;
-} kGrids[] = {
-    {"Channels6000", 5}, {"GroupMembership", 1119}, {"Network", 21}, {"ControlStatus6000", 1115},
-    {"ScanGroup", 16},   {"Selcall6000", 29},       {"DTMF", 64},    {"Type99", 37},
-    {"MDC1200", 80},
-};
-
 constexpr RecordNr kMostChannelsAndGroups = 100;
 
 bool MayAddChannelOrGroup(const ValidatorRef& validator, const ProviderRef& provider) {
@@ -28,12 +19,18 @@ bool MayAddChannelOrGroup(const ValidatorRef& validator, const ProviderRef& prov
   return false;
 }
 
+bool AddNetworkCompanions(const ValidatorRef&, const ProviderRef& provider) {
+  modNetworkRecords::AppendCompanions(provider);
+  return true;
+}
+
 constexpr struct {
   std::int32_t table;
   bool (*rule)(const ValidatorRef&, const ProviderRef&);
 } kAddRules[] = {
     {5, MayAddChannelOrGroup},
     {16, MayAddChannelOrGroup},
+    {21, AddNetworkCompanions},
 };
 
 constexpr struct {
@@ -41,11 +38,12 @@ constexpr struct {
   bool (*rule)(const ValidatorRef&, RecordNr);
 } kDeleteRules[] = {
     {5, modvalChannels::DeleteChannel},
+    {21, modvalNetworks::DeleteNetwork},
 };
 
 /// Tables whose records come or go with records of other tables, by rules that the tier does not have yet.
-constexpr std::int32_t kAddRulesMissing[] = {21, 29, 64, 1115, 1119};
-constexpr std::int32_t kDeleteRulesMissing[] = {16, 21, 29, 37, 64, 80, 1119};
+constexpr std::int32_t kAddRulesMissing[] = {29, 64, 1115, 1119};
+constexpr std::int32_t kDeleteRulesMissing[] = {16, 29, 37, 64, 80, 1119};
 
 /// The first row of the table's number, or the end.
 template <typename Rows>
@@ -53,16 +51,6 @@ auto FindTable(const Rows& rows, std::int32_t table) {
   return std::ranges::find_if(rows, [&](const auto& row) { return row.table == table; });
 }
 }  // namespace
-
-std::int32_t GridTable(std::string_view gridName) {
-  const auto* grid =
-      std::ranges::find_if(kGrids, [&](const auto& row) { return EqualsIgnoringCase(row.name, gridName); });
-  if (grid != std::end(kGrids)) return grid->table;
-  std::int32_t table = 0;
-  const char* end = gridName.data() + gridName.size();
-  const auto [stop, problem] = std::from_chars(gridName.data(), end, table);
-  return problem == std::errc() && stop == end ? table : 0;
-}
 
 bool HasAddRule(std::int32_t table) {
   return std::ranges::find(kAddRulesMissing, table) == std::end(kAddRulesMissing);

@@ -1,0 +1,190 @@
+#include "networks/modvalNetworkChecks.h"
+
+#include <algorithm>
+#include <span>
+#include <string>
+
+#include "platform/Conversions.h"
+#include "tier/FormWrites.h"
+#include "tier/Messages.h"
+#include "tier/RadioCodes.h"
+#include "tier/StoredValues.h"
+#include "tier/modProjectGlobals.h"
+
+namespace modvalNetworkChecks {
+namespace {
+/// One network record, as the rules ask of it.
+struct Network {
+  const ProviderRef& provider;
+  RecordNr record;
+  bool Holds(std::string_view field, std::int32_t code) const {
+    return HoldsCode(provider, field, code, record);
+  }
+  std::string Text(std::string_view field) const { return CStr(StoredValue(provider, field, record)); }
+};
+
+bool CallsOut(const Network& network) {
+  return network.Holds("EmergencyEnabled", kOn) && !network.Holds("EmCalloutType", EmCallout::kDisabled);
+}
+
+bool AcknowledgesBySequence(const Network& network) {
+  return network.Holds("AutoAckType", AutoAck::kSequence);
+}
+
+bool SendsANI(const Network& network) {
+  return network.Holds("SignallingOnPTTPress_k6k", SignallingOnPTT::kANI) ||
+         network.Holds("SignallingOnPTTRelease_k6k", SignallingOnPTT::kANI);
+}
+
+/// A sequence that networks of a type need from their system, and what to tell while it is blank: %0 is the
+/// network's number, %1 the system's identity.
+struct NeededSequence {
+  std::int32_t type;
+  bool (*isNeeded)(const Network& network);
+  std::string_view field;
+  std::string_view blank;
+};
+constexpr NeededSequence kEmergencySequences[] = {
+    {SignallingType::kSelcall, CallsOut, "FreeFormSequence7",
+     "You have activated emergency callout on network %0:S, but the emergency sequence for that network is "
+     "blank.  You must either turn off emergency callout on the emergency form for network %0:S, or specify "
+     "an "
+     "emergency sequence in the free format bursts form for Selcall system %1:S"},
+    {SignallingType::kDTMF, CallsOut, "DTMFEmergSequence",
+     "You have activated emergency callout on network %0:S, but the emergency sequence for that network is "
+     "blank.  You must either turn off emergency callout on the emergency form for network %0:S, or specify "
+     "an "
+     "emergency sequence for DTMF system %1:S"},
+    {SignallingType::kMDC1200, CallsOut, "MDC1200EmergencySequence",
+     "You have activated emergency callout on network %0:S, but the emergency sequence for that network is "
+     "blank.  You must either turn off emergency callout on the emergency form for network %0:S, or specify "
+     "an "
+     "emergency sequence for MDC1200 system %1:S"},
+};
+constexpr NeededSequence kAckAndANISequences[] = {
+    {SignallingType::kSelcall, AcknowledgesBySequence, "FreeFormSequence6",
+     "You have set the Auto Acknowledge Type on network %0:S to Sequence, but the auto acknowledge sequence "
+     "is "
+     "blank. You must either set the Auto Acknowledge Type to None or Beep on the Features form for network "
+     "%0:S, or specify an Auto Acknowledge sequence in the Free Format Bursts form for Selcall system %1:S"},
+    {SignallingType::kSelcall, SendsANI, "FreeFormSequence5",
+     "You have activated an ANI sequence on network %0:S, but the ANI sequence for that network is blank.  "
+     "You "
+     "must either set Signalling On PTT Press/Release to 'none' on the network PTT signalling form for "
+     "network "
+     "%0:S, or specify an ANI sequence in the free format bursts form for Selcall system %1:S"},
+    {SignallingType::kDTMF, SendsANI, "DTMFANISequence",
+     "You have activated an ANI sequence on network %0:S, but the ANI sequence for that network is blank.  "
+     "You "
+     "must either set Signalling On PTT Press/Release to 'none' on the network PTT signalling form for "
+     "network "
+     "%0:S, or specify an ANI sequence for DTMF system %1:S"},
+};
+
+bool IsBlank(std::string_view sequence, std::int32_t type) {
+  const std::size_t first = sequence.find_first_not_of(' ');
+  if (first == std::string_view::npos) return true;
+  sequence = sequence.substr(first, sequence.find_last_not_of(' ') - first + 1);
+  return sequence == kNone || sequence == kUndefined || (type == SignallingType::kMDC1200 && sequence == "0");
+}
+
+/// A network on a system that is not there has nothing to judge.
+bool Lacks(const Network& network, const NeededSequence& needed) {
+  if (!network.Holds("SignallingType", needed.type) || !needed.isNeeded(network)) return false;
+  const RecordNr system = modProjectGlobals::SigSysRecordNr(network.provider, needed.type,
+                                                            network.Text("NetworkSignallingID"), true);
+  return system != 0 && IsBlank(CStr(StoredValue(network.provider, needed.field, system)), needed.type);
+}
+
+/// One rule after the other, each over all networks.
+bool CheckSequences(const ValidatorRef& validator, std::span<const NeededSequence> rules) {
+  const ProviderRef provider = validator.CurrentProvider();
+  const RecordRange networks = provider.Field("NetworkID").Records();
+  for (const NeededSequence& needed : rules) {
+    for (const RecordNr record : networks) {
+      const Network network{provider, record};
+      if (!Lacks(network, needed)) continue;
+      return Refuse(validator, needed.blank,
+                    {network.Text("NetworkID"), network.Text("NetworkSignallingID")});
+    }
+  }
+  return true;
+}
+
+bool AlertsAcknowledge(const Network& network) {
+  constexpr std::string_view kAlerts[] = {"PriorityAutoAck_k6k", "SelcallIndAutoAckOne",
+                                          "SelcallIndAutoAckTwo"};
+  return std::ranges::any_of(kAlerts, [&](std::string_view alert) { return network.Holds(alert, kOn); });
+}
+
+/// Asks about the first network whose type of acknowledgement and alerts do not go together, in the direction
+/// asked for.
+bool AskAboutAck(const ValidatorRef& validator, bool acknowledges, std::string_view question) {
+  const ProviderRef provider = validator.CurrentProvider();
+  for (const RecordNr record : provider.Field("NetworkID").Records()) {
+    const Network network{provider, record};
+    const bool does = AcknowledgesBySequence(network) || network.Holds("AutoAckType", AutoAck::kBeep);
+    if (does != acknowledges || AlertsAcknowledge(network) == acknowledges) continue;
+    return AskYesNo(validator, question, {network.Text("NetworkID")}) == Button::Yes;
+  }
+  return true;
+}
+}  // namespace
+
+bool CheckEmergencySequences(const ValidatorRef& validator) {
+  return CheckSequences(validator, kEmergencySequences);
+}
+
+bool CheckAckHasAlerts(const ValidatorRef& validator) {
+  return AskAboutAck(
+      validator, true,
+      "You have set the Auto Acknowledge Type on network %0:S to Sequence or Beep, but have not "
+      "selected the Auto Acknowledge check box on the Alerts form for Rx Decode 1, Rx Decode 2, "
+      "or Priority Calls.  Do you want to continue?");
+}
+
+bool CheckAlertsHaveAck(const ValidatorRef& validator) {
+  return AskAboutAck(
+      validator, false,
+      "You have selected the Auto Acknowledge check box on the Alerts form for Rx Decode 1, Rx "
+      "Decode 2, or Priority Calls but have not set the Auto Acknowledge Type on network %0:S to "
+      "Sequence or Beep.  Do you want to continue?");
+}
+
+bool CheckAckAndANISequences(const ValidatorRef& validator) {
+  return CheckSequences(validator, kAckAndANISequences);
+}
+
+bool OfferSideTones(const ValidatorRef& validator) {
+  const ProviderRef provider = validator.CurrentProvider();
+  if (!HoldsCode(provider, "PTTPressCallSetup1_k6k", kOn)) return true;
+  const FieldRef sideTones = provider.Field("SelcallAudibleSideTones");
+  const std::vector<Variant> values = sideTones.Values();
+  if (std::all_of(values.begin(), values.end(), IsTicked)) return true;
+  if (AskYesNo(
+          validator,
+          "It is recommended that Audible Side Tones is selected for each Network if the Mic PTT Call Setup "
+          "is selected.  Select Audible Side Tones for all Networks?") != Button::Yes) {
+    return false;
+  }
+  FormWrites writes(validator);
+  for (const RecordNr network : sideTones.Records()) writes.Set("SelcallAudibleSideTones", network, kOn);
+  return writes.Accept();
+}
+
+bool CheckFFSKBaudRate(const ValidatorRef& validator) {
+  constexpr std::int32_t kFastBitsPerSecond = 2400;
+  const ProviderRef provider = validator.CurrentProvider();
+  if (!HoldsCode(provider, "FFSKBaudRate", kFastBitsPerSecond)) return true;
+  for (const RecordNr record : provider.Field("NetworkID").Records()) {
+    const Network network{provider, record};
+    if (!network.Holds("SignallingType", SignallingType::kSelcall) ||
+        !network.Holds("SIBTEnabled_k6k", kOn)) {
+      continue;
+    }
+    return Refuse(validator,
+                  "FFSK Baud rate can not be 2400 if one or more Selcall Networks has SBIT ticked.");
+  }
+  return true;
+}
+}  // namespace modvalNetworkChecks

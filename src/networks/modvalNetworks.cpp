@@ -1,0 +1,211 @@
+#include "networks/modvalNetworks.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "networks/modNetworkRecords.h"
+#include "platform/Conversions.h"
+#include "tier/Messages.h"
+#include "tier/Procedure.h"
+#include "tier/RadioCodes.h"
+#include "tier/StoredValues.h"
+#include "tier/modProjectGlobals.h"
+
+namespace modvalNetworks {
+namespace {
+/// The fields of the companion records that hold the network's number, and what the forms call them.
+constexpr struct {
+  std::string_view fieldId, uiid;
+} kNumbers[] = {
+    {"53.NetworkID", "EmNetworkID"},  // a field of the radio alone, beside the one that the forms show
+    {"75.SIBTNetworkID", "SIBTNetworkID_k6k"},
+    {"53.NetworkIDTracker", "EmNetworkID"},
+    {"67.DTMFPatchNetworkID", "DTMFPatchNetworkID_k6k"},
+    {"72.DTMFPatchTonesNetworkID", "DTMFPatchTonesNetworkID_k6k"},
+    {"77.CustomerDataNetworkID", "CustomerDataNetworkID"},
+};
+
+/// False when the user declines, before anything was written.
+bool MoveChannels(FieldEdit& edit, const Variant& old) {
+  const FieldRef networkOfChannel = edit.validator.CurrentProvider().Field("ChannelNetworkId_k6k");
+  bool agreed = false;
+  for (const RecordNr channel : networkOfChannel.Records()) {
+    if (!SameValue(networkOfChannel.Value(channel), old)) continue;
+    if (!agreed &&
+        AskYesNo(edit.validator,
+                 "Changing this Network ID will cause all references to it to be updated.  Do you wish "
+                 "to proceed?") != Button::Yes) {
+      return false;
+    }
+    agreed = true;
+    edit.writes.Set("ChannelNetworkId_k6k", channel, edit.value);
+  }
+  return true;
+}
+
+/// A two-tone network has no ring patterns.
+void EnableRingPatterns(FieldEdit& edit, RecordNr network, std::span<const std::string_view> controls) {
+  edit.EnableAll(controls, !edit.Holds("SignallingType", SignallingType::kTwoTone, network));
+}
+
+constexpr std::string_view kPatternsOfNumber[] = {"AlertRingPattern2", "AlertRingPatternGroup",
+                                                  "AlertRingPatternAll"};
+constexpr std::string_view kPatternsOfNetwork[] = {"AlertRingPattern1", "AlertRingPattern2",
+                                                   "AlertRingPatternGroup", "AlertRingPatternPriority",
+                                                   "AlertRingPatternEmergency"};
+
+bool HasChannels(const ProviderRef& provider, const Variant& number) {
+  const std::vector<Variant> networks = provider.Field("ChannelNetworkId_k6k").Values();
+  return std::any_of(networks.begin(), networks.end(),
+                     [&](const Variant& network) { return SameValue(network, number); });
+}
+
+/// What the forms show of the current network.
+class ShownNetwork {
+ public:
+  explicit ShownNetwork(const ValidatorRef& validator)
+      : provider_(validator.CurrentProvider()), network_(CurrentNetwork(provider_)) {}
+
+  bool Holds(std::string_view field, std::int32_t code) const {
+    return HoldsCode(provider_, field, code, network_);
+  }
+  std::string Text(std::string_view field) const { return CStr(StoredValue(provider_, field, network_)); }
+  double Number(std::string_view field) const { return CDbl(StoredValue(provider_, field, network_)); }
+
+ private:
+  ProviderRef provider_;
+  RecordNr network_;
+};
+
+/// What keeps a form from being left; none when nothing does.
+using Objection = std::optional<std::string_view>;
+
+Objection BasicSettingsObjection(const ShownNetwork& network) {
+  if (!network.Holds("SignallingType", SignallingType::kNone) &&
+      network.Text("NetworkSignallingID") == kNone) {
+    return "You must select a Signalling ID when a Signalling Type other than None has been selected.";
+  }
+  if (network.Holds("SIBTEnabled_k6k", kOn) &&
+      network.Number("SIBTToneEncodeDuration_k6k") < network.Number("SIBTMinimumDecodeDuration_k6k")) {
+    return "SIBT Encode Duration must be equal or greater than SIBT Minimum Decode Duration.";
+  }
+  return {};
+}
+
+Objection EmergencyObjection(const ShownNetwork& network) {
+  if (network.Holds("EmergencyEnabled", kOn) && network.Holds("EmCyclingType", EmCycling::kNone) &&
+      network.Holds("EmCalloutType", EmCallout::kDisabled)) {
+    return "A callout and/or cycling phase must be specified when the Emergency Enabled check box is "
+           "selected.";
+  }
+  if (network.Holds("EmChannelType", ChannelType::kDedicated) && network.Text("EmChannel") == kNone) {
+    return "You must specify a Channel when the Channel Type is set to Dedicated";
+  }
+  return {};
+}
+
+Objection PTTSignallingObjection(const ShownNetwork& network) {
+  const auto signals = [&](std::string_view field) { return !network.Holds(field, SignallingOnPTT::kNone); };
+  const auto isIncluded = [&](std::string_view field) { return network.Holds(field, kOn); };
+  constexpr std::string_view kSignalling[] = {"SignallingOnPTTPress_k6k", "SignallingOnPTTRelease_k6k"};
+  constexpr std::string_view kIncluded[] = {"IncludePTTSignallingWithPTT_k6k",
+                                            "IncludePTTSignallingWithEPTT1_k6k",
+                                            "IncludePTTSignallingWithEPTT2_k6k"};
+  if (std::ranges::none_of(kSignalling, signals) || std::ranges::any_of(kIncluded, isIncluded)) return {};
+  return "You have defined signalling on a PTT press or release, but not selected any PTT to include the "
+         "signalling with.";
+}
+
+bool Passes(const ValidatorRef& validator, const Objection& objection) {
+  return !objection || Refuse(validator, *objection);
+}
+
+bool Sorted(const ValidatorRef& validator) {
+  SortNetworks(validator);
+  return true;
+}
+}  // namespace
+
+bool ValidateNetworkID(FieldEdit& edit) {
+  return Procedure("ValidateNetworkID", true, [&] {
+    const ProviderRef provider = edit.validator.CurrentProvider();
+    const Variant old = provider.Field("NetworkID").Value(edit.record);
+    if (SameValue(old, edit.value)) return true;
+    if (!MoveChannels(edit, old)) return false;
+    for (const auto& [fieldId, uiid] : kNumbers) {
+      if (provider.Field(fieldId).HasRecord(edit.record)) {
+        edit.writes.Set(fieldId, uiid, edit.record, edit.value);
+      }
+    }
+    EnableRingPatterns(edit, edit.CurrentNetwork(), kPatternsOfNumber);
+    return true;
+  });
+}
+
+bool ValidateNetworkIDChange(FieldEdit& edit) {
+  return Procedure("ValidateNetworkIDChange", true, [&] {
+    EnableRingPatterns(edit, CLng(edit.value), kPatternsOfNetwork);
+    return true;
+  });
+}
+
+bool DeleteNetwork(const ValidatorRef& validator, RecordNr network) {
+  return Procedure("DeleteNetwork", true, [&] {
+    const ProviderRef provider = validator.CurrentProvider();
+    const FieldRef numbers = provider.Field("NetworkID");
+    if (HasChannels(provider, numbers.Value(network))) {
+      return Refuse(validator, "This Network is being used by one or more Channels and can not be deleted");
+    }
+    FormWrites writes(validator);
+    const RecordNr current = CurrentNetwork(provider);
+    // There is no record 0 to show, even when the last network goes.
+    if (current == numbers.RecordCount() && current > 1) writes.Set("CurrentNetworkNr", 1, current - 1);
+    modNetworkRecords::DeleteCompanions(provider, network);
+    writes.Accept();
+    modNetworkRecords::ReloadLists(validator);
+    return true;
+  });
+}
+
+bool ValidateBasicSettingsForm(const ValidatorRef& validator) {
+  return Procedure("ValidateBasicSettingsForm", true, [&] {
+    return Passes(validator, BasicSettingsObjection(ShownNetwork(validator))) && Sorted(validator);
+  });
+}
+
+bool ValidateEmergencyForm(const ValidatorRef& validator) {
+  return Procedure("ValidateEmergencyForm", true, [&] {
+    return Passes(validator, EmergencyObjection(ShownNetwork(validator))) && Sorted(validator);
+  });
+}
+
+bool ValidatePTTSignallingForm(const ValidatorRef& validator) {
+  return Procedure("ValidatePTTSignallingForm", true,
+                   [&] { return Passes(validator, PTTSignallingObjection(ShownNetwork(validator))); });
+}
+
+bool ValidateDTMFPatchForm(const ValidatorRef& validator) {
+  return Procedure("ValidateDTMFPatchForm", true, [&] { return Sorted(validator); });
+}
+
+bool ValidateFeaturesForm(const ValidatorRef& validator) {
+  return Procedure("ValidateFeaturesForm", true, [&] { return Sorted(validator); });
+}
+
+void SortNetworks(const ValidatorRef& validator) {
+  Procedure("SortNetworks", [&] {
+    const ProviderRef provider = validator.CurrentProvider();
+    const Variant current = StoredValue(provider, "NetworkID", CurrentNetwork(provider));
+    modNetworkRecords::Sort(provider);
+    const FieldRef numbers = provider.Field("NetworkID");
+    FormWrites writes(validator);
+    for (const RecordNr network : numbers.Records()) {
+      if (!SameValue(numbers.Value(network), current)) continue;
+      writes.Set("CurrentNetworkNr", 1, network);
+      break;
+    }
+    writes.Accept();
+    modNetworkRecords::ReloadLists(validator);
+  });
+}
+}  // namespace modvalNetworks
