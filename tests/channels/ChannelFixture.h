@@ -139,6 +139,15 @@ class ChannelFixture : public TierFixture {
     EXPECT_TRUE(Validator()->DeleteRecord(grid, channel, sharedProvider, result).Ok());
     return result != kFalse;
   }
+  /// The host's way to a new record of the grid: permission, record, completion.
+  void Add(std::string_view grid, std::int32_t table) {
+    Boolean result = kFalse;
+    EXPECT_TRUE(Validator()->AddRecord(grid, sharedProvider, result).Ok());
+    EXPECT_EQ(result, kTrue);
+    provider.SetCount(table, provider.Count(table) + 1);
+    EXPECT_TRUE(ProviderOwner()->PostAddProcessing(sharedProvider, grid, result).Ok());
+    EXPECT_EQ(result, kTrue);
+  }
   bool FinalValidation() {
     Boolean result = kFalse;
     EXPECT_TRUE(Validator()->RunFinalValidation(result).Ok());
@@ -153,7 +162,7 @@ class ChannelFixture : public TierFixture {
   /// Network record n has the number n and the n-th type; each type's systems are 4 (record 1) and 9.
   void GiveNetworks(const std::vector<std::int32_t>& types) {
     const auto count = static_cast<RecordNr>(types.size());
-    for (const std::int32_t table : {21, 53, 75}) provider.SetCount(table, count);
+    for (const std::int32_t table : {21, 36, 53, 67, 72, 75, 77, 78}) provider.SetCount(table, count);
     for (RecordNr network = 1; network <= count; ++network) {
       provider.Set("21.NetworkIDTracker", network, network);
       provider.Set("21.NetworkPointer", network, network);

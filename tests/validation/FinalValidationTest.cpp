@@ -26,6 +26,7 @@ TEST_F(FinalRules, ARadioThatScansFirstIsNoModem) {
 }
 
 TEST_F(FinalRules, AcknowledgementAndAlertsGoTogether) {
+  provider.Set("FreeFormSequence6", 1, "12345");
   provider.Set("AutoAckType", 2, 2);
   provider.Set("SelcallIndAutoAckTwo", 3, 1);
   messenger.Play({Button::Yes, Button::No});
@@ -41,6 +42,60 @@ TEST_F(FinalRules, AcknowledgementAndAlertsGoTogether) {
   messenger.Clear();
   EXPECT_TRUE(FinalValidation());
   EXPECT_THAT(Boxes(), IsEmpty());
+}
+
+TEST_F(FinalRules, ASequenceThatANetworkUsesIsNotBlank) {
+  struct Case {
+    int type;
+    std::vector<std::pair<const char*, int>> settings;
+    const char* sequence;
+    const char* box;
+  };
+  provider.Fill("80.MDC1200SignallingSystemID", {1, 9});
+  const std::vector<std::pair<const char*, int>> callout = {{"EmergencyEnabled", 1}, {"EmCalloutType", 2}};
+  const Case cases[] = {
+      {1, callout, "FreeFormSequence7", "You have activated emergency callout on network %0:S"},
+      {2, callout, "DTMFEmergSequence", "You have activated emergency callout on network %0:S"},
+      {4, callout, "MDC1200EmergencySequence", "You have activated emergency callout on network %0:S"},
+      {1, {{"AutoAckType", 1}, {"PriorityAutoAck_k6k", 1}}, "FreeFormSequence6", "You have set the Auto Ack"},
+      {1, {{"SignallingOnPTTPress_k6k", 1}}, "FreeFormSequence5", "You have activated an ANI sequence"},
+      {2, {{"SignallingOnPTTRelease_k6k", 1}}, "DTMFANISequence", "You have activated an ANI sequence"},
+  };
+  for (const auto& [type, settings, sequence, box] : cases) {
+    SCOPED_TRACE(sequence);
+    messenger.Clear();
+    provider.Set("SignallingType", 2, type);
+    provider.Set("NetworkSignallingID", 2, "9");  // the second system
+    for (const auto& [field, value] : settings) provider.Set(field, 2, value);
+    provider.Set(sequence, 1, "123");  // of another system
+    EXPECT_FALSE(FinalValidation());
+    const auto boxes = Boxes();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_THAT(boxes[0], StartsWith(std::string("48|Caption Error|") + box));
+    EXPECT_TRUE(boxes[0].ends_with("|2|9")) << boxes[0];
+    provider.Set(sequence, 2, "123");
+    EXPECT_TRUE(FinalValidation());
+    provider.Set(sequence, 2, "");
+    for (const auto& [field, value] : settings) provider.Set(field, 2, 0);
+  }
+  provider.Set("SignallingOnPTTPress_k6k", 2, 2);  // a tone, no ANI
+  EXPECT_TRUE(FinalValidation());
+}
+
+TEST_F(FinalRules, ThePTTThatCallsIsToBeHeardOnEveryNetwork) {
+  provider.Set("PTTPressCallSetup1_k6k", 1, 1);
+  provider.Fill("SelcallAudibleSideTones", {1, 0, 1});
+  provider.Set("FFSKBaudRate", 1, 2400);
+  provider.Set("SIBTEnabled_k6k", 3, 1);
+  messenger.Play({Button::No});
+  EXPECT_FALSE(FinalValidation());
+  EXPECT_EQ(Column("SelcallAudibleSideTones"), "1 0 1");
+  messenger.Play({Button::Yes});
+  EXPECT_FALSE(FinalValidation());
+  EXPECT_EQ(Column("SelcallAudibleSideTones"), "1 1 1");
+  EXPECT_THAT(messenger.Texts().back(), StartsWith("FFSK Baud rate can not be 2400"));
+  provider.Set("SignallingType", 3, 2);
+  EXPECT_TRUE(FinalValidation());
 }
 
 TEST_F(FinalRules, ABackgroundGroupShowsAndCallsOnTheSelectedChannel) {
