@@ -1,11 +1,19 @@
 #include "workbench/Check.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "platform/Conversions.h"
 #include "workbench/Forms.h"
 #include "workbench/Provider.h"
 #include "workbench/Report.h"
 #include "workbench/Schema.h"
 #include "workbench/Session.h"
+
+namespace {
+/// Rules that judge the change to another value and not the value: what is stored is none.
+constexpr std::string_view kRulesOfChange[] = {"ChannelNetworkID_k6k"};
+}  // namespace
 
 FindingKind KindOf(const Shown& box) {
   switch (box.style) {
@@ -67,6 +75,7 @@ void PersonalityCheck::RunRules() {
 }
 
 void PersonalityCheck::RunRule(const SchemaField& field, const std::string& uiid) {
+  if (std::ranges::find(kRulesOfChange, uiid) != std::end(kRulesOfChange)) return;
   Provider& content = session_.Content();
   TierHost& host = session_.Host();
   const RecordNr count = content.Count(content.GetSchema().TableOf(field));
@@ -167,8 +176,6 @@ std::string PersonalityCheck::IdentityOf(const SchemaTable& table, RecordNr reco
   const Provider& content = session_.Content();
   const SchemaTable& subject = *content.GetSchema().FindTable(Forms::SubjectOf(table.number));
   if (record > content.Count(subject)) return {};
-  for (const SchemaField& field : content.GetSchema().FieldsOf(subject)) {
-    if (field.isIdentity) return Report::TextOf(content.Get(field, record));
-  }
-  return {};
+  const SchemaField* identity = content.GetSchema().IdentityOf(subject);
+  return identity == nullptr ? std::string() : Report::TextOf(content.Get(*identity, record));
 }

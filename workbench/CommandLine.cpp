@@ -79,6 +79,7 @@ ExitCode RunCommand(std::vector<std::string> words, Workplace& workplace, const 
   AddFileCommands(app, action);
   AddShowCommand(app, action);
   AddEditCommands(app, action);
+  AddRecordCommands(app, action);
   AddCheckCommand(app, action);
   AddComboCommand(app, action);
   AddFormCommands(app, action);

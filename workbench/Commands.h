@@ -17,6 +17,7 @@ using Action = std::function<ExitCode(Workplace&)>;
 void AddFileCommands(CLI::App& app, Action& action);       // new, info
 void AddShowCommand(CLI::App& app, Action& action);        // show
 void AddEditCommands(CLI::App& app, Action& action);       // get, set
+void AddRecordCommands(CLI::App& app, Action& action);     // add, delete
 void AddCheckCommand(CLI::App& app, Action& action);       // check
 void AddComboCommand(CLI::App& app, Action& action);       // combo
 void AddFormCommands(CLI::App& app, Action& action);       // enabled, form

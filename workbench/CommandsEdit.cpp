@@ -55,8 +55,11 @@ const std::string& EditedName(const SchemaField& field, const std::string& given
   return field.uiids.front();
 }
 
-constexpr const char* kWouldBeLost =
-    "a save would lose the value, for the tier does not convert the field for the radio";
+std::string WouldBeLost(const SchemaField& field) {
+  return std::string("a save would lose the value, for the tier ") +
+         (field.IsRaw() ? "makes the field from another one of the forms"
+                        : "does not convert the field for the radio");
+}
 
 /// An edit and what came of it.
 struct Edited {
@@ -67,6 +70,7 @@ struct Edited {
   bool survives = true;  // a save would keep the value
   bool saved = false;
   bool IsGranted() const { return result.accepted && !result.IsLost() && survives; }
+  Report::Outcome Outcome() const { return {result.accepted, IsGranted(), saved, result.others}; }
 };
 
 void EmitEdit(const Edited& edited, const Session& session, const std::vector<Shown>& boxes,
@@ -82,9 +86,8 @@ void EmitEdit(const Edited& edited, const Session& session, const std::vector<Sh
                {"entered", edited.arguments.value},
                {"now", Report::JsonOf(result.accepted ? result.now : result.before)}};
   if (!result.refusal.empty()) data["refusal"] = result.refusal;
-  if (!edited.survives) data["refusal"] = kWouldBeLost;
-  data[result.accepted ? "alsoChanged" : "writtenBeforeRefusal"] = Report::JsonOf(session, result.others);
-  data["messages"] = Report::JsonOf(boxes);
+  if (!edited.survives) data["refusal"] = WouldBeLost(edited.field);
+  Report::AddTo(data, edited.Outcome(), session, boxes);
   workplace.Emit(std::move(data));
 }
 
@@ -97,20 +100,14 @@ void PrintEdit(const Edited& edited, const Session& session, std::ostream& out) 
     out << "\"" << Report::TextOf(result.left) << "\" is no value that the radio can hold here; it keeps \""
         << Report::TextOf(result.now) << "\"\n";
   } else if (!edited.survives) {
-    out << "\"" << edited.arguments.value << "\": " << kWouldBeLost << '\n';
+    out << "\"" << edited.arguments.value << "\": " << WouldBeLost(edited.field) << '\n';
   } else if (result.accepted) {
     out << Report::TextOf(result.before) << " -> " << Report::TextOf(result.now) << '\n';
   } else {
     out << "\"" << edited.arguments.value << "\" is refused"
         << (result.refusal.empty() ? "" : ": " + result.refusal) << '\n';
   }
-  if (!result.others.empty()) {
-    out << (result.accepted ? "Also changed:\n" : "Before it refused, the rule had written (not kept):\n");
-    Report::ChangeTable(session, result.others).Print(out, 2);
-  }
-  out << (edited.saved         ? "Saved.\n"
-          : edited.IsGranted() ? "Dry run: nothing is saved.\n"
-                               : "The file is as it was.\n");
+  Report::Print(edited.Outcome(), session, out);
 }
 
 ExitCode Set(const EditArguments& arguments, Workplace& workplace) {

@@ -210,7 +210,7 @@ void TurnToGiven(Session& session, const Form& form, RecordNr record) {
   const Schema& schema = session.Content().GetSchema();
   if (form.subject == Form::kNoSubject)
     throw UsageError("the form " + std::string(form.title) + " does not show one record of several");
-  Report::RequireRecord(session.Content(), schema.FieldsOf(*schema.FindTable(form.subject)).front(), record);
+  Report::RequireRecord(session.Content(), *schema.FindTable(form.subject), record);
   if (!Forms::TurnTo(session, form.subject, record))
     throw UsageError("the tier refuses to show record " + std::to_string(record) + " on the form");
 }

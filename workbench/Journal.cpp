@@ -9,15 +9,13 @@
 #include "workbench/ProviderObjects.h"
 
 namespace {
+/// 0 for an array without values. Row 0 is unused; an array may be without it.
+std::int32_t LastRow(const XArrayDBObject& array) { return std::max(array.UpperBound(1), 0); }
+
 bool SameArray(const XArrayDBObject& a, const XArrayDBObject& b) {
-  for (const std::int32_t dimension : {1, 2}) {
-    if (a.LowerBound(dimension) != b.LowerBound(dimension)) return false;
-    if (a.Count(dimension) != b.Count(dimension)) return false;
-  }
-  for (std::int32_t row = a.LowerBound(1); row <= a.UpperBound(1); ++row) {
-    for (std::int32_t column = a.LowerBound(2); column <= a.UpperBound(2); ++column) {
-      if (!SameCell(a.GetValue(row, column), b.GetValue(row, column))) return false;
-    }
+  if (LastRow(a) != LastRow(b)) return false;
+  for (std::int32_t row = 1; row <= LastRow(a); ++row) {
+    if (!SameCell(a.GetValue(row, 0), b.GetValue(row, 0))) return false;
   }
   return true;
 }

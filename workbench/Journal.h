@@ -64,5 +64,6 @@ class Journal {
   std::vector<Copy> tables_;
 };
 
-/// Equality of two values of one field as a person sees it; arrays by bounds and cells.
+/// Equality of two values of one field as a person sees it, and as a file keeps it; arrays by their rows
+/// from 1.
 bool SameCell(const Variant& a, const Variant& b);

@@ -122,8 +122,16 @@ Status FieldObject::Validation(std::string& out) {
   return Call("Ifield.Validation", [&] { out = field_.validation; });
 }
 
-const SchemaField* FieldsObject::Find(std::string_view name) const {
-  return state_.GetSchema().Find(std::to_string(table_.number) + "." + std::string(name));
+FieldsObject::FieldsObject(ProviderState& state, const SchemaTable& table)
+    : state_(state),
+      table_(table),
+      fieldId_(std::to_string(table.number) + "."),
+      nameStart_(fieldId_.size()) {}
+
+const SchemaField* FieldsObject::Find(std::string_view name) {
+  fieldId_.resize(nameStart_);
+  fieldId_ += name;
+  return state_.GetSchema().Find(fieldId_);
 }
 
 Status FieldsObject::Exists(std::string_view name, Boolean& out) {

@@ -44,7 +44,7 @@ class FieldObject final : public Ifield {
 
 class FieldsObject final : public Ifields {
  public:
-  FieldsObject(ProviderState& state, const SchemaTable& table) : state_(state), table_(table) {}
+  FieldsObject(ProviderState& state, const SchemaTable& table);
 
   Status Exists(std::string_view name, Boolean& out) override;
   Status Item(std::string_view name, std::shared_ptr<Ifield>& out) override;
@@ -52,10 +52,12 @@ class FieldsObject final : public Ifields {
 
  private:
   /// Null when the table has no such field.
-  const SchemaField* Find(std::string_view name) const;
+  const SchemaField* Find(std::string_view name);
 
   ProviderState& state_;
   const SchemaTable& table_;
+  std::string fieldId_;  // kept from look-up to look-up for its memory; begins with the table's number
+  std::size_t nameStart_;
 };
 
 class TableObject final : public Itable {

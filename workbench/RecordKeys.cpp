@@ -129,12 +129,6 @@ const Row* RowOf(const Row (&rows)[count], std::int32_t table) {
   return row == std::end(rows) ? nullptr : row;
 }
 
-const SchemaField* IdentityField(const Schema& schema, const SchemaTable& table) {
-  const auto fields = schema.FieldsOf(table);
-  const auto found = std::ranges::find_if(fields, &SchemaField::isIdentity);
-  return found == fields.end() ? nullptr : &*found;
-}
-
 }  // namespace
 
 std::string ListOf(const std::vector<std::string>& keys) {
@@ -213,7 +207,7 @@ std::string RecordKeys::KeyOf(const SchemaTable& table, RecordNr record) {
     return parallel->each == 1 ? owner : owner + "/" + std::to_string((record - 1) % parallel->each + 1);
   }
   // Of the forms: some identities are stored elsewhere and made by a conversion.
-  const SchemaField* identity = IdentityField(personality_.forms->GetSchema(), table);
+  const SchemaField* identity = personality_.forms->GetSchema().IdentityOf(table);
   const bool isShown = identity != nullptr && record <= personality_.forms->Count(table);
   return isShown ? CStr(personality_.forms->Get(*identity, record)) : std::to_string(record);
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <ostream>
 
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
@@ -46,12 +47,27 @@ std::vector<std::string> NamesOf(const Schema& schema) {
   return names;
 }
 
+/// An unset text of the radio may be characters of code 0, which no terminal should get.
+std::string Printable(const std::string& text) {
+  std::string printable;
+  for (const char c : text) {
+    const auto code = static_cast<unsigned char>(c);
+    constexpr char kDigits[] = "0123456789ABCDEF";
+    if (code >= 0x20) {
+      printable += c;
+    } else {
+      printable.append("\\x").append({kDigits[code / 16], kDigits[code % 16]});
+    }
+  }
+  return printable;
+}
+
 }  // namespace
 
 namespace Report {
 
 std::string TextOf(const Variant& value) {
-  if (!value.IsArray()) return CStr(value);
+  if (!value.IsArray()) return Printable(CStr(value));
   std::string text = "[";
   const XArrayDBObject& array = CArray(value);
   for (std::int32_t row = 1; row <= array.UpperBound(1); ++row) {
@@ -131,6 +147,21 @@ Json JsonOf(const std::vector<Shown>& boxes) {
   return list;
 }
 
+void Print(const Outcome& outcome, const Session& session, std::ostream& out) {
+  if (!outcome.others.empty()) {
+    out << (outcome.accepted ? "Also changed:\n" : "Before it refused, the rule had written (not kept):\n");
+    ChangeTable(session, outcome.others).Print(out, 2);
+  }
+  out << (outcome.saved     ? "Saved.\n"
+          : outcome.granted ? "Dry run: nothing is saved.\n"
+                            : "The file is as it was.\n");
+}
+
+void AddTo(Json& data, const Outcome& outcome, const Session& session, const std::vector<Shown>& boxes) {
+  data[outcome.accepted ? "alsoChanged" : "writtenBeforeRefusal"] = JsonOf(session, outcome.others);
+  data["messages"] = JsonOf(boxes);
+}
+
 std::string Suggestion(std::string_view typed, std::vector<std::string> names) {
   constexpr std::size_t kMost = 5;
   std::erase_if(names, [&](const std::string& name) { return !IsLike(name, typed); });
@@ -153,9 +184,12 @@ const SchemaField& FieldNamed(const Schema& schema, std::string_view name) {
 }
 
 void RequireRecord(const Provider& content, const SchemaField& field, RecordNr record) {
-  const RecordNr count = content.Count(field.table);
+  RequireRecord(content, content.GetSchema().TableOf(field), record);
+}
+
+void RequireRecord(const Provider& content, const SchemaTable& table, RecordNr record) {
+  const RecordNr count = content.Count(table);
   if (record >= 1 && record <= count) return;
-  const SchemaTable& table = content.GetSchema().TableOf(field);
   throw UsageError("record " + std::to_string(record) + " is outside 1.." + std::to_string(count) +
                    ", the records of table " + std::to_string(table.number) + " (" + table.title + ")");
 }

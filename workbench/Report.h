@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iosfwd>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
@@ -15,6 +16,7 @@ class Session;
 class TextTable;
 struct Change;
 struct SchemaField;
+struct SchemaTable;
 struct Shown;
 
 /// How values, fields and changes appear in the output, and how names on the command line are found.
@@ -37,6 +39,17 @@ TextTable ChangeTable(const Session& session, const std::vector<Change>& changes
 Json JsonOf(const Session& session, const std::vector<Change>& changes);
 Json JsonOf(const std::vector<Shown>& boxes);
 
+/// How a command that edits a file ended.
+struct Outcome {
+  bool accepted = false;  // by the rules
+  bool granted = false;   // by the rules, and nothing else stood in the way
+  bool saved = false;
+  const std::vector<Change>& others;  // what else changed, or what had been written before the refusal
+};
+void Print(const Outcome& outcome, const Session& session, std::ostream& out);
+/// Adds to the data what else changed and the boxes that were shown.
+void AddTo(Json& data, const Outcome& outcome, const Session& session, const std::vector<Shown>& boxes);
+
 /// "; do you mean A, B?" with those of the names that are spelled like `typed`, the nearest first; empty
 /// when none is.
 std::string Suggestion(std::string_view typed, std::vector<std::string> names);
@@ -45,5 +58,6 @@ std::string Suggestion(std::string_view typed, std::vector<std::string> names);
 const SchemaField& FieldNamed(const Schema& schema, std::string_view name);
 /// A UsageError for a record that the field's table does not have.
 void RequireRecord(const Provider& content, const SchemaField& field, RecordNr record);
+void RequireRecord(const Provider& content, const SchemaTable& table, RecordNr record);
 
 }  // namespace Report

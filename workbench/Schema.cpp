@@ -41,6 +41,12 @@ std::span<const SchemaField> Schema::FieldsOf(const SchemaTable& table) const {
   return std::span(fields_).subspan(table.firstField, table.fieldCount);
 }
 
+const SchemaField* Schema::IdentityOf(const SchemaTable& table) const {
+  const std::span<const SchemaField> fields = FieldsOf(table);
+  const auto found = std::ranges::find_if(fields, &SchemaField::isIdentity);
+  return found == fields.end() ? nullptr : &*found;
+}
+
 const SchemaTable* Schema::FindTable(std::int32_t number) const {
   const auto found = tableByNumber_.find(number);
   return found == tableByNumber_.end() ? nullptr : &tables_[found->second];

@@ -99,6 +99,8 @@ class Schema {
   const std::vector<SchemaField>& Fields() const { return fields_; }
   std::span<const SchemaField> FieldsOf(const SchemaTable& table) const;
   const SchemaTable& TableOf(const SchemaField& field) const { return tables_[field.tableIndex]; }
+  /// The field by whose number a person knows the records of the table; null for a table without one.
+  const SchemaField* IdentityOf(const SchemaTable& table) const;
   /// All fields by their order number; those of one number stand in schema order.
   const std::vector<const SchemaField*>& FieldsInWritingOrder() const { return writingOrder_; }
 

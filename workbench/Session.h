@@ -59,10 +59,16 @@ class Session {
   std::shared_ptr<Provider> ConvertedToRaw();
 
   /// Whether the value of a field would come back from a file of the content as it stands now. It does not
-  /// where the tier has no conversion for a field of the forms, or not yet.
+  /// where the tier has no conversion for a field of the forms, or not yet, and where a stored field is made
+  /// from another one of the forms.
   bool Survives(const SchemaField& field, RecordNr record);
 
+  /// Whether the records of a table, told apart by their identities, would come back from such a file.
+  bool KeepsRecords(const SchemaTable& table);
+
   Provider& Content() const { return *provider_; }
+  /// The content as the tier is handed it.
+  const std::shared_ptr<Provider>& SharedContent() const { return provider_; }
   TierHost& Host() { return host_; }
 
   /// The label of a UIID on the forms; the UIID itself where there is none.
@@ -74,6 +80,8 @@ class Session {
   void ConvertToForms(const std::shared_ptr<Provider>& provider);
   void ConvertToForm(const std::shared_ptr<Provider>& provider, const SchemaField& field, RecordNr record);
   void ConvertToRaw(const std::shared_ptr<Provider>& provider, const SchemaField& field, RecordNr record);
+  /// The forms of a file of the content as it stands now.
+  std::shared_ptr<Provider> Reopened();
 
   std::shared_ptr<Provider> provider_;
   TierHost host_;

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <string_view>
 
 #include "platform/Border.h"
-#include "platform/CaseText.h"
 #include "platform/Conversions.h"
 
 namespace {
@@ -35,16 +35,19 @@ Status UsedValueList::Count(std::int32_t& out) {
   return {};
 }
 
+std::vector<const SchemaField*> NumberSetOf(const Schema& schema, const SchemaField& field) {
+  std::vector<const SchemaField*> set = {&field};
+  if (std::ranges::find(kOneNumberSet, field.id) == std::end(kOneNumberSet)) return set;
+  for (const std::string_view id : kOneNumberSet) {
+    const SchemaField* other = schema.Find(id);
+    if (other != nullptr && other != &field) set.push_back(other);
+  }
+  return set;
+}
+
 FreeValueList::FreeValueList(const Records& records, const SchemaField& field)
     : minimum_(field.minimum), maximum_(field.maximum) {
-  AddUsed(records, field);
-  const auto isField = [&](std::string_view id) { return EqualsIgnoringCase(id, field.id); };
-  if (std::ranges::any_of(kOneNumberSet, isField)) {
-    for (const std::string_view id : kOneNumberSet) {
-      const SchemaField* other = isField(id) ? nullptr : records.GetSchema().Find(id);
-      if (other != nullptr) AddUsed(records, *other);
-    }
-  }
+  for (const SchemaField* one : NumberSetOf(records.GetSchema(), field)) AddUsed(records, *one);
   std::ranges::sort(used_);
   used_.erase(std::unique(used_.begin(), used_.end()), used_.end());
 }

@@ -20,9 +20,12 @@ class UsedValueList final : public IvalueList {
   std::vector<std::string> texts_;
 };
 
-/// The integers minimum..maximum that no record of the field uses, ascending. Channels and scan groups are
-/// numbered from one set: what either uses is free for neither. Holds the used numbers alone, as a range
-/// may have hundreds of millions.
+/// The fields whose numbers come from one set with those of the field, itself first: channels and scan groups
+/// are numbered together, each other field by itself.
+std::vector<const SchemaField*> NumberSetOf(const Schema& schema, const SchemaField& field);
+
+/// The integers minimum..maximum that no record of the field's number set uses, ascending. Holds the used
+/// numbers alone, as a range may have hundreds of millions.
 class FreeValueList final : public IvalueList {
  public:
   FreeValueList(const Records& records, const SchemaField& field);

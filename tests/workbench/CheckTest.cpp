@@ -46,7 +46,7 @@ class CheckTest : public testing::Test {
   std::unique_ptr<Session> session;
 };
 
-TEST_F(CheckTest, WhatARuleOfTheRecordHasToldIsNotToldByTheForm) {
+TEST_F(CheckTest, NoChangeIsJudgedThatNobodyMadeAndATextIsToldOnce) {
   Open("city-fleet");
   content->Set("TxFormat_k6k", 1, "B");
   for (const char* burst :
@@ -62,7 +62,7 @@ TEST_F(CheckTest, WhatARuleOfTheRecordHasToldIsNotToldByTheForm) {
   EXPECT_EQ(messenger->Boxes().size(), 1U);
   messenger->Clear();
 
-  EXPECT_THAT(Findings(""), ElementsAre("notice ChannelNetworkID_k6k 5/3 3: The channel's Fixed ",
+  EXPECT_THAT(Findings(""), ElementsAre("notice form USRCTLCHANNELSKD4410 5/3 3: The channel's Fixed ",
                                         "error final -1/0 : The Channel 3 does n"));
   EXPECT_EQ(CLng(content->Get("CurrentChannelNr")), 3);
 }

@@ -66,6 +66,27 @@ TEST_F(SessionTest, FormsShowThePolarityInTheOppositeSenseAndTheFileKeepsIt) {
   EXPECT_EQ(CLng(content->Get("36.DCSTxPolarity", 2)), 0);  // the forms go on
 }
 
+TEST_F(SessionTest, TheControlTakesTheCharactersOfItsFieldInCapitals) {
+  Open("city-fleet");
+  session->ConvertToForms();
+  EXPECT_EQ(CStr(Edit("dataTotalLinkIdHex", 1, "1f").now), "1F");
+  for (const auto& [uiid, typed] : {std::pair{"DataXon", "ZZ"}, std::pair{"DTMFANISequence", "12E"}}) {
+    const EditResult refused = Edit(uiid, 1, typed);
+    EXPECT_FALSE(refused.accepted);
+    EXPECT_THAT(refused.refusal, testing::StartsWith("the field takes the characters 0123456789ABCD"));
+  }
+  EXPECT_TRUE(Edit("DTMFPresetCallSequence", 21, "None").accepted);
+}
+
+TEST_F(SessionTest, AStoredFieldThatIsMadeFromAnotherOneIsLostInASave) {
+  Open("city-fleet");
+  session->ConvertToForms();
+  EXPECT_TRUE(Edit("AutoOverBeep", 2, "1").accepted);
+  EXPECT_FALSE(session->Survives(content->FieldOf("AutoOverBeep"), 2));
+  EXPECT_TRUE(Edit("SignallingOnPTTRelease_k6k", 2, "2").accepted);
+  EXPECT_TRUE(session->Survives(content->FieldOf("AutoOverBeep"), 2));
+}
+
 TEST_F(SessionTest, AnAcceptedEditTellsWhatElseChangedARefusedOneKeepsTheOldValue) {
   Open("marine-harbour");
   session->ConvertToForms();
@@ -91,6 +112,28 @@ TEST_F(SessionTest, TheControlsOfTheHostRefuseWhatNoRuleIsToSee) {
     EXPECT_FALSE(result.refusal.empty()) << typed;
     EXPECT_EQ(CLng(content->Get("TxPower_k6k", 1)), 4);
   }
+}
+
+TEST_F(SessionTest, TheControlOfAnIdentityOffersFreeNumbersOnly) {
+  Open("city-fleet");
+  content->SetCount(16, 1);
+  session->ConvertToForms();
+  content->Set("GroupID_k6k", 1, 101);
+  const std::tuple<const char*, RecordNr, const char*, const char*> cases[] = {
+      {"NetworkID", 1, "3", "number 3 is in use by record 3"},
+      {"NetworkID", 1, "2.4", "number 2 is in use by record 2"},
+      {"ChannelID_k6k", 2, "101", "number 101 is in use by record 1 of table 16 (Scan groups)"},
+      {"GroupID_k6k", 1, "20", "number 20 is in use by record 20 of table 5 (Channels)"},
+  };
+  for (const auto& [uiid, record, typed, refusal] : cases) {
+    const EditResult result = Edit(uiid, record, typed);
+    EXPECT_EQ(result.refusal, refusal);
+    EXPECT_FALSE(result.accepted) << uiid;
+    EXPECT_THAT(messenger->Boxes(), IsEmpty()) << uiid;
+  }
+  EXPECT_TRUE(Edit("NetworkID", 2, "2").accepted);  // its own
+  messenger->Play({Button::Yes});
+  EXPECT_TRUE(Edit("NetworkID", 1, "16").accepted);
 }
 
 TEST_F(SessionTest, AFaultAnywhereOnTheWayIsNoResult) {

@@ -1,0 +1,170 @@
+#include "workbench/RecordEdits.h"
+
+#include <gmock/gmock.h>
+
+#include <nlohmann/json.hpp>
+
+#include "platform/Conversions.h"
+#include "tests/support/TierFixture.h"
+#include "tests/workbench/InProcessCommand.h"
+#include "workbench/PersonalityFile.h"
+#include "workbench/Session.h"
+
+namespace {
+using nlohmann::json;
+using testing::AllOf;
+using testing::Contains;
+using testing::HasSubstr;
+
+constexpr const char* kCompanions[] = {"36", "53", "67", "72", "75", "77", "78"};
+
+/// The commands, on copies of the samples.
+class RecordCommands : public InProcessCommand {
+ protected:
+  std::string CopyOf(const std::string& name) {
+    return folder.Write(name + ".json", ContentOf(Sample(name)));
+  }
+  static json TablesOf(const std::string& path) { return json::parse(ContentOf(path))["tables"]; }
+};
+
+TEST_F(RecordCommands, ANetworkComesWithItsCompanionsAndGoesWithoutATrace) {
+  for (const char* name : {"minimal", "marine-harbour", "city-fleet"}) {
+    const std::string path = CopyOf(name);
+    const std::string before = ContentOf(path);
+    const std::size_t count = TablesOf(path)["21"].size() + 1;
+    ASSERT_EQ(Run({"add", path, "network"}), ExitCode::Done) << messages;
+    EXPECT_THAT(out.str(), AllOf(HasSubstr("Networks, record " + std::to_string(count)),
+                                 HasSubstr("Customer data networks"), HasSubstr("Saved.")));
+    const json tables = TablesOf(path);
+    EXPECT_EQ(tables["21"].size(), count) << name;
+    EXPECT_EQ(tables["21"].back()["NetworkPointer"], count) << "the lowest free number";
+    for (const char* table : kCompanions) EXPECT_EQ(tables[table].size(), count) << name << ' ' << table;
+    ASSERT_EQ(Run({"delete", path, "21", std::to_string(count)}), ExitCode::Done) << messages;
+    EXPECT_TRUE(ContentOf(path) == before) << name;
+  }
+}
+
+TEST_F(RecordCommands, WhatStandsBehindADeletedNetworkMovesUpWithAllThatPointsAtIt) {
+  const std::string path = CopyOf("city-fleet");
+  for (const char* channel : {"13", "14", "15", "16"}) {
+    ASSERT_EQ(Run({"set", path, "ChannelNetworkID_k6k", channel, "2", "--answer", "yes"}), ExitCode::Done);
+  }
+  const json before = TablesOf(path);
+  ASSERT_EQ(Run({"delete", path, "Networks", "3", "--json"}), ExitCode::Done) << messages;
+  const json told = json::parse(out.str());
+  EXPECT_EQ(told["identity"]["value"], 3);
+  EXPECT_EQ(told["saved"], true);
+  const json tables = TablesOf(path);
+  for (const char* table : kCompanions) EXPECT_EQ(tables[table].size(), 3U) << table;
+  EXPECT_EQ(tables["51"].size(), 18U);
+  EXPECT_EQ(tables["21"][2]["NetworkPointer"], 4);
+  EXPECT_EQ(tables["21"][2]["EmergencyCallAlertPtr"], 17);
+  EXPECT_EQ(tables["53"][2]["NetworkID"], 2);
+  EXPECT_EQ(tables["5"][20]["ChannelNetworkId"], 2);
+  EXPECT_EQ(tables["5"][20]["DTMFPresetCallPointer"], before["5"][20]["DTMFPresetCallPointer"]);
+  EXPECT_EQ(tables["69"][0]["GPSNetworkSendPosOnPTT"], json::parse("[0, 2, 0]"));
+  EXPECT_EQ(Run({"check", path}), ExitCode::Done) << out.str();
+}
+
+TEST_F(RecordCommands, ARefusalLeavesTheFileAndTellsWhoRefusedAndWhy) {
+  const std::string damaged = folder.Write("damaged.json", "{\n]");
+  const std::string full = CopyOf("full");
+  const std::string marine = CopyOf("marine-harbour");
+  const std::tuple<std::vector<std::string>, ExitCode, const char*, const char*> cases[] = {
+      {{"delete", marine, "Network", "2"},
+       ExitCode::No,
+       "refuses to delete it",
+       "used by one or more Channels"},
+      {{"delete", file, "Network", "1"}, ExitCode::No, "has at least 1 record of table 21", ""},
+      {{"add", full, "Network"}, ExitCode::No, "holds at most 16 records of table 21", ""},
+      {{"add", full, "channels"}, ExitCode::No, "refuses to add it", "must not exceed 100"},
+      {{"delete", marine, "Network", "4"}, ExitCode::CouldNot, "", "record 4 is outside 1..3"},
+      {{"delete", marine, "Network", "0"}, ExitCode::CouldNot, "", "record 0 is outside 1..3"},
+      {{"delete", marine, "Netwrok", "1"}, ExitCode::CouldNot, "", "do you mean Network"},
+      {{"add", marine, "36"}, ExitCode::CouldNot, "", "there is no grid \"36\""},
+      {{"add", damaged, "Network"}, ExitCode::CouldNot, "", "damaged.json:2"},
+      {{"delete", damaged, "Network", "1"}, ExitCode::CouldNot, "", "damaged.json:2"},
+      {{"add", marine, "GroupMembership"}, ExitCode::CouldNot, "", "does not support it yet"},
+  };
+  for (const auto& [words, code, told, message] : cases) {
+    const std::string before = ContentOf(words[1]);
+    EXPECT_EQ(Run(words), code) << testing::PrintToString(words);
+    EXPECT_THAT(out.str(), HasSubstr(told));
+    EXPECT_THAT(out.str(), testing::Not(HasSubstr("not kept"))) << "no companion was added";
+    EXPECT_THAT(messages, HasSubstr(message));
+    EXPECT_TRUE(ContentOf(words[1]) == before) << testing::PrintToString(words);
+  }
+}
+
+TEST_F(RecordCommands, AQuestionIsAnsweredNoUnlessToldOtherwise) {
+  std::string polled = sample;  // positions are reported on its one channel
+  for (const std::string name : {"\"GPSEnabled\": ", "\"GPSPollResponseChannelType\": "}) {
+    polled.replace(polled.find(name) + name.size(), 1, "1");
+  }
+  const std::string path = folder.Write("polled.json", polled);
+  EXPECT_EQ(Run({"delete", path, "channels", "1", "--json"}), ExitCode::No) << messages;
+  const json refused = json::parse(out.str());
+  EXPECT_EQ(refused["refusedAt"], "permission");
+  EXPECT_EQ(refused["messages"][0]["answer"], "No");
+  EXPECT_EQ(Run({"delete", path, "channels", "1", "--answer", "yes", "--dry-run"}), ExitCode::Done);
+  EXPECT_THAT(out.str(), HasSubstr("GPSPollResponseChannelType"));
+  EXPECT_TRUE(ContentOf(path) == polled);
+  EXPECT_EQ(Run({"delete", path, "channels", "1", "--answer", "yes"}), ExitCode::Done) << messages;
+  EXPECT_EQ(TablesOf(path)["69"][0]["GPSPollResponseChannelType"], 0);
+}
+
+TEST_F(RecordCommands, AScriptAddsRenumbersAndDeletes) {
+  const std::string script =
+      folder.Write("script", "add " + file + " Network\nset " + file + " NetworkID 2 7\nadd " + file +
+                                 " Network\ndelete " + file + " Network 2\n");
+  ASSERT_EQ(Run({"run", script}), ExitCode::Done) << messages;
+  EXPECT_EQ(TablesOf(file)["21"].size(), 2U);
+  EXPECT_EQ(TablesOf(file)["21"][1]["NetworkPointer"], 2);  // 7 was the second record
+}
+
+/// The path itself, on a sample whose forms hold what no file can yet.
+class RecordEditsTest : public testing::Test {
+ protected:
+  RecordEditsTest() { session.ConvertToForms(); }
+  RecordEdits Edits(std::string_view grid) { return {session, Grids::Named(content->GetSchema(), grid)}; }
+
+  const std::shared_ptr<Provider> content =
+      PersonalityFile::Parse("city-fleet", ContentOf(Sample("city-fleet")), *ProjectSchemas());
+  const std::shared_ptr<ScriptedMessenger> messenger = std::make_shared<ScriptedMessenger>();
+  Session session{
+      {ProjectSchemas(), TIER_LIBRARY, std::filesystem::path(TIER_LIBRARY).parent_path().string()},
+      content,
+      messenger};
+};
+
+TEST_F(RecordEditsTest, WhatARuleHadWrittenBeforeItsSecondQuestionIsTold) {
+  content->Set("FunctionKey1", 1, 22);  // goes to a channel
+  content->Set("FK1Parameter1", 1, "3");
+  content->Set("GPSPollResponseChannelType", 1, 1);
+  content->Set("GPSPollResponseChannel", 1, "3");
+  messenger->Play({Button::Yes, Button::No});
+  const RecordResult result = Edits("channels").Delete(3);
+  EXPECT_FALSE(result.accepted);
+  EXPECT_EQ(result.step, RecordStep::Permission);
+  EXPECT_EQ(content->Count(5), 23);
+  const auto isKey = [&](const Change& change) { return change.field == &content->FieldOf("FunctionKey1"); };
+  EXPECT_THAT(result.others, Contains(testing::ResultOf(isKey, true)));
+}
+
+TEST_F(RecordEditsTest, AChannelStaysThatAPointerWouldBeLedAstrayBy) {
+  content->SetCount(76, 1);
+  content->Set("76.DSDBM_PRESET_CALL_CHANNEL_REF", 1, 5);  // which nothing moves
+  EXPECT_TRUE(Edits("channels").Delete(6).accepted);
+  const RecordResult result = Edits("channels").Delete(4);  // the fifth record is channel 7 then
+  EXPECT_FALSE(result.accepted);
+  EXPECT_EQ(result.step, RecordStep::Save);
+  EXPECT_THAT(result.refusal, HasSubstr("Channel preset calls 7 point"));
+}
+
+TEST_F(RecordEditsTest, AFaultOnTheWayIsNoRefusal) {
+  for (const int call : {1, 3, 8}) {
+    content->Monitor().FailOnce(call);
+    EXPECT_THROW(Edits("Network").Add(), TierFault) << call;
+  }
+}
+}  // namespace

@@ -1,0 +1,220 @@
+#include "workbench/RecordEdits.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "platform/CaseText.h"
+#include "platform/Conversions.h"
+#include "workbench/Difference.h"
+#include "workbench/Forms.h"
+#include "workbench/Provider.h"
+#include "workbench/Report.h"
+#include "workbench/Schema.h"
+#include "workbench/Session.h"
+#include "workbench/Workplace.h"
+
+namespace {
+
+// clang-format off
+constexpr Grid kGrids[] = {
+    {"Channels6000", 5}, {"GroupMembership", 1119}, {"Network", 21}, {"ControlStatus6000", 1115},
+    {"ScanGroup", 16},   {"Selcall6000", 29},       {"DTMF", 64},    {"Type99", 37},
+    {"MDC1200", 80},
+};
+// clang-format on
+
+constexpr std::string_view kSteps[] = {"capacity", "permission", "postProcessing", "show", "save"};
+
+const SchemaTable& TableOf(const Schema& schema, const Grid& grid) {
+  const SchemaTable* table = schema.FindTable(grid.table);
+  if (table != nullptr) return *table;
+  throw UsageError("version " + schema.Version() + " has no table " + std::to_string(grid.table));
+}
+
+/// The names by which a person may call the grid.
+std::vector<std::string> NamesOf(const Schema& schema, const Grid& grid) {
+  return {std::string(grid.name), TableOf(schema, grid).title, std::to_string(grid.table)};
+}
+
+bool Refuse(RecordResult& result, RecordStep step, std::string refusal) {
+  result.step = step;
+  result.refusal = std::move(refusal);
+  return false;
+}
+
+std::string RecordsOf(const SchemaTable& table, RecordNr count) {
+  return std::to_string(count) + (count == 1 ? " record" : " records") + " of table " +
+         std::to_string(table.number) + " (" + table.title + ")";
+}
+
+/// What a deletion has led astray: a pointer that does not point any more at what it pointed at, though that
+/// is still there, or a record that is told by such a pointer. Empty when there is nothing of that kind.
+std::string Stray(const ComparedPersonality& before, const ComparedPersonality& after,
+                  const SchemaTable& table, RecordNr deleted) {
+  const Difference difference = Compare(before, after);
+  RecordKeys keysAfter(after);
+  for (const auto& [of, key] : difference.onlyInB) {
+    const bool isLeftOver =  // a companion of nothing: it is no longer read
+        keysAfter.OwnerOf(*of) != nullptr && keysAfter.OwnerKey(*of, keysAfter.Find(*of, key)).empty();
+    if (!isLeftOver) return of->title + " " + key;
+  }
+  RecordKeys keys(before);
+  const std::string gone = keys.Of(table)[static_cast<std::size_t>(deleted - 1)];
+  for (const CellDifference& cell : difference.cells) {
+    const auto target = keys.Target(*cell.field, keys.Find(*cell.table, cell.record));
+    const bool isGone = target && (*target == gone || target->starts_with(gone + "/"));
+    if (target && !isGone) return cell.field->id + " of " + cell.record;
+  }
+  return {};
+}
+
+/// The change of the table that the grid shows is what was asked for: it is nothing else.
+void LeaveOut(std::vector<Change>& changes, const SchemaTable& table) {
+  std::erase_if(changes,
+                [&](const Change& change) { return change.field == nullptr && change.table == &table; });
+}
+
+}  // namespace
+
+std::string_view NameOf(RecordStep step) { return kSteps[static_cast<std::size_t>(step)]; }
+
+const Grid& Grids::Named(const Schema& schema, std::string_view text) {
+  std::vector<std::string> all;
+  for (const Grid& grid : kGrids) {
+    for (std::string& name : NamesOf(schema, grid)) {
+      if (EqualsIgnoringCase(name, text)) return grid;
+      all.push_back(std::move(name));
+    }
+  }
+  std::string names;
+  for (const Grid& grid : kGrids) names += (names.empty() ? "" : ", ") + std::string(grid.name);
+  throw UsageError("there is no grid \"" + std::string(text) + "\" (the grids are " + names + ")" +
+                   Report::Suggestion(text, std::move(all)));
+}
+
+RecordEdits::RecordEdits(Session& session, const Grid& grid)
+    : session_(session), grid_(grid), table_(TableOf(session.Content().GetSchema(), grid)) {}
+
+RecordResult RecordEdits::Add() {
+  RecordResult result;
+  Provider& content = session_.Content();
+  // Before the tier is asked, which adds the companions when it is.
+  if (content.Count(table_) >= table_.maximum) {
+    Refuse(result, RecordStep::Capacity,
+           "a personality of version " + content.GetSchema().Version() + " holds at most " +
+               RecordsOf(table_, table_.maximum));
+    return result;
+  }
+  bool isAdded = false;
+  {
+    const Journal journal(content);
+    isAdded = AddCompleted(result);
+    result.others = journal.Changes();
+  }
+  if (!isAdded) return result;
+  if (!Forms::TurnTo(session_, table_.number, result.record)) {
+    Refuse(result, RecordStep::Show, "after it was added, the tier refuses to show it on its form");
+    return result;
+  }
+  result.accepted = IsKept(result);
+  if (result.accepted) LeaveOut(result.others, table_);
+  return result;
+}
+
+RecordResult RecordEdits::Delete(RecordNr record) {
+  RecordResult result;
+  Provider& content = session_.Content();
+  Report::RequireRecord(content, table_, record);
+  result.record = record;
+  result.identity = IdentityOf(record);
+  if (content.Count(table_) <= table_.minimum) {
+    Refuse(result, RecordStep::Capacity,
+           "a personality of version " + content.GetSchema().Version() + " has at least " +
+               RecordsOf(table_, table_.minimum));
+    return result;
+  }
+  const ComparedPersonality before = Snapshot();
+  bool isDeleted = false;
+  {
+    const Journal journal(content);
+    isDeleted = DeleteCompleted(result);
+    result.others = journal.Changes();
+  }
+  result.accepted = isDeleted && IsKept(result) && KeepsPointers(before, result);
+  if (result.accepted) LeaveOut(result.others, table_);
+  return result;
+}
+
+bool RecordEdits::AddCompleted(RecordResult& result) const {
+  const TierHost& host = session_.Host();
+  const std::shared_ptr<Provider>& provider = session_.SharedContent();
+  Boolean accepted = kFalse;
+  Require(host.Validator().AddRecord(grid_.name, provider, accepted));
+  if (accepted == kFalse) return Refuse(result, RecordStep::Permission, "the tier refuses to add it");
+
+  Require(provider->SetAutoUpdate(kTrue));
+  Require(OpenTable()->NewRecord(result.record));
+  accepted = kFalse;
+  Require(host.Owner().PostAddProcessing(provider, grid_.name, accepted));
+  result.identity = IdentityOf(result.record);
+  return accepted != kFalse ||
+         Refuse(result, RecordStep::PostProcessing, "after it was added, the tier refuses it");
+}
+
+bool RecordEdits::DeleteCompleted(RecordResult& result) const {
+  const TierHost& host = session_.Host();
+  const std::shared_ptr<Provider>& provider = session_.SharedContent();
+  Require(provider->SetAutoUpdate(kTrue));
+  Boolean accepted = kFalse;
+  Require(host.Validator().DeleteRecord(grid_.name, result.record, provider, accepted));
+  if (accepted == kFalse) return Refuse(result, RecordStep::Permission, "the tier refuses to delete it");
+
+  RecordNr left = 0;
+  Require(OpenTable()->DeleteRecord(result.record, left));
+  accepted = kFalse;
+  Require(host.Owner().PostDeleteProcessing(provider, grid_.name, result.record, accepted));
+  return accepted != kFalse ||
+         Refuse(result, RecordStep::PostProcessing, "after it was deleted, the tier refuses that");
+}
+
+bool RecordEdits::IsKept(RecordResult& result) const {
+  return session_.KeepsRecords(table_) ||
+         Refuse(result, RecordStep::Save,
+                "a save would lose the change, for the tier does not convert the table for the radio");
+}
+
+bool RecordEdits::KeepsPointers(const ComparedPersonality& before, RecordResult& result) const {
+  const std::string stray = Stray(before, Snapshot(), table_, result.record);
+  return stray.empty() ||
+         Refuse(result, RecordStep::Save,
+                "a save would let " + stray +
+                    " point at another record, for the tier does not convert it for the radio");
+}
+
+ComparedPersonality RecordEdits::Snapshot() const {
+  return {session_.ConvertedToRaw(), session_.Content().Copy()};
+}
+
+void RecordEdits::Require(const Status& status) const {
+  if (!status.Ok() && status.Reason().number == ErrorNumber::kNotSupported) {
+    throw UsageError("the tier does not support it yet for the grid " + std::string(grid_.name) + ": " +
+                     status.Reason().description);
+  }
+  session_.Host().Require(status);
+}
+
+std::shared_ptr<Itable> RecordEdits::OpenTable() const {
+  std::shared_ptr<Itables> tables;
+  Require(session_.Content().Tables(tables));
+  std::shared_ptr<Itable> table;
+  Require(tables->Table(std::to_string(table_.number), table));
+  return table;
+}
+
+Variant RecordEdits::IdentityOf(RecordNr record) const {
+  const Provider& content = session_.Content();
+  const SchemaField* identity = content.GetSchema().IdentityOf(table_);
+  if (identity == nullptr) return {};
+  const Variant& number = content.Get(*identity, record);
+  return IsNumeric(number) ? Variant(CLng(number)) : number;  // forms may hold it as text
+}

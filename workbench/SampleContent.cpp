@@ -1,0 +1,240 @@
+#include "workbench/SampleContent.h"
+
+#include <algorithm>
+#include <iterator>
+#include <memory>
+#include <string_view>
+
+#include "platform/XArrayDBObject.h"
+#include "workbench/Provider.h"
+
+namespace Samples {
+namespace {
+
+/// The slots of a Selcall system in table 30, by burst type; slots count from 1.
+struct SlotRange {
+  std::int32_t first;
+  std::int32_t count;
+};
+constexpr SlotRange kSlots[] = {{1, 5}, {6, 2}, {8, 100}, {108, 24}, {132, 5}, {137, 5}};
+constexpr std::int32_t kRepeater = 0, kCallerId = 1, kTxCall = 2, kStatus = 3;
+constexpr std::int32_t kSlotsPerSystem = 141;
+
+/// Record 1 of table 30 belongs to no system.
+RecordNr BurstRecord(std::int32_t system, std::int32_t slot) {
+  return (system - 1) * kSlotsPerSystem + 1 + slot;
+}
+
+/// A raw array of one column, row 0 unused.
+Variant Rows(const std::vector<std::int32_t>& values) {
+  auto rows = std::make_shared<XArrayDBObject>();
+  rows->Redim(0, static_cast<std::int32_t>(values.size()), 0, 0);
+  std::int32_t row = 0;
+  for (const std::int32_t value : values) rows->SetValue(++row, 0, value);
+  return ArrayObject(std::move(rows));
+}
+
+/// A raw sequence: each character of `text` as its place in `alphabet`.
+Variant Sequence(const std::string& text, std::string_view alphabet) {
+  std::vector<std::int32_t> codes;
+  for (const char c : text) codes.push_back(static_cast<std::int32_t>(alphabet.find(c)));
+  return Rows(codes);
+}
+Variant Tones(const std::string& text) { return Sequence(text, "0123456789ABCDEF-GV"); }
+Variant Keys(const std::string& text) { return Sequence(text, "0123456789ABCD#*-"); }
+Variant Format(const std::string& text) { return Sequence(text, "RCS-B"); }
+
+/// In the order of their records in table 51, six for each network.
+constexpr std::string_view kAlertPointers[] = {"21.Ind1CallAlertPtr",     "21.Ind2CallAlertPtr",
+                                               "21.GroupCallAlertPtr",    "21.AllCallAlertPtr",
+                                               "21.PriorityCallAlertPtr", "21.EmergencyCallAlertPtr"};
+
+void AddAlerts(Provider& content, RecordNr networks) {
+  RecordNr alert = 0;
+  content.SetCount(51, networks * static_cast<RecordNr>(std::size(kAlertPointers)));
+  for (RecordNr network = 1; network <= networks; ++network) {
+    for (const std::string_view pointer : kAlertPointers) {
+      content.Set(pointer, network, alert);
+      ++alert;
+      content.Set("51.CallAlertID", alert, alert - 1);
+    }
+  }
+}
+
+/// An emergency without callout, which would need a sequence of the system; cycling a fixed number of times.
+void AddEmergency(Provider& content, RecordNr network, std::int32_t channel,
+                  const std::vector<Channel>& channels) {
+  content.Set("53.EmergencyEnabled", network, 1);
+  content.Set("53.EmCalloutType", network, 0);
+  content.Set("53.EmCyclingType", network, 2);
+  content.Set("53.EmCyclingNumber", network, 5);
+  content.Set("53.EmCyclingRxTime", network, 20);
+  content.Set("53.EmCyclingTxTime", network, 10);
+  if (channel == 0) return;
+  const auto dedicated = std::ranges::find(channels, channel, &Channel::number);
+  content.Set("53.ChannelType", network, 1);
+  content.Set("53.ChannelRecordNr", network, static_cast<std::int32_t>(dedicated - channels.begin()));
+}
+
+void AddNetworks(Provider& content, const Personality& personality) {
+  const std::vector<Network>& networks = personality.networks;
+  const auto count = static_cast<RecordNr>(networks.size());
+  // Record n of each of these belongs to network n.
+  for (const std::int32_t table : {21, 36, 53, 67, 72, 75, 77, 78}) content.SetCount(table, count);
+  content.SetCount(68, 4 * count);
+  for (RecordNr record = 1; record <= count; ++record) {
+    const Network& network = networks[static_cast<std::size_t>(record - 1)];
+    content.Set("21.NetworkPointer", record, record);
+    content.Set("21.SIBTPointer", record, record - 1);
+    content.Set("21.EmergencyPointer", record, record - 1);
+    content.Set("21.SignallingType", record, network.signallingType);
+    content.Set("21.SignallingPointer", record, std::max(network.system - 1, 0));
+    content.Set("53.NetworkId", record, record - 1);
+    content.Set("53.SignallingType", record, network.signallingType);
+    if (network.emergency) AddEmergency(content, record, network.emergencyChannel, personality.channels);
+    content.Set("67.DTMFPatchNetworkID", record, record);
+    content.Set("67.DTMFPatchToneSetupPointer", record, record - 1);
+    content.Set("72.DTMFPatchTonesNetworkID", record, record);
+    content.Set("75.SIBTNetworkID", record, record);
+    for (std::int32_t kind = 0; kind < 4; ++kind) {
+      content.Set("68.DTMFPatchSeqNetworkID", 4 * (record - 1) + kind + 1, record);
+      content.Set("68.DTMFPatchSeqSequenceType", 4 * (record - 1) + kind + 1, kind);
+    }
+  }
+  AddAlerts(content, count);
+}
+
+/// The position reports need short data messages, and a port that the data does not use.
+void AddGPS(Provider& content, const std::vector<Network>& networks) {
+  const auto ofNetworks = [&](std::int32_t Positions::*member) {
+    std::vector<std::int32_t> values;
+    values.reserve(networks.size());
+    for (const Network& network : networks) values.push_back(network.positions.*member);
+    return Rows(values);
+  };
+  content.Set("9.DataSDMOptionsEnabled", 1, 1);
+  content.Set("9.DataCCDIPort", 1, 1);    // Aux
+  content.Set("69.GPSSerialPort", 1, 0);  // Mic
+  content.Set("69.GPSEnabled", 1, 1);
+  content.Set("69.GPSNetworkSendPosOnPTT", 1, ofNetworks(&Positions::onPTT));
+  content.Set("69.GPSNetworkSendPosOnEPTT1", 1, ofNetworks(&Positions::onEPTT1));
+  content.Set("69.GPSNetworkSendPosOnEPTT2", 1, ofNetworks(&Positions::onEPTT2));
+  content.Set("69.PttGPSSuppressionTime", 1, ofNetworks(&Positions::suppressionSeconds));
+}
+
+/// Record 1 of table 65 is no preset.
+RecordNr PresetRecord(std::int32_t system, std::int32_t position) {
+  return (system - 1) * kPresetsPerSystem + 1 + position;
+}
+
+void AddDTMFSystems(Provider& content, const std::vector<DTMFSystem>& systems) {
+  constexpr std::array kSequenceTypes = {0, 1, 2, 3, 4, 6};
+  const auto count = static_cast<std::int32_t>(systems.size());
+  for (const std::int32_t table : {63, 64}) content.SetCount(table, count);
+  content.SetCount(65, 1 + kPresetsPerSystem * count);
+  content.SetCount(66, count * static_cast<RecordNr>(kSequenceTypes.size()));
+  RecordNr sequence = 0;
+  for (std::int32_t number = 1; number <= count; ++number) {
+    const DTMFSystem& system = systems[static_cast<std::size_t>(number - 1)];
+    content.Set("64.DTMFNetworkSigSystemID", number, number);
+    content.Set("64.DTMFNetworkToneSetupRecord", number, number - 1);
+    for (std::int32_t position = 1; position <= kPresetsPerSystem; ++position) {
+      const RecordNr record = PresetRecord(number, position);
+      const auto index = static_cast<std::size_t>(position - 1);
+      content.Set("65.DTMFChannelPresetSeqSigSysID", record, number);
+      content.Set("65.DTMFChannelPresetSequence", record,
+                  Keys(index < system.presets.size() ? system.presets[index] : ""));
+    }
+    for (std::size_t kind = 0; kind < system.sequences.size(); ++kind) {
+      ++sequence;
+      content.Set("66.DTMFNetworkPresetSeqSigSysID", sequence, number);
+      content.Set("66.DTMFNetworkPresetSeqType", sequence, kSequenceTypes[kind]);
+      content.Set("66.DTMFNetworkPresetSequence", sequence, Keys(system.sequences[kind]));
+    }
+  }
+}
+
+void AddBursts(Provider& content, std::int32_t system, std::int32_t type,
+               const std::vector<std::string>& bursts) {
+  for (std::int32_t i = 0; i < kSlots[type].count; ++i) {
+    const std::int32_t slot = kSlots[type].first + i;
+    const RecordNr record = BurstRecord(system, slot);
+    const auto index = static_cast<std::size_t>(i);
+    content.Set("30.FixedFormatSigSystemID", record, system);
+    content.Set("30.FixedFormatBurstType", record, type);
+    content.Set("30.FixedFormatBurstID", record, slot);
+    content.Set("30.FixedFormatBurstSeq", record, Tones(index < bursts.size() ? bursts[index] : ""));
+  }
+}
+
+void AddSystems(Provider& content, const std::vector<SelcallSystem>& systems) {
+  const auto count = static_cast<std::int32_t>(systems.size());
+  for (const std::int32_t table : {29, 31, 48}) content.SetCount(table, count);
+  content.SetCount(30, 1 + kSlotsPerSystem * count);
+  content.Set("30.FixedFormatBurstSeq", 1, Tones(""));
+  for (std::int32_t number = 1; number <= count; ++number) {
+    const SelcallSystem& system = systems[static_cast<std::size_t>(number - 1)];
+    content.Set("29.SelcallID", number, number);
+    content.Set("29.TxFormat", number, Format(system.txFormat));
+    content.Set("29.RxFormat", number, Format(system.rxFormat));
+    content.Set("29.RxSeqOne", number, Tones(system.receive));
+    content.Set("29.RxSeqTwo", number, Tones(""));
+    content.Set("29.RMRBurst", number, Tones(""));
+    content.Set("31.SelcallToneSignalSystemId", number, number);
+    content.Set("31.ToneSetPointer", number, number - 1);
+    const std::array<std::vector<std::string>, 6> bursts = {system.repeaters, system.callerIds,
+                                                            system.txCalls, system.statuses};
+    for (std::int32_t type = 0; type < 6; ++type) {
+      AddBursts(content, number, type, bursts[static_cast<std::size_t>(type)]);
+    }
+  }
+}
+
+/// The raw pointer to a burst of the channel's system, an index from 0; 0 for none.
+std::int32_t BurstPointer(std::int32_t system, std::int32_t type, std::int32_t position) {
+  return position == 0 ? 0 : BurstRecord(system, kSlots[type].first + position - 1) - 1;
+}
+
+void AddChannels(Provider& content, const Personality& personality) {
+  const auto count = static_cast<RecordNr>(personality.channels.size());
+  content.SetCount(5, count);
+  content.SetCount(7, count);
+  for (RecordNr record = 1; record <= count; ++record) {
+    const Channel& channel = personality.channels[static_cast<std::size_t>(record - 1)];
+    const Network& network = personality.networks[static_cast<std::size_t>(channel.network - 1)];
+    content.Set("7.CibChannelID", record, channel.number);
+    content.Set("7.CibChannelRec", record, record - 1);
+    content.Set("5.ChannelRxFreq", record, channel.rxHertz);
+    content.Set("5.ChannelTxFreq", record, channel.txHertz);
+    content.Set("5.ChannelNetworkId", record, channel.network - 1);
+    content.Set("5.TxPower_k6k", record, channel.power);
+    content.Set("5.RepeaterBurst", record, BurstPointer(network.system, kRepeater, channel.repeater));
+    content.Set("5.CallerIDBurst", record, BurstPointer(network.system, kCallerId, channel.callerId));
+    content.Set("5.TXCallBurst", record, BurstPointer(network.system, kTxCall, channel.txCall));
+    content.Set("5.StatusBurst", record, BurstPointer(network.system, kStatus, channel.status));
+    const RecordNr preset = channel.preset == 0 ? 1 : PresetRecord(network.system, channel.preset);
+    content.Set("5.DTMFPresetCallPointer", record, preset - 1);
+  }
+}
+
+}  // namespace
+
+void FillStored(Provider& content, const Personality& personality) {
+  content.Set("34.Band", 1, personality.band);
+  AddNetworks(content, personality);
+  if (personality.gps) AddGPS(content, personality.networks);
+  AddSystems(content, personality.systems);
+  AddDTMFSystems(content, personality.dtmfSystems);
+  AddChannels(content, personality);
+}
+
+void FillForms(Provider& content, const Personality& personality) {
+  RecordNr record = 0;
+  for (const Channel& channel : personality.channels) {
+    ++record;
+    content.Set("RxSignalling_k6k", record, channel.rxTone);
+    content.Set("TxSignalling_k6k", record, channel.txTone);
+  }
+}
+
+}  // namespace Samples

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class Provider;
+
+/// The sample personalities: what they are described by, and how that becomes their content.
+namespace Samples {
+
+// What channels, networks and systems are made of. Numbers of networks and systems count from 1.
+struct Channel {
+  std::int32_t number;
+  double rxHertz;
+  double txHertz;
+  std::string rxTone = "None";
+  std::string txTone = "None";
+  std::int32_t network = 1;
+  std::int32_t power = 4;     // 1 Very Low to 4 High
+  std::int32_t txCall = 0;    // position among the Tx call bursts of the network's system, 0 for none
+  std::int32_t callerId = 0;  // among its caller ID bursts
+  std::int32_t repeater = 0;  // among its repeater bursts
+  std::int32_t status = 0;    // among its status bursts
+  std::int32_t preset = 0;    // among the presets of the network's DTMF system
+};
+/// When a network sends the radio's position: 0 never, 1 always, 2 with a suppression time.
+struct Positions {
+  std::int32_t onPTT = 0;
+  std::int32_t onEPTT1 = 0;
+  std::int32_t onEPTT2 = 0;
+  std::int32_t suppressionSeconds = 0;
+};
+struct Network {
+  std::int32_t signallingType;  // 0 none, 1 Selcall, 2 DTMF, 3 two-tone, 4 MDC1200
+  std::int32_t system = 0;      // of that type
+  bool emergency = false;
+  std::int32_t emergencyChannel = 0;  // number of the dedicated one, 0 for the current one
+  Positions positions = {};
+};
+struct SelcallSystem {
+  std::string txFormat, rxFormat;
+  std::string receive;  // the radio's own identity
+  std::vector<std::string> repeaters, callerIds, txCalls, statuses;
+};
+/// Each DTMF system has room for so many presets.
+constexpr std::int32_t kPresetsPerSystem = 10;
+struct DTMFSystem {
+  std::vector<std::string> presets;
+  std::array<std::string, 6> sequences;  // four of the network's, the ANI, the emergency
+};
+struct Personality {
+  std::int32_t band;
+  std::vector<Network> networks;
+  std::vector<SelcallSystem> systems;
+  std::vector<DTMFSystem> dtmfSystems = {};
+  std::vector<Channel> channels;
+  bool gps = false;
+};
+
+/// Writes the tables as the radio stores them.
+void FillStored(Provider& content, const Personality& personality);
+/// Writes what is given as a form shows it: the tones, to which the conversion for the radio gives their
+/// place in the shared tables 50 and 61.
+void FillForms(Provider& content, const Personality& personality);
+
+}  // namespace Samples
