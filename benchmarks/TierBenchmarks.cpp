@@ -8,10 +8,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <regex>
+#include <stdexcept>
 
 #include "benchmarks/Floor.h"
 #include "host/Imessenger.h"
@@ -130,35 +132,57 @@ BENCHMARK_CAPTURE(FieldRule, TxPower, "TxPower_k6k");
 BENCHMARK_CAPTURE(FieldRule, RxFrequency, "RxFreq_k6k");
 BENCHMARK_CAPTURE(FieldRule, WithoutRule, "NoiseBlanker_k6k");
 
-/// Every field of the channel table that has a conversion, from the form and back to it: all channels in one
-/// run, behind one clearing of the tone tables, as a save does it. Figures are for one channel.
-void ChannelRecordBothWays(benchmark::State& state) {
+/// Every field of the tables that is converted record by record, from the form and back to it: all records in
+/// one run, behind one clearing of the tone tables, as a save does it. Figures are for one record of the
+/// first table, with those that belong to it.
+void RecordBothWays(benchmark::State& state, std::vector<std::int32_t> tables) {
   Session& session = OpenSession();
-  Provider& content = session.Content();
-  const auto provider = content.Copy();
+  const auto provider = session.Content().Copy();
   session.Host().UseStore(provider);
   std::vector<std::string> fieldIds;
   for (const SchemaField* field : provider->GetSchema().FieldsInWritingOrder()) {
-    if (field->table == 5 && field->transform != 0) fieldIds.push_back(field->id);
+    const bool isOfThem = std::ranges::find(tables, field->table) != tables.end();
+    const bool isConverted = field->transform != 0 && field->scope == FieldScope::Record;
+    if (isOfThem && isConverted) fieldIds.push_back(field->id);
   }
-  const RecordNr channels = provider->Count(5);
+  const RecordNr records = provider->Count(tables.front());
   IproviderOwner& owner = session.Host().Owner();
   Boolean converted = kFalse;
   Measure(
       state, *provider,
       [&] {
         Require(session, owner.TransformFromUI(provider, "50.CTCSSfreq", 1, converted));
-        for (RecordNr channel = 1; channel <= channels; ++channel) {
+        for (RecordNr record = 1; record <= records; ++record) {
           for (const auto& fieldId : fieldIds) {
-            Require(session, owner.TransformFromUI(provider, fieldId, channel, converted));
-            Require(session, owner.TransformToUI(provider, fieldId, channel, converted));
+            Require(session, owner.TransformFromUI(provider, fieldId, record, converted));
+            Require(session, owner.TransformToUI(provider, fieldId, record, converted));
           }
         }
       },
-      channels);
+      records);
   session.Host().UseStore(OpenStore());
 }
-BENCHMARK(ChannelRecordBothWays)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(RecordBothWays, Channel, {5})->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(RecordBothWays, Network, {21, 36, 53, 67, 72, 75, 77, 78})->Unit(benchmark::kMillisecond);
+
+/// A network loses its signalling, and its channels their presets; put back by hand, uncounted.
+void TakeSignalling(Session& session) {
+  Provider& content = session.Content();
+  content.Set("SignallingType", 1, 1);
+  content.Set("5.TXCallBurstSeq", 1, "12345");
+  Variant none(0);
+  Boolean accepted = kFalse;
+  Require(session, session.Host().Validator().ValidateByUIID("SignallingType", none, 1, accepted));
+  if (accepted == kFalse) throw std::runtime_error("the network keeps its signalling");
+}
+
+void SignallingType(benchmark::State& state) {
+  const auto provider = FullPersonality().Copy();
+  Session session(Parts(), provider, std::make_shared<ConsentingMessenger>());
+  session.ConvertToForms();
+  Measure(state, *provider, [&] { TakeSignalling(session); });
+}
+BENCHMARK(SignallingType);
 
 /// Post-read processing and every conversion to the forms; without the file.
 void Opening(benchmark::State& state) {
@@ -261,6 +285,7 @@ std::shared_ptr<Provider> ManyChannels(RecordNr count) {
   for (const std::int32_t table : {5, 7, 18}) provider->SetCount(table, count);
   provider->SetCount(16, 1);
   provider->Set("16.GroupIDTracker", 1, 1);
+  provider->Set("NetworkID", 1, 1);
   for (RecordNr record = 1; record <= count; ++record) {
     provider->Set("5.ChannelIDTracker", record, record + 1);
     provider->Set("5.ChannelNetworkIdUI", record, 1);
@@ -312,4 +337,7 @@ void UsedChannelsGrowth(benchmark::State& state) {
   });
 }
 BENCHMARK(UsedChannelsGrowth)->Apply(Doubling);
+
+void SignallingTypeGrowth(benchmark::State& state) { MeasureGrowth(state, TakeSignalling); }
+BENCHMARK(SignallingTypeGrowth)->Apply(Doubling);
 }  // namespace
