@@ -10,20 +10,24 @@
 
 namespace modNetworkRecords {
 namespace {
-/// A table with one record for each network, and the field there by which it is sorted: the network's number.
+/// A table with one record for each network, and the field there by which it is sorted: the network's number,
+/// by its plain name and as FieldId.
 struct Companion {
   std::string_view table;
   std::string_view number = {};  ///< "": the table has none to sort by, and follows table 21
+  std::string_view numberId = {};
 };
-constexpr Companion kCompanions[] = {
-    {"53", "EmNetworkID"},
+// clang-format off
+constexpr Companion kCompanions[] = {  // in the order in which they are made
+    {"53", "EmNetworkID",                 "53.NetworkIDTracker"},
     {"36"},
-    {"75", "SIBTNetworkID_k6k"},
+    {"75", "SIBTNetworkID_k6k",           "75.SIBTNetworkID"},
     {"78"},
     {"77"},
-    {"67", "DTMFPatchNetworkID_k6k"},
-    {"72", "DTMFPatchTonesNetworkID_k6k"},
+    {"67", "DTMFPatchNetworkID_k6k",      "67.DTMFPatchNetworkID"},
+    {"72", "DTMFPatchTonesNetworkID_k6k", "72.DTMFPatchTonesNetworkID"},
 };
+// clang-format on
 
 /// A table with a block of records for each network.
 struct Blocks {
@@ -82,9 +86,9 @@ void AlignNumbers(const ProviderRef& provider) {
   }
 }
 
-void SortBy(const ProviderRef& provider, std::string_view number) {
+void SortBy(const ProviderRef& provider, std::string_view number, std::string_view numberId) {
   provider.Table(number).Sort(provider, number);
-  provider.RefreshValues(number);
+  provider.RefreshValues(numberId);
 }
 
 Order OrderOf(const std::vector<Variant>& before, const std::vector<Variant>& after) {
@@ -171,9 +175,9 @@ void Sort(const ProviderRef& provider) {
   AlignNumbers(provider);
   const FieldRef numbers = provider.Field("NetworkID");
   const std::vector<Variant> before = numbers.Values();
-  SortBy(provider, "NetworkID");
+  SortBy(provider, "NetworkID", "21.NetworkIDTracker");
   for (const Companion& companion : kCompanions) {
-    if (!companion.number.empty()) SortBy(provider, companion.number);
+    if (!companion.number.empty()) SortBy(provider, companion.number, companion.numberId);
   }
   const Order order = OrderOf(before, numbers.Values());
   if (std::ranges::is_sorted(order)) return;  // nothing moved

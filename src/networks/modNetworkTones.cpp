@@ -7,61 +7,59 @@ namespace modNetworks {
 namespace {
 constexpr double kTenthsPerHertz = 10;
 
-double Hertz(const ProviderRef& provider, std::string_view raw, RecordNr record) {
-  return CDbl(provider.Field(raw).Value(record)) / kTenthsPerHertz;
+struct Tone {
+  std::string_view raw;
+  bool isWhole;  ///< both sides hold whole numbers
+};
+constexpr Tone kCyclingBegin = {"53.TxBeginToneFreq", true};
+constexpr Tone kCyclingEnd = {"53.TxEndToneFreq", true};
+constexpr Tone kOverBeep = {"21.AutoOverBeepFrequency", false};
+constexpr Tone kCWID = {"78.CWIDToneFrequency", false};
+
+Variant ValueOf(const Tone& tone, double frequency) {
+  return tone.isWhole ? Variant(RoundToLong(frequency)) : Variant(frequency);
 }
 
-/// What the user typed, in tenths of a hertz.
-double Tenths(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
-  return modCommonGlobals::CDblLocal(CStr(provider.Field(fieldId).Value(record))) * kTenthsPerHertz;
+void ToForm(const Tone& tone, const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
+  const double tenths = CDbl(provider.Field(tone.raw).Value(record));
+  provider.Field(fieldId).SetValue(record, ValueOf(tone, tenths / kTenthsPerHertz));
+}
+
+void FromForm(const Tone& tone, const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
+  const double hertz = modCommonGlobals::CDblLocal(CStr(provider.Field(fieldId).Value(record)));
+  provider.Field(tone.raw).SetValue(record, ValueOf(tone, hertz * kTenthsPerHertz));
 }
 }  // namespace
 
 void GetTxCyclingBegin(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
-  Procedure("GetTxCyclingBegin", [&] {
-    provider.Field(fieldId).SetValue(record, RoundToLong(Hertz(provider, "53.TxBeginToneFreq", record)));
-  });
+  Procedure("GetTxCyclingBegin", [&] { ToForm(kCyclingBegin, provider, fieldId, record); });
 }
 
 void SetTxCyclingBegin(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
-  Procedure("SetTxCyclingBegin", [&] {
-    provider.Field("53.TxBeginToneFreq").SetValue(record, RoundToLong(Tenths(provider, fieldId, record)));
-  });
+  Procedure("SetTxCyclingBegin", [&] { FromForm(kCyclingBegin, provider, fieldId, record); });
 }
 
 void GetTxCyclingEnd(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
-  Procedure("GetTxCyclingEnd", [&] {
-    provider.Field(fieldId).SetValue(record, RoundToLong(Hertz(provider, "53.TxEndToneFreq", record)));
-  });
+  Procedure("GetTxCyclingEnd", [&] { ToForm(kCyclingEnd, provider, fieldId, record); });
 }
 
 void SetTxCyclingEnd(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
-  Procedure("SetTxCyclingEnd", [&] {
-    provider.Field("53.TxEndToneFreq").SetValue(record, RoundToLong(Tenths(provider, fieldId, record)));
-  });
+  Procedure("SetTxCyclingEnd", [&] { FromForm(kCyclingEnd, provider, fieldId, record); });
 }
 
 void GetAutoOverBeep(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
-  Procedure("GetAutoOverBeep", [&] {
-    provider.Field(fieldId).SetValue(record, Hertz(provider, "21.AutoOverBeepFrequency", record));
-  });
+  Procedure("GetAutoOverBeep", [&] { ToForm(kOverBeep, provider, fieldId, record); });
 }
 
 void SetAutoOverBeep(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
-  Procedure("SetAutoOverBeep", [&] {
-    provider.Field("21.AutoOverBeepFrequency").SetValue(record, Tenths(provider, fieldId, record));
-  });
+  Procedure("SetAutoOverBeep", [&] { FromForm(kOverBeep, provider, fieldId, record); });
 }
 
 void GetCWIDFrequency(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
-  Procedure("GetCWIDFrequency", [&] {
-    provider.Field(fieldId).SetValue(record, Hertz(provider, "78.CWIDToneFrequency", record));
-  });
+  Procedure("GetCWIDFrequency", [&] { ToForm(kCWID, provider, fieldId, record); });
 }
 
 void SetCWIDFrequency(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
-  Procedure("SetCWIDFrequency", [&] {
-    provider.Field("78.CWIDToneFrequency").SetValue(record, Tenths(provider, fieldId, record));
-  });
+  Procedure("SetCWIDFrequency", [&] { FromForm(kCWID, provider, fieldId, record); });
 }
 }  // namespace modNetworks

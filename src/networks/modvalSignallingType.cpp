@@ -232,7 +232,7 @@ class TypeChange {
 
   void Rewrite() {
     edit_.StoreNow();
-    const std::string_view text = modNetworks::SignallingTypeText(CLng(edit_.value));
+    const std::string_view text = needs_ == nullptr ? kNone : modNetworks::SignallingTypeText(needs_->type);
     edit_.writes.Set("21.NetworkSignallingID", "NetworkSignallingID", edit_.record,
                      needs_ == nullptr ? std::string(kNone) : FirstIdentity());
     edit_.writes.Set("53.SignallingTypeUI", "SignallingTypeUI", edit_.record, text);
