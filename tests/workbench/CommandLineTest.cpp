@@ -211,6 +211,33 @@ TEST_F(CommandLine, AFormIsLeftWithoutKeepingAnything) {
   EXPECT_EQ(ContentOf(file), marine);
 }
 
+TEST_F(CommandLine, AFormThatMayNotBeLeftIsANoWithItsReason) {
+  ASSERT_EQ(Run({"set", file, "EmChannelType", "2", "1"}).code, 0);
+  ASSERT_EQ(Run({"set", file, "EmCyclingType", "3", "0"}).code, 0);
+  const std::tuple<std::string, int, const char*> cases[] = {
+      {"1", 0, ""}, {"2", 0, ""}, {"3", 1, "A callout and/or cycling phase must be specified"}};
+  for (const auto& [record, code, text] : cases) {
+    const Outcome left = Run({"form", file, "emergency", "--record", record});
+    EXPECT_EQ(left.code, code) << record;
+    EXPECT_THAT(left.err, HasSubstr(text));
+  }
+}
+
+/// From burst to sequence to the rules that ask for it, each step in a file of its own.
+TEST_F(CommandLine, AnEmergencyNeedsTheSequencesOfItsSystem) {
+  const std::string full = folder.Write("full.json", ContentOf(std::string(SAMPLES_FOLDER) + "/full.json"));
+  EXPECT_EQ(Run({"set", full, "EmCyclingANI", "1", "1"}).code, 1);
+  EXPECT_EQ(Run({"set", full, "FreeFormBurstR1", "5", "12345"}).code, 0);
+  EXPECT_EQ(Run({"get", full, "FreeFormSequence5", "1"}).out, "12345\n");
+  EXPECT_EQ(Run({"set", full, "EmCyclingANI", "1", "1"}).code, 0);
+  EXPECT_EQ(Run({"set", full, "EmCalloutType", "1", "2"}).code, 0);
+  const Outcome lacking = Run({"check", full});
+  EXPECT_EQ(lacking.code, 1);
+  EXPECT_THAT(lacking.out, HasSubstr("You have activated emergency callout on network 1,"));
+  EXPECT_EQ(Run({"set", full, "FreeFormBurstR1", "7", "99"}).code, 0);
+  EXPECT_EQ(Run({"check", full}).code, 0);
+}
+
 TEST_F(CommandLine, AScriptStopsAtTheFirstLineThatFails) {
   const std::string script =
       folder.Write("script", "# two edits\nset \"" + file + "\" TxFreq_k6k 1 \"157.5\"  # fine\n\nset " +
