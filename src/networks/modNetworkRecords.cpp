@@ -72,14 +72,21 @@ void MovePointers(const ProviderRef& provider, NewIndex newIndex) {
   }
 }
 
-/// Numbers that disagree with the network's would be sorted apart from it.
-void AlignNumbers(const ProviderRef& provider) {
+/// A damaged personality may lack records of the last networks.
+void Complete(const TableRef& table, std::size_t needed) {
+  for (RecordNr count = table.RecordCount(); count < static_cast<RecordNr>(needed); ++count)
+    table.AppendRecord();
+}
+
+/// A record that lacks would shift those behind it in a sort, and a number that disagrees with the network's
+/// would be sorted apart from it.
+void Align(const ProviderRef& provider) {
   const FieldRef networks = provider.Field("NetworkID");
   for (const Companion& companion : kCompanions) {
+    Complete(provider.Table(companion.table), static_cast<std::size_t>(networks.RecordCount()));
     if (companion.number.empty()) continue;
     const FieldRef numbers = provider.Field(companion.number);
-    const RecordNr last = std::min(numbers.RecordCount(), networks.RecordCount());
-    for (RecordNr record = 1; record <= last; ++record) {
+    for (const RecordNr record : networks.Records()) {
       const Variant number = networks.Value(record);
       if (!SameValue(numbers.Value(record), number)) numbers.SetValue(record, number);
     }
@@ -106,9 +113,8 @@ Order OrderOf(const std::vector<Variant>& before, const std::vector<Variant>& af
 
 void Reorder(const ProviderRef& provider, const Blocks& blocks, const Order& order) {
   const TableRef table = provider.Table(blocks.table);
-  if (table.RecordCount() == 0) return;
-  const auto needed = static_cast<RecordNr>(order.size() * blocks.perNetwork);
-  while (table.RecordCount() < needed) table.AppendRecord();
+  if (table.RecordCount() == 0) return;  // the radio has none yet
+  Complete(table, order.size() * blocks.perNetwork);
   for (const FieldRef& field : table.Fields().NewEnum()) {
     const std::vector<Variant> values = field.Values();
     for (std::size_t to = 0; to < order.size() * blocks.perNetwork; ++to) {
@@ -172,7 +178,7 @@ void DeleteCompanions(const ProviderRef& provider, RecordNr network) {
 
 void Sort(const ProviderRef& provider) {
   const ScopedAutoUpdate silent(provider, false);
-  AlignNumbers(provider);
+  Align(provider);
   const FieldRef numbers = provider.Field("NetworkID");
   const std::vector<Variant> before = numbers.Values();
   SortBy(provider, "NetworkID", "21.NetworkIDTracker");

@@ -136,8 +136,10 @@ TEST_F(NetworkRules, ANewNumberMovesChannelsAndCompanionsOnConsent) {
 TEST_F(NetworkRules, LeavingAFormSortsTheNetworksWithAllThatBelongsToThem) {
   Number({"10", "9", 2});
   provider.Set("EmNetworkID", 3, 7);  // a number that disagrees does not part a network from its settings
+  provider.SetCount(78, 2);           // nor does a record that lacks
   provider.Fill("SIBTToneLeadInDelay_k6k", {100, 90, 20});
-  provider.Fill("CWIDString", {"ten", "nine", "two"});
+  provider.Set("CWIDString", 1, "ten");
+  provider.Set("CWIDString", 2, "nine");
   provider.Fill("36.DCSTxPolarity", {0, 0, 1});
   provider.Fill("EmCyclingNumber", {100, 90, 20});
   provider.SetCount(51, 18);
@@ -157,7 +159,7 @@ TEST_F(NetworkRules, LeavingAFormSortsTheNetworksWithAllThatBelongsToThem) {
   const std::pair<const char*, const char*> columns[] = {
       {"EmNetworkID", "2 9 10"},
       {"SIBTToneLeadInDelay_k6k", "20 90 100"},
-      {"CWIDString", "two nine ten"},
+      {"CWIDString", " nine ten"},
       {"36.DCSTxPolarity", "1 0 0"},
       {"EmCyclingNumber", "20 90 100"},
       {"CustomerDataNetworkID", "2 9 10"},
