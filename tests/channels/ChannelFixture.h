@@ -114,7 +114,8 @@ class ChannelFixture : public TierFixture {
     constexpr std::pair<std::string_view, const char*> kDeeds[] = {
         {"Imessenger.ShowMessage", " box"},          {"Ifield.SetValue ", " "},
         {"Imessenger.SetFieldEnabled ", " enable:"}, {"Imessenger.RefreshField ", " refresh:"},
-        {"Iprovider.RefreshField ", " reload:"},     {"Iprovider.ClearTable ", " clear:"}};
+        {"Iprovider.RefreshField ", " reload:"},     {"Iprovider.RefreshValues ", " values:"},
+        {"Iprovider.ClearTable ", " clear:"}};
     std::string trail;
     for (const std::string_view call : provider.Monitor().Calls()) {
       for (const auto& [start, word] : kDeeds) {

@@ -106,8 +106,8 @@ TEST_F(NetworkMapping, TheLongestCyclingTimeIsForAFixedNumberOfCycles) {
 TEST_F(NetworkMapping, TheEmergencyChannelIsAnIndexInTheRadioAndANumberOnTheForm) {
   GiveChannels({11, 12});
   provider.Set("53.ChannelType", 1, 1);
-  for (const auto& [index, shown] :
-       {std::pair{1, "12"}, std::pair{0, "11"}, std::pair{2, "11"}, std::pair{-1, "11"}}) {
+  for (const auto& [index, shown] : {std::pair{0, "11"}, std::pair{1, "12"}, std::pair{2, "11"},
+                                     std::pair{1, "12"}, std::pair{-1, "11"}}) {
     EXPECT_EQ(OnForm("53.ChannelRecordNr", index, "53.ChannelIDTracker"), shown) << index;
   }
   for (const auto& [number, index] :

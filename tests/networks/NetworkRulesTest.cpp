@@ -2,6 +2,7 @@
 
 namespace {
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
@@ -35,6 +36,7 @@ TEST_F(NetworkRules, SignallingWithPTTGoesWithTheType) {
       {2, "SignallingOnPTTPress_k6k", 1, kPressNeeds("DTMF")},
       {4, "SignallingOnPTTPress_k6k", 2, kPressNeeds("MDC1200")},
       {2, "SignallingOnPTTPress_k6k", 0, ""},
+      {4, "SignallingOnPTTPress_k6k", 0, ""},
       {0, "SignallingOnPTTPress_k6k", 1, ""},
       {0, "SignallingOnPTTRelease_k6k", 1, kReleaseNeeds},
       {3, "SignallingOnPTTRelease_k6k", 1, kReleaseNeeds},
@@ -90,6 +92,7 @@ TEST_F(NetworkRules, IntervalsFollowTheTimingOfTheCurrentSystem) {
   provider.Fill("EmCalloutRepeatInterval", {5000, 5000, 5000});
   provider.Fill("29.GapPeriod", {7, 7});
   provider.Fill("29.TonePeriod", {7, 7});
+  EXPECT_TRUE(Validate("TonePeriod", 7));
   EXPECT_TRUE(Validate("TonePeriod", 6));
   EXPECT_THAT(messenger.Texts(), IsEmpty());
   EXPECT_EQ(Column("EmCalloutRepeatInterval"), "370 5000 5000");
@@ -101,10 +104,13 @@ TEST_F(NetworkRules, IntervalsFollowTheTimingOfTheCurrentSystem) {
                   "whether Gaps are used in any sequences.")));
   EXPECT_EQ(Text("29.GapPeriod"), "5");  // written by the rule
   EXPECT_EQ(Column("EmCalloutRepeatInterval"), "250 5000 5000");
+  provider.Set("CurrentSelcallNumber", 1, 2);
+  EXPECT_TRUE(Validate("GapPeriod", 6, 2));
+  EXPECT_EQ(Column("EmCalloutRepeatInterval"), "250 310 5000");
   provider.Set("SignallingType", 1, 2);
   provider.Fill("DTMFStandardTonePeriod", {100, 100});
   EXPECT_TRUE(Validate("DTMFIntertoneGap", 90));
-  EXPECT_EQ(Column("EmCalloutRepeatInterval"), "370 5000 5000");
+  EXPECT_EQ(Column("EmCalloutRepeatInterval"), "370 310 5000");
 }
 
 TEST_F(NetworkRules, ANewNumberMovesChannelsAndCompanionsOnConsent) {
@@ -150,7 +156,8 @@ TEST_F(NetworkRules, LeavingAFormSortsTheNetworksWithAllThatBelongsToThem) {
   provider.Fill("21.EmergencyCallAlertPtr", {5, 11, 17});
   provider.Fill("21.EmergencyPointer", {0, 1, 2});
   provider.Fill("5.ChannelNetworkId", {2, 0});
-  provider.Set("CurrentNetworkNr", 1, 2);
+  provider.Set("CurrentNetworkNr", 1, 1);
+  StartTrail();
   for (const char* form : {"usrctlNetworkPTT", "usrctlNetworkFeatures"}) {
     EXPECT_TRUE(LeaveForm(form, true));
     const bool sorts = std::string_view(form) == "usrctlNetworkFeatures";
@@ -168,11 +175,12 @@ TEST_F(NetworkRules, LeavingAFormSortsTheNetworksWithAllThatBelongsToThem) {
       {"5.ChannelNetworkId", "0 2"},
       {"51.CallAlertID", "0 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17"},
       {"51.CallAlertInternalDuration", "13 14 15 16 17 18 7 8 9 10 11 12 1 2 3 4 5 6"},
-      {"CurrentNetworkNr", "2"}};
+      {"CurrentNetworkNr", "3"}};
   for (const auto& [field, values] : columns) EXPECT_EQ(Column(field), values) << field;
   constexpr const char* kLists =
       "NetworkID EmNetworkID SIBTNetworkID_k6k DTMFPatchNetworkID_k6k DTMFPatchTonesNetworkID_k6k";
   EXPECT_EQ(Refreshed(), std::string("CurrentNetworkNr ") + kLists);
+  EXPECT_THAT(Trail(), HasSubstr("values:21.NetworkIDTracker values:53.NetworkIDTracker"));
 }
 
 TEST_F(NetworkRules, AFormTellsWhatIsMissingAndSortsNothing) {
@@ -260,11 +268,15 @@ TEST_F(NetworkRules, ANetworkInUseStaysAndAnotherGoesWithItsRecords) {
   EXPECT_EQ(Column("5.ChannelNetworkId"), "0 1");
 }
 
-TEST_F(NetworkRules, TheOnlyNetworkLeavesTheFormsOnRecordOne) {
+TEST_F(NetworkRules, TheFormsShowTheRecordBeforeTheLastAndNeverRecordZero) {
   Number({1});
   provider.Fill("5.ChannelNetworkIdUI", {2, 2});
   EXPECT_TRUE(Delete(1, "Network"));
   EXPECT_EQ(Text("CurrentNetworkNr"), "1");
+  Number({1, 5, 6});
+  provider.Set("CurrentNetworkNr", 1, 2);
+  EXPECT_TRUE(Delete(3, "Network"));
+  EXPECT_EQ(Text("CurrentNetworkNr"), "2");  // not the last one: it shows the same record
 }
 
 TEST_F(NetworkRules, GridsWithoutProcessingAreTold) {

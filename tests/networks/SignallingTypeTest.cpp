@@ -126,6 +126,12 @@ TEST_F(SignallingRules, LeavingDTMFClearsItsPresetsAlone) {
   EXPECT_THAT(messenger.Texts(), ElementsAre(StartsWith("Changing the Signalling Type from DTMF")));
   EXPECT_EQ(Column("DTMFPresetCallSequence"), "1 None None");
   EXPECT_EQ(Column("5.TXCallBurstSeq"), "123 456 None");
+  // A new system clears both kinds.
+  provider.Set("5.TXCallBurstSeq", 2, "None");
+  provider.Set("DTMFPresetCallSequence", 3, "5");
+  messenger.Play({kYes});
+  EXPECT_TRUE(Validate("NetworkSignallingID", "9", 2));
+  EXPECT_EQ(Column("DTMFPresetCallSequence"), "1 None None");
 }
 
 TEST_F(SignallingRules, TheSameTypeOrSystemAgainChangesNothing) {
@@ -169,7 +175,9 @@ TEST_F(SignallingRules, AnMDC1200SystemIsJudgedByItsEmergencySequence) {
   provider.Set("5.TXCallBurstSeq", 2, "None");
   GiveEmergency(0, 1);
   provider.Set("MDC1200EmergencySequence", 2, "0001");
+  provider.Set("EmCalloutRepeatInterval", 2, 3000);
   EXPECT_TRUE(Validate("NetworkSignallingID", "9", 2));
+  EXPECT_EQ(Text("EmCalloutRepeatInterval", 2), "3000");  // no callout, no interval
   provider.Set("NetworkSignallingID", 2, "4");
   provider.Set("MDC1200EmergencySequence", 2, "");
   provider.Set("MDC1200ANISequence", 2, "0001");

@@ -75,7 +75,11 @@ TEST_F(FinalRules, ASequenceThatANetworkUsesIsNotBlank) {
     EXPECT_TRUE(boxes[0].ends_with("|2|9")) << boxes[0];
     provider.Set(sequence, 2, "123");
     EXPECT_TRUE(FinalValidation());
-    provider.Set(sequence, 2, "");
+    provider.Set(sequence, 2, " None ");
+    provider.Set("NetworkSignallingID", 2, "7");  // there is no such system to judge
+    EXPECT_TRUE(FinalValidation());
+    provider.Set("NetworkSignallingID", 2, "9");
+    EXPECT_FALSE(FinalValidation());
     for (const auto& [field, value] : settings) provider.Set(field, 2, 0);
   }
   provider.Set("SignallingOnPTTPress_k6k", 2, 2);  // a tone, no ANI
