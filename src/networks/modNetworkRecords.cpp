@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/Conversions.h"
+#include "radioui/modGPS.h"
 #include "tier/Messages.h"
 #include "tier/Procedure.h"
 #include "tier/modProjectGlobals.h"
@@ -174,6 +175,11 @@ void DeleteCompanions(const ProviderRef& provider, RecordNr network) {
     }
   }
   MovePointers(provider, [&](std::int32_t index) { return index >= network ? index - 1 : index; });
+  Order left;
+  for (const RecordNr record : provider.Table("21").Records()) {
+    if (record != network) left.push_back(static_cast<std::size_t>(record - 1));
+  }
+  modGPS::MoveRows(provider, left);
 }
 
 void Sort(const ProviderRef& provider) {
@@ -197,6 +203,7 @@ void Sort(const ProviderRef& provider) {
     return static_cast<std::int32_t>(std::ranges::find(order, static_cast<std::size_t>(index)) -
                                      order.begin());
   });
+  modGPS::MoveRows(provider, order);
 }
 
 void ReloadLists(const ValidatorRef& validator) {

@@ -88,4 +88,20 @@ void SetGPSPosOnPTT(const ProviderRef& provider, std::string_view, RecordNr) {
     }
   });
 }
+
+void MoveRows(const ProviderRef& provider, std::span<const std::size_t> order) {
+  for (const auto& field : kPositionFields) {
+    const FieldRef raw = provider.Field(field.raw);
+    const Variant before = raw.Value(1);
+    if (ArrayRows::Find(before, 1) == nullptr) continue;  // no network has a row
+    const auto rows = std::make_shared<LibraryArray>();
+    rows->Redim(0, static_cast<std::int32_t>(order.size()), ArrayRows::kColumn, ArrayRows::kColumn);
+    std::int32_t row = 0;
+    for (const std::size_t index : order) {
+      const Variant* value = ArrayRows::Find(before, static_cast<std::int32_t>(index) + 1);
+      rows->SetValue(++row, ArrayRows::kColumn, value == nullptr ? Variant(0) : *value);
+    }
+    raw.SetValue(1, ArrayObject(rows));
+  }
+}
 }  // namespace modGPS

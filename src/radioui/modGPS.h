@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <span>
 #include <string_view>
 
 #include "tier/Handles.h"
@@ -17,4 +19,7 @@ void SetResponseChannels(const ProviderRef& provider, std::string_view fieldId, 
 /// way to the form a network without a row keeps what its fields hold.
 void GetGPSPosOnPTT(const ProviderRef& provider, std::string_view fieldId, RecordNr record);
 void SetGPSPosOnPTT(const ProviderRef& provider, std::string_view fieldId, RecordNr record);
+/// The networks have moved or gone: the n-th row of the arrays becomes that of the network which was at the
+/// index `order[n - 1]`, from 0. A row that an array does not have is 0.
+void MoveRows(const ProviderRef& provider, std::span<const std::size_t> order);
 }  // namespace modGPS

@@ -1,3 +1,4 @@
+#include "platform/XArrayDBObject.h"
 #include "tests/channels/ChannelFixture.h"
 
 namespace {
@@ -157,6 +158,8 @@ TEST_F(NetworkRules, LeavingAFormSortsTheNetworksWithAllThatBelongsToThem) {
   provider.Fill("21.EmergencyPointer", {0, 1, 2});
   provider.Fill("5.ChannelNetworkId", {2, 0});
   provider.Set("CurrentNetworkNr", 1, 1);
+  provider.Fill("21.cboGPSNetworkSendPosOnPTT", {2, 1, 0});
+  ASSERT_TRUE(FromUI("21.cboGPSNetworkSendPosOnPTT"));
   StartTrail();
   for (const char* form : {"usrctlNetworkPTT", "usrctlNetworkFeatures"}) {
     EXPECT_TRUE(LeaveForm(form, true));
@@ -177,6 +180,8 @@ TEST_F(NetworkRules, LeavingAFormSortsTheNetworksWithAllThatBelongsToThem) {
       {"51.CallAlertInternalDuration", "13 14 15 16 17 18 7 8 9 10 11 12 1 2 3 4 5 6"},
       {"CurrentNetworkNr", "3"}};
   for (const auto& [field, values] : columns) EXPECT_EQ(Column(field), values) << field;
+  ASSERT_TRUE(ToUI("21.cboGPSNetworkSendPosOnPTT"));  // from the arrays, which have moved too
+  EXPECT_EQ(Column("21.cboGPSNetworkSendPosOnPTT"), "0 1 2");
   constexpr const char* kLists =
       "NetworkID EmNetworkID SIBTNetworkID_k6k DTMFPatchNetworkID_k6k DTMFPatchTonesNetworkID_k6k";
   EXPECT_EQ(Refreshed(), std::string("CurrentNetworkNr ") + kLists);
@@ -258,8 +263,11 @@ TEST_F(NetworkRules, ANetworkInUseStaysAndAnotherGoesWithItsRecords) {
   EXPECT_EQ(provider.Count(53), 3);
   EXPECT_EQ(Text("CurrentNetworkNr"), "3");
 
+  provider.Fill("21.PttGPSSuppressionTime", {10, 20, 30});
+  ASSERT_TRUE(FromUI("21.PttGPSSuppressionTime"));
   EXPECT_TRUE(Delete(2, "Network"));
   EXPECT_EQ(Text("CurrentNetworkNr"), "2");
+  EXPECT_EQ(CLng(CArray(provider.Get("69.PttGPSSuppressionTime")).GetValue(2, 0)), 30);
   EXPECT_EQ(provider.Count(21), 3);  // the host's to delete
   for (const std::int32_t table : {53, 36, 75, 78, 77, 67, 72}) EXPECT_EQ(provider.Count(table), 2) << table;
   EXPECT_EQ(Column("EmCyclingNumber"), "10 30");
