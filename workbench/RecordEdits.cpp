@@ -149,13 +149,13 @@ bool RecordEdits::AddCompleted(RecordResult& result) const {
   const TierHost& host = session_.Host();
   const std::shared_ptr<Provider>& provider = session_.SharedContent();
   Boolean accepted = kFalse;
-  Require(host.Validator().AddRecord(grid_.name, provider, accepted));
+  host.Require(host.Validator().AddRecord(grid_.name, provider, accepted));
   if (accepted == kFalse) return Refuse(result, RecordStep::Permission, "the tier refuses to add it");
 
-  Require(provider->SetAutoUpdate(kTrue));
-  Require(OpenTable()->NewRecord(result.record));
+  host.Require(provider->SetAutoUpdate(kTrue));
+  host.Require(OpenTable()->NewRecord(result.record));
   accepted = kFalse;
-  Require(host.Owner().PostAddProcessing(provider, grid_.name, accepted));
+  host.Require(host.Owner().PostAddProcessing(provider, grid_.name, accepted));
   result.identity = IdentityOf(result.record);
   return accepted != kFalse ||
          Refuse(result, RecordStep::PostProcessing, "after it was added, the tier refuses it");
@@ -164,15 +164,15 @@ bool RecordEdits::AddCompleted(RecordResult& result) const {
 bool RecordEdits::DeleteCompleted(RecordResult& result) const {
   const TierHost& host = session_.Host();
   const std::shared_ptr<Provider>& provider = session_.SharedContent();
-  Require(provider->SetAutoUpdate(kTrue));
+  host.Require(provider->SetAutoUpdate(kTrue));
   Boolean accepted = kFalse;
-  Require(host.Validator().DeleteRecord(grid_.name, result.record, provider, accepted));
+  host.Require(host.Validator().DeleteRecord(grid_.name, result.record, provider, accepted));
   if (accepted == kFalse) return Refuse(result, RecordStep::Permission, "the tier refuses to delete it");
 
   RecordNr left = 0;
-  Require(OpenTable()->DeleteRecord(result.record, left));
+  host.Require(OpenTable()->DeleteRecord(result.record, left));
   accepted = kFalse;
-  Require(host.Owner().PostDeleteProcessing(provider, grid_.name, result.record, accepted));
+  host.Require(host.Owner().PostDeleteProcessing(provider, grid_.name, result.record, accepted));
   return accepted != kFalse ||
          Refuse(result, RecordStep::PostProcessing, "after it was deleted, the tier refuses that");
 }
@@ -195,19 +195,11 @@ ComparedPersonality RecordEdits::Snapshot() const {
   return {session_.ConvertedToRaw(), session_.Content().Copy()};
 }
 
-void RecordEdits::Require(const Status& status) const {
-  if (!status.Ok() && status.Reason().number == ErrorNumber::kNotSupported) {
-    throw UsageError("the tier does not support it yet for the grid " + std::string(grid_.name) + ": " +
-                     status.Reason().description);
-  }
-  session_.Host().Require(status);
-}
-
 std::shared_ptr<Itable> RecordEdits::OpenTable() const {
   std::shared_ptr<Itables> tables;
-  Require(session_.Content().Tables(tables));
+  session_.Host().Require(session_.Content().Tables(tables));
   std::shared_ptr<Itable> table;
-  Require(tables->Table(std::to_string(table_.number), table));
+  session_.Host().Require(tables->Table(std::to_string(table_.number), table));
   return table;
 }
 

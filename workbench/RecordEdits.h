@@ -6,7 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Status.h"
 #include "platform/Types.h"
 #include "platform/Variant.h"
 #include "workbench/Journal.h"
@@ -56,7 +55,8 @@ struct RecordResult {
 /// Adds and deletes records of one grid the way a host's grid does: it asks the tier for permission, on which
 /// companions come and go, changes the table, and lets the tier complete what follows. The session is on its
 /// forms. What was written before a refusal stays in the content, so a refused session is not to be saved.
-/// A fault of the tier leaves by a TierFault, an operation that the tier does not have yet by a UsageError.
+/// A fault of the tier leaves by a TierFault, an operation that the tier does not have
+/// yet by an UnsupportedByTier.
 class RecordEdits {
  public:
   RecordEdits(Session& session, const Grid& grid);
@@ -77,8 +77,6 @@ class RecordEdits {
   bool KeepsPointers(const ComparedPersonality& before, RecordResult& result) const;
   ComparedPersonality Snapshot() const;
 
-  /// Raises a UsageError for what the tier answers with "not supported", a TierFault for any other failure.
-  void Require(const Status& status) const;
   std::shared_ptr<Itable> OpenTable() const;
   Variant IdentityOf(RecordNr record) const;
 

@@ -47,5 +47,8 @@ bool TierHost::HasEnded() const { return services_->Terminations() > 0; }
 void TierHost::Fail(const Status& status) const {
   if (status.Ok()) throw TierFault("the tier met an unexpected error and ended the application");
   const Fault& fault = status.Reason();
+  if (fault.number == ErrorNumber::kNotSupported) {
+    throw UnsupportedByTier("the tier does not support it yet: " + fault.description);
+  }
   throw TierFault("error " + std::to_string(fault.number) + " of " + fault.source + ": " + fault.description);
 }

@@ -23,6 +23,11 @@ class TierFault : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// The tier does not support what it was asked for: nothing failed, and nothing was changed.
+class UnsupportedByTier : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
 /// Where the parts of a host lie.
 struct HostParts {
   std::shared_ptr<const SchemaFiles> schemas;
@@ -47,7 +52,8 @@ class TierHost {
   ItierValidator& Validator() const { return *validator_; }
   ItierUserInterface& UserInterface() const { return *userInterface_; }
 
-  /// Raises a TierFault for a failed status, and for a tier that has asked to end the application.
+  /// Raises a TierFault for a failed status, and for a tier that has asked to end the application; an
+  /// UnsupportedByTier for an operation that the tier does not have.
   void Require(const Status& status) const {
     if (!status.Ok() || HasEnded()) [[unlikely]] {
       Fail(status);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <string>
-#include <vector>
 
 #include "platform/Conversions.h"
 #include "tier/Procedure.h"
@@ -23,15 +22,10 @@ bool IsKnown(std::string_view fieldId) {
   return false;
 }
 
-/// A text that is no number names no channel.
-std::int32_t IndexOf(const ProviderRef& provider, const Variant& number) {
-  if (!IsNumeric(number)) return 0;
-  const std::vector<Variant> numbers = provider.Field("5.ChannelIDTracker").Values();
-  const auto isWanted = [wanted = Variant(CLng(number))](const Variant& value) {
-    return SameValue(value, wanted);
-  };
-  const auto found = std::find_if(numbers.begin(), numbers.end(), isWanted);
-  return found == numbers.end() ? 0 : static_cast<std::int32_t>(found - numbers.begin());
+/// "None" counts as channel 0; a word is no number.
+Variant NumberOf(const Variant& shown) {
+  if (CStr(shown) == kNone) return 0;
+  return IsNumeric(shown) ? Variant(CLng(shown)) : shown;
 }
 }  // namespace
 
@@ -52,9 +46,9 @@ void GetChannelIndex(const ProviderRef& provider, std::string_view fieldId, Reco
 void SetChannelIndex(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
   Procedure("SetChannelIndex", [&] {
     if (!IsKnown(fieldId)) return;
-    const Variant number = provider.Field(fieldId).Value(record);
-    const bool isNone = CStr(number) == kNone;  // counts as channel 0
-    provider.Field(kEmergencyIndex).SetValue(record, IndexOf(provider, isNone ? Variant(0) : number));
+    const Variant number = NumberOf(provider.Field(fieldId).Value(record));
+    const RecordNr channel = modProjectGlobals::ChannelRecordNr(provider, number);
+    provider.Field(kEmergencyIndex).SetValue(record, std::max(channel - 1, 0));
   });
 }
 }  // namespace modChannelIndex

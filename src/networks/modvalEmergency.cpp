@@ -16,15 +16,6 @@ namespace modvalEmergency {
 namespace {
 constexpr std::int32_t kShortestIntervalMs = 200;
 
-/// The channel with that number, as text; 0 for none.
-RecordNr FindChannel(const ProviderRef& provider, const std::string& number) {
-  const FieldRef channelNumber = provider.Field("5.ChannelIDTracker");
-  for (const RecordNr channel : channelNumber.Records()) {
-    if (CStr(channelNumber.Value(channel)) == number) return channel;
-  }
-  return 0;
-}
-
 /// Another network whose dedicated emergency channel belongs to the network with number `id`; 0 for none.
 RecordNr FindDedicatedUser(const ProviderRef& provider, RecordNr network, const Variant& id) {
   const FieldRef enabled = provider.Field("EmergencyEnabled");
@@ -34,7 +25,7 @@ RecordNr FindDedicatedUser(const ProviderRef& provider, RecordNr network, const 
   for (const RecordNr other : enabled.Records()) {
     if (other == network || !IsTicked(enabled.Value(other))) continue;
     if (!SameValue(type.Value(other), ChannelType::kDedicated)) continue;
-    const RecordNr channel = FindChannel(provider, CStr(emergencyChannel.Value(other)));
+    const RecordNr channel = modProjectGlobals::ChannelRecordNr(provider, emergencyChannel.Value(other));
     if (channel != 0 && SameValue(networkOfChannel.Value(channel), id)) return other;
   }
   return 0;
@@ -153,10 +144,9 @@ bool ValidateEMSignallingType(FieldEdit& edit) {
 
 bool ValidateEmChannel(FieldEdit& edit) {
   return Procedure("ValidateEmChannel", true, [&] {
-    const std::string number = CStr(edit.value);
-    if (number == kNone) return true;
+    if (CStr(edit.value) == kNone) return true;
     const ProviderRef provider = edit.validator.CurrentProvider();
-    const RecordNr channel = FindChannel(provider, number);
+    const RecordNr channel = modProjectGlobals::ChannelRecordNr(provider, edit.value);
     if (channel == 0) return true;
     if (HoldsCode(provider, "TxPower_k6k", TxPower::kOff, channel) &&
         AskYesNo(

@@ -13,25 +13,15 @@
 
 namespace modvalNetworkChecks {
 namespace {
-/// One network record, as the rules ask of it.
-struct Network {
-  const ProviderRef& provider;
-  RecordNr record;
-  bool Holds(std::string_view field, std::int32_t code) const {
-    return HoldsCode(provider, field, code, record);
-  }
-  std::string Text(std::string_view field) const { return CStr(StoredValue(provider, field, record)); }
-};
-
-bool CallsOut(const Network& network) {
+bool CallsOut(const StoredRecord& network) {
   return network.Holds("EmergencyEnabled", kOn) && !network.Holds("EmCalloutType", EmCallout::kDisabled);
 }
 
-bool AcknowledgesBySequence(const Network& network) {
+bool AcknowledgesBySequence(const StoredRecord& network) {
   return network.Holds("AutoAckType", AutoAck::kSequence);
 }
 
-bool SendsANI(const Network& network) {
+bool SendsANI(const StoredRecord& network) {
   return network.Holds("SignallingOnPTTPress_k6k", SignallingOnPTT::kANI) ||
          network.Holds("SignallingOnPTTRelease_k6k", SignallingOnPTT::kANI);
 }
@@ -40,7 +30,7 @@ bool SendsANI(const Network& network) {
 /// network's number, %1 the system's identity.
 struct NeededSequence {
   std::int32_t type;
-  bool (*isNeeded)(const Network& network);
+  bool (*isNeeded)(const StoredRecord& network);
   std::string_view field;
   std::string_view blank;
 };
@@ -89,7 +79,7 @@ bool IsBlank(std::string_view sequence, std::int32_t type) {
 }
 
 /// A network on a system that is not there has nothing to judge.
-bool Lacks(const Network& network, const NeededSequence& needed) {
+bool Lacks(const StoredRecord& network, const NeededSequence& needed) {
   if (!network.Holds("SignallingType", needed.type) || !needed.isNeeded(network)) return false;
   const RecordNr system = modProjectGlobals::SigSysRecordNr(network.provider, needed.type,
                                                             network.Text("NetworkSignallingID"), true);
@@ -102,7 +92,7 @@ bool CheckSequences(const ValidatorRef& validator, std::span<const NeededSequenc
   const RecordRange networks = provider.Field("NetworkID").Records();
   for (const NeededSequence& needed : rules) {
     for (const RecordNr record : networks) {
-      const Network network{provider, record};
+      const StoredRecord network{provider, record};
       if (!Lacks(network, needed)) continue;
       return Refuse(validator, needed.blank,
                     {network.Text("NetworkID"), network.Text("NetworkSignallingID")});
@@ -111,7 +101,7 @@ bool CheckSequences(const ValidatorRef& validator, std::span<const NeededSequenc
   return true;
 }
 
-bool AlertsAcknowledge(const Network& network) {
+bool AlertsAcknowledge(const StoredRecord& network) {
   constexpr std::string_view kAlerts[] = {"PriorityAutoAck_k6k", "SelcallIndAutoAckOne",
                                           "SelcallIndAutoAckTwo"};
   return std::ranges::any_of(kAlerts, [&](std::string_view alert) { return network.Holds(alert, kOn); });
@@ -122,7 +112,7 @@ bool AlertsAcknowledge(const Network& network) {
 bool AskAboutAck(const ValidatorRef& validator, bool acknowledges, std::string_view question) {
   const ProviderRef provider = validator.CurrentProvider();
   for (const RecordNr record : provider.Field("NetworkID").Records()) {
-    const Network network{provider, record};
+    const StoredRecord network{provider, record};
     const bool does = AcknowledgesBySequence(network) || network.Holds("AutoAckType", AutoAck::kBeep);
     if (does != acknowledges || AlertsAcknowledge(network) == acknowledges) continue;
     return AskYesNo(validator, question, {network.Text("NetworkID")}) == Button::Yes;
@@ -177,7 +167,7 @@ bool CheckFFSKBaudRate(const ValidatorRef& validator) {
   const ProviderRef provider = validator.CurrentProvider();
   if (!HoldsCode(provider, "FFSKBaudRate", kFastBitsPerSecond)) return true;
   for (const RecordNr record : provider.Field("NetworkID").Records()) {
-    const Network network{provider, record};
+    const StoredRecord network{provider, record};
     if (!network.Holds("SignallingType", SignallingType::kSelcall) ||
         !network.Holds("SIBTEnabled_k6k", kOn)) {
       continue;

@@ -60,39 +60,27 @@ bool HasChannels(const ProviderRef& provider, const Variant& number) {
                      [&](const Variant& network) { return SameValue(network, number); });
 }
 
-/// What the forms show of the current network.
-class ShownNetwork {
- public:
-  explicit ShownNetwork(const ValidatorRef& validator)
-      : provider_(validator.CurrentProvider()), network_(CurrentNetwork(provider_)) {}
-
-  bool Holds(std::string_view field, std::int32_t code) const {
-    return HoldsCode(provider_, field, code, network_);
-  }
-  std::string Text(std::string_view field) const { return CStr(StoredValue(provider_, field, network_)); }
-  double Number(std::string_view field) const { return CDbl(StoredValue(provider_, field, network_)); }
-
- private:
-  ProviderRef provider_;
-  RecordNr network_;
-};
+StoredRecord ShownNetwork(const ValidatorRef& validator) {
+  const ProviderRef provider = validator.CurrentProvider();
+  return {provider, CurrentNetwork(provider)};
+}
 
 /// What keeps a form from being left; none when nothing does.
 using Objection = std::optional<std::string_view>;
 
-Objection BasicSettingsObjection(const ShownNetwork& network) {
+Objection BasicSettingsObjection(const StoredRecord& network) {
   if (!network.Holds("SignallingType", SignallingType::kNone) &&
       network.Text("NetworkSignallingID") == kNone) {
     return "You must select a Signalling ID when a Signalling Type other than None has been selected.";
   }
-  if (network.Holds("SIBTEnabled_k6k", kOn) &&
-      network.Number("SIBTToneEncodeDuration_k6k") < network.Number("SIBTMinimumDecodeDuration_k6k")) {
+  if (network.Holds("SIBTEnabled_k6k", kOn) && CDbl(network.Value("SIBTToneEncodeDuration_k6k")) <
+                                                   CDbl(network.Value("SIBTMinimumDecodeDuration_k6k"))) {
     return "SIBT Encode Duration must be equal or greater than SIBT Minimum Decode Duration.";
   }
   return {};
 }
 
-Objection EmergencyObjection(const ShownNetwork& network) {
+Objection EmergencyObjection(const StoredRecord& network) {
   if (network.Holds("EmergencyEnabled", kOn) && network.Holds("EmCyclingType", EmCycling::kNone) &&
       network.Holds("EmCalloutType", EmCallout::kDisabled)) {
     return "A callout and/or cycling phase must be specified when the Emergency Enabled check box is "
@@ -104,7 +92,7 @@ Objection EmergencyObjection(const ShownNetwork& network) {
   return {};
 }
 
-Objection PTTSignallingObjection(const ShownNetwork& network) {
+Objection PTTSignallingObjection(const StoredRecord& network) {
   const auto signals = [&](std::string_view field) { return !network.Holds(field, SignallingOnPTT::kNone); };
   const auto isIncluded = [&](std::string_view field) { return network.Holds(field, kOn); };
   constexpr std::string_view kSignalling[] = {"SignallingOnPTTPress_k6k", "SignallingOnPTTRelease_k6k"};

@@ -1,5 +1,6 @@
 #include "radioui/modGPS.h"
 
+#include <algorithm>
 #include <memory>
 
 #include "platform/Conversions.h"
@@ -33,15 +34,6 @@ Variant PointedChannel(const ProviderRef& provider) {
   return numbers.Value(index + 1);
 }
 
-/// The index of the channel with that number, 0 for none.
-std::int32_t ChannelIndex(const ProviderRef& provider, const Variant& number) {
-  const FieldRef numbers = provider.Field("5.ChannelIDTracker");
-  for (const RecordNr channel : numbers.Records()) {
-    if (SameValue(numbers.Value(channel), number)) return channel - 1;
-  }
-  return 0;
-}
-
 /// A row for each network; row 0 is unused.
 ArrayObject RowsOfNetworks(const FieldRef& form) {
   const auto rows = std::make_shared<LibraryArray>();
@@ -62,9 +54,11 @@ void GetResponseChannels(const ProviderRef& provider, std::string_view fieldId, 
 
 void SetResponseChannels(const ProviderRef& provider, std::string_view fieldId, RecordNr) {
   Procedure("SetResponseChannels", [&] {
-    const bool current = CurrentChannelAnswers(provider);
-    const std::int32_t index = current ? 0 : ChannelIndex(provider, provider.Field(fieldId).Value(1));
-    provider.Field("69.GPSPollResponseChannel").SetValue(1, index);
+    RecordNr channel = 0;
+    if (!CurrentChannelAnswers(provider)) {
+      channel = modProjectGlobals::ChannelRecordNr(provider, provider.Field(fieldId).Value(1));
+    }
+    provider.Field("69.GPSPollResponseChannel").SetValue(1, std::max(channel - 1, 0));
   });
 }
 

@@ -13,6 +13,8 @@ bool HoldsCode(const ProviderRef& provider, std::string_view field, std::int32_t
   return !stored.IsEmpty() && IsCode(stored, code);
 }
 
+std::string StoredRecord::Text(std::string_view field) const { return CStr(Value(field)); }
+
 RecordNr CurrentNetwork(const ProviderRef& provider) {
   return CLng(StoredValue(provider, "CurrentNetworkNr"));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "tier/Handles.h"
@@ -12,5 +13,17 @@
 Variant StoredValue(const ProviderRef& provider, std::string_view field, RecordNr record = 1);
 /// Whether the field holds the code. What does not exist holds none, not even 0.
 bool HoldsCode(const ProviderRef& provider, std::string_view field, std::int32_t code, RecordNr record = 1);
+/// One record, for rules that ask it for several fields.
+struct StoredRecord {
+  ProviderRef provider;
+  RecordNr record;
+  Variant Value(std::string_view field) const { return StoredValue(provider, field, record); }
+  bool Holds(std::string_view field, std::int32_t code) const {
+    return HoldsCode(provider, field, code, record);
+  }
+  /// Empty where there is nothing.
+  std::string Text(std::string_view field) const;
+};
+
 /// The network that the forms show, 0 for none.
 RecordNr CurrentNetwork(const ProviderRef& provider);

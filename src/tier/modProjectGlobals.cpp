@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <vector>
 
 #include "platform/Conversions.h"
 #include "platform/DecimalText.h"
@@ -110,6 +111,13 @@ RecordNr GetChannelNetworkRecordNr(const ProviderRef& provider, RecordNr channel
     }
     return numbers.RecordCount();
   });
+}
+
+RecordNr ChannelRecordNr(const ProviderRef& provider, const Variant& number) {
+  const std::vector<Variant> numbers = provider.Field("5.ChannelIDTracker").Values();
+  const auto found = std::find_if(numbers.begin(), numbers.end(),
+                                  [&](const Variant& one) { return SameValue(one, number); });
+  return found == numbers.end() ? 0 : static_cast<RecordNr>(found - numbers.begin()) + 1;
 }
 
 std::string LeftPadString(std::string_view text, char pad, std::size_t width) {

@@ -35,6 +35,9 @@ RecordNr SigSysRecordNr(const ProviderRef& provider, std::int32_t signallingType
 /// none. Raises 5 without provider and for a channel record outside the table.
 RecordNr GetChannelNetworkRecordNr(const ProviderRef& provider, RecordNr channel);
 
+/// The channel with that number; 0 for none. A word names none.
+RecordNr ChannelRecordNr(const ProviderRef& provider, const Variant& number);
+
 /// `text` behind as many pad characters as it lacks of `width`.
 std::string LeftPadString(std::string_view text, char pad, std::size_t width);
 
