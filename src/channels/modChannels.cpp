@@ -1,6 +1,8 @@
 #include "channels/modChannels.h"
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "channels/modBandLimits.h"
 #include "platform/CaseText.h"
@@ -198,10 +200,11 @@ void SetChannelNetworkID(const ProviderRef& provider, std::string_view fieldId, 
     const std::string_view indexField = NetworkIndexField(fieldId);
     if (indexField.empty()) return;
     const Variant number = provider.Field(fieldId).Value(record);
-    const FieldRef numbers = provider.Field("21.NetworkIDTracker");
-    for (const RecordNr network : numbers.Records()) {  // the last network of that number wins
-      if (SameValue(numbers.Value(network), number)) provider.Field(indexField).SetValue(record, network - 1);
-    }
+    const std::vector<Variant> numbers = provider.Field("21.NetworkIDTracker").Values();
+    const auto last = std::find_if(numbers.rbegin(), numbers.rend(),  // the last network of that number wins
+                                   [&](const Variant& one) { return SameValue(one, number); });
+    if (last == numbers.rend()) return;
+    provider.Field(indexField).SetValue(record, static_cast<std::int32_t>(numbers.rend() - last) - 1);
   });
 }
 

@@ -110,34 +110,37 @@ void ProvidePatchRecord(const ProviderRef& provider, RecordNr record) {
 }
 
 /// Tables of a damaged file end at different networks: a record that is missing is left out.
-void CopyNetworkNumber(const ProviderRef& provider, RecordNr network, std::string_view field,
-                       RecordNr record) {
+void CopyNetworkNumber(const ProviderRef& provider, RecordNr network, std::string_view field, RecordNr first,
+                       RecordNr last) {
   const FieldRef number = provider.Field("21.NetworkIDTracker");
+  if (!number.HasRecord(network)) return;
+  const std::int32_t value = CLng(number.Value(network));
   const FieldRef copy = provider.Field(field);
-  if (number.HasRecord(network) && copy.HasRecord(record)) {
-    copy.SetValue(record, CLng(number.Value(network)));
-  }
+  const RecordNr end = std::min(last, copy.RecordCount());
+  for (RecordNr record = first; record <= end; ++record) copy.SetValue(record, value);
+}
+
+void CopyNumberToPatches(const ProviderRef& provider, RecordNr network) {
+  CopyNetworkNumber(provider, network, "68.DTMFPatchSeqNetworkID", PatchRecord(network, 1),
+                    PatchRecord(network, kPatchesPerNetwork));
 }
 
 void PatchFromForm(const ProviderRef& provider, RecordNr network, std::int32_t patch) {
   const RecordNr record = PatchRecord(network, patch);
-  ProvidePatchRecord(provider, record);
   for (const auto& field : kPatchFields) {
     const Variant keys = PatchField(provider, field.form, patch).Value(network);
     provider.Field(field.raw).SetValue(record, FromForm(keys));
   }
   provider.Field("68.DTMFPatchSeqSequenceType").SetValue(record, patch - 1);
-  CopyNetworkNumber(provider, network, "68.DTMFPatchSeqNetworkID", record);
 }
 
-void PatchToForm(const ProviderRef& provider, RecordNr network, std::int32_t patch) {
+void PatchToForm(const ProviderRef& provider, RecordNr network, std::int32_t patch, RecordNr stored) {
   const RecordNr record = PatchRecord(network, patch);
-  const bool isStored = provider.Table("68").HasRecord(record);
   for (const auto& field : kPatchFields) {
+    const bool isStored = record <= stored;
     const std::string keys = isStored ? ToForm(provider.Field(field.raw).Value(record)) : std::string();
     PatchField(provider, field.form, patch).SetValue(network, keys);
   }
-  CopyNetworkNumber(provider, network, "68.DTMFPatchSeqNetworkID", record);
 }
 }  // namespace
 
@@ -177,17 +180,23 @@ void SetNewDTMFNetworkSequence(const ProviderRef& provider, std::string_view fie
 
 void GetPatchSequences(const ProviderRef& provider, std::string_view, RecordNr record) {
   Procedure("GetPatchSequences", [&] {
-    for (std::int32_t patch = 1; patch <= kPatchesPerNetwork; ++patch) PatchToForm(provider, record, patch);
-    CopyNetworkNumber(provider, record, "72.DTMFPatchTonesNetworkID", record);
+    const RecordNr stored = provider.Table("68").RecordCount();
+    for (std::int32_t patch = 1; patch <= kPatchesPerNetwork; ++patch) {
+      PatchToForm(provider, record, patch, stored);
+    }
+    CopyNumberToPatches(provider, record);
+    CopyNetworkNumber(provider, record, "72.DTMFPatchTonesNetworkID", record, record);
   });
 }
 
 void SetPatchSequences(const ProviderRef& provider, std::string_view, RecordNr record) {
   Procedure("SetPatchSequences", [&] {
     if (record == 1) provider.ClearTable("68");
+    ProvidePatchRecord(provider, PatchRecord(record, kPatchesPerNetwork));
     for (std::int32_t patch = 1; patch <= kPatchesPerNetwork; ++patch) {
       PatchFromForm(provider, record, patch);
     }
+    CopyNumberToPatches(provider, record);
     provider.Field("67.DTMFPatchToneSetupPointer").SetValue(record, record - 1);
   });
 }
