@@ -116,15 +116,16 @@ TEST_F(NetworkRules, IntervalsFollowTheTimingOfTheCurrentSystem) {
 
 TEST_F(NetworkRules, ANewNumberMovesChannelsAndCompanionsOnConsent) {
   Number({1, 2, 3});
-  provider.Fill("5.ChannelNetworkIdUI", {2, 1});
+  GiveChannels({11, 12, 13});
+  provider.Fill("5.ChannelNetworkIdUI", {2, 1, 2});
   messenger.Play({kNo, kYes});
   EXPECT_FALSE(Validate("NetworkID", 8, 2));
   EXPECT_THAT(Boxes(),
               ElementsAre(QuestionBox("Changing this Network ID will cause all references to it to be "
                                       "updated.  Do you wish to proceed?")));
-  EXPECT_EQ(Column("5.ChannelNetworkIdUI"), "2 1");
+  EXPECT_EQ(Column("5.ChannelNetworkIdUI"), "2 1 2");
   EXPECT_TRUE(Validate("NetworkID", 8, 2));
-  EXPECT_EQ(Column("5.ChannelNetworkIdUI"), "8 1");
+  EXPECT_EQ(Column("5.ChannelNetworkIdUI"), "8 1 8");
   for (const char* field : {"53.NetworkID", "EmNetworkID", "SIBTNetworkID_k6k", "DTMFPatchNetworkID_k6k",
                             "DTMFPatchTonesNetworkID_k6k", "CustomerDataNetworkID"}) {
     EXPECT_EQ(Text(field, 2), "8") << field;
