@@ -89,7 +89,7 @@ void Align(const ProviderRef& provider) {
     const FieldRef numbers = provider.Field(companion.number);
     for (const RecordNr record : networks.Records()) {
       const Variant number = networks.Value(record);
-      if (!SameValue(numbers.Value(record), number)) numbers.SetValue(record, number);
+      if (!SameValue(numbers.Value(record), number)) numbers.SetValue(record, CLng(number));
     }
   }
 }

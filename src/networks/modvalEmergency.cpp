@@ -63,15 +63,13 @@ constexpr struct {
 } kNoANI[] = {
     {SignallingType::kSelcall,
      "You can not enable Emergency ANI for this Selcall Network because an ANI sequence has not been "
-     "defined. "
-     "Please define an ANI sequence in the Selcall Free Format Bursts form."},
+     "defined. Please define an ANI sequence in the Selcall Free Format Bursts form."},
     {SignallingType::kDTMF,
      "You can not enable Emergency ANI for this DTMF Network because an ANI sequence has not been defined. "
      "Please define an ANI sequence in the DTMF form."},
     {SignallingType::kMDC1200,
      "You can not enable Emergency ANI for this MDC1200 Network because an ANI sequence has not been "
-     "defined. "
-     "Please define an ANI sequence in the MDC1200 form."},
+     "defined. Please define an ANI sequence in the MDC1200 form."},
 };
 
 /// Endless cycling: advice where nothing can reset it, a question where an acknowledgement does.

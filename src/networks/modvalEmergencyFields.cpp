@@ -35,13 +35,11 @@ void WarnOfEndlessCallout(const FieldEdit& edit) {
   if (edit.Holds("SignallingType", SignallingType::kDTMF, network)) {
     Notify(edit.validator,
            "The current network is DTMF, and because DTMF calls are not acknowledged, the callout sequence "
-           "will be "
-           "sent indefinitely. Consider using a fixed number of callouts instead.");
+           "will be sent indefinitely. Consider using a fixed number of callouts instead.");
   } else if (edit.Holds("SignallingType", SignallingType::kMDC1200, network)) {
     Notify(edit.validator,
            "The current network is MDC1200, and because MDC1200 calls are not acknowledged, the callout "
-           "sequence "
-           "will be sent indefinitely. Consider using a fixed number of callouts instead.");
+           "sequence will be sent indefinitely. Consider using a fixed number of callouts instead.");
   }
 }
 }  // namespace
@@ -90,8 +88,7 @@ bool ValidateFalsePowerdown(FieldEdit& edit) {
   if (edit.Is(kOn) && !edit.Holds("SignallingType", SignallingType::kSelcall, edit.CurrentNetwork())) {
     Notify(edit.validator,
            "If False Power Down is selected there is no way to remotely reset the radio while in Emergency "
-           "mode on "
-           "non-Selcall Systems.");
+           "mode on non-Selcall Systems.");
   }
   return true;
 }

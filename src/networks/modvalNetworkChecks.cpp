@@ -38,37 +38,30 @@ constexpr NeededSequence kEmergencySequences[] = {
     {SignallingType::kSelcall, CallsOut, "FreeFormSequence7",
      "You have activated emergency callout on network %0:S, but the emergency sequence for that network is "
      "blank.  You must either turn off emergency callout on the emergency form for network %0:S, or specify "
-     "an "
-     "emergency sequence in the free format bursts form for Selcall system %1:S"},
+     "an emergency sequence in the free format bursts form for Selcall system %1:S"},
     {SignallingType::kDTMF, CallsOut, "DTMFEmergSequence",
      "You have activated emergency callout on network %0:S, but the emergency sequence for that network is "
      "blank.  You must either turn off emergency callout on the emergency form for network %0:S, or specify "
-     "an "
-     "emergency sequence for DTMF system %1:S"},
+     "an emergency sequence for DTMF system %1:S"},
     {SignallingType::kMDC1200, CallsOut, "MDC1200EmergencySequence",
      "You have activated emergency callout on network %0:S, but the emergency sequence for that network is "
      "blank.  You must either turn off emergency callout on the emergency form for network %0:S, or specify "
-     "an "
-     "emergency sequence for MDC1200 system %1:S"},
+     "an emergency sequence for MDC1200 system %1:S"},
 };
 constexpr NeededSequence kAckAndANISequences[] = {
     {SignallingType::kSelcall, AcknowledgesBySequence, "FreeFormSequence6",
      "You have set the Auto Acknowledge Type on network %0:S to Sequence, but the auto acknowledge sequence "
-     "is "
-     "blank. You must either set the Auto Acknowledge Type to None or Beep on the Features form for network "
-     "%0:S, or specify an Auto Acknowledge sequence in the Free Format Bursts form for Selcall system %1:S"},
+     "is blank. You must either set the Auto Acknowledge Type to None or Beep on the Features form for "
+     "network %0:S, or specify an Auto Acknowledge sequence in the Free Format Bursts form for Selcall "
+     "system %1:S"},
     {SignallingType::kSelcall, SendsANI, "FreeFormSequence5",
      "You have activated an ANI sequence on network %0:S, but the ANI sequence for that network is blank.  "
-     "You "
-     "must either set Signalling On PTT Press/Release to 'none' on the network PTT signalling form for "
-     "network "
-     "%0:S, or specify an ANI sequence in the free format bursts form for Selcall system %1:S"},
+     "You must either set Signalling On PTT Press/Release to 'none' on the network PTT signalling form for "
+     "network %0:S, or specify an ANI sequence in the free format bursts form for Selcall system %1:S"},
     {SignallingType::kDTMF, SendsANI, "DTMFANISequence",
      "You have activated an ANI sequence on network %0:S, but the ANI sequence for that network is blank.  "
-     "You "
-     "must either set Signalling On PTT Press/Release to 'none' on the network PTT signalling form for "
-     "network "
-     "%0:S, or specify an ANI sequence for DTMF system %1:S"},
+     "You must either set Signalling On PTT Press/Release to 'none' on the network PTT signalling form for "
+     "network %0:S, or specify an ANI sequence for DTMF system %1:S"},
 };
 
 bool IsBlank(std::string_view sequence, std::int32_t type) {

@@ -26,7 +26,7 @@ constexpr struct {
 };
 
 /// False when the user declines, before anything was written.
-bool MoveChannels(FieldEdit& edit, const Variant& old) {
+bool MoveChannels(FieldEdit& edit, const Variant& old, const Variant& number) {
   const FieldRef networkOfChannel = edit.validator.CurrentProvider().Field("ChannelNetworkId_k6k");
   bool agreed = false;
   for (const RecordNr channel : networkOfChannel.Records()) {
@@ -38,7 +38,7 @@ bool MoveChannels(FieldEdit& edit, const Variant& old) {
       return false;
     }
     agreed = true;
-    edit.writes.Set("ChannelNetworkId_k6k", channel, edit.value);
+    edit.writes.Set("ChannelNetworkId_k6k", channel, number);
   }
   return true;
 }
@@ -58,11 +58,6 @@ bool HasChannels(const ProviderRef& provider, const Variant& number) {
   const std::vector<Variant> networks = provider.Field("ChannelNetworkId_k6k").Values();
   return std::any_of(networks.begin(), networks.end(),
                      [&](const Variant& network) { return SameValue(network, number); });
-}
-
-StoredRecord ShownNetwork(const ValidatorRef& validator) {
-  const ProviderRef provider = validator.CurrentProvider();
-  return {provider, CurrentNetwork(provider)};
 }
 
 /// What keeps a form from being left; none when nothing does.
@@ -104,7 +99,12 @@ Objection PTTSignallingObjection(const StoredRecord& network) {
          "signalling with.";
 }
 
-bool Passes(const ValidatorRef& validator, const Objection& objection) {
+/// A form that shows no network has nothing to object to.
+bool Passes(const ValidatorRef& validator, Objection (*objectionOf)(const StoredRecord& network)) {
+  const ProviderRef provider = validator.CurrentProvider();
+  const RecordNr network = CurrentNetwork(provider);
+  if (!provider.Field("NetworkID").HasRecord(network)) return true;
+  const Objection objection = objectionOf({provider, network});
   return !objection || Refuse(validator, *objection);
 }
 
@@ -119,11 +119,11 @@ bool ValidateNetworkID(FieldEdit& edit) {
     const ProviderRef provider = edit.validator.CurrentProvider();
     const Variant old = provider.Field("NetworkID").Value(edit.record);
     if (SameValue(old, edit.value)) return true;
-    if (!MoveChannels(edit, old)) return false;
+    // The form's number is text; the references are numbers.
+    const Variant number = IsNumeric(edit.value) ? Variant(CLng(edit.value)) : edit.value;
+    if (!MoveChannels(edit, old, number)) return false;
     for (const auto& [fieldId, uiid] : kNumbers) {
-      if (provider.Field(fieldId).HasRecord(edit.record)) {
-        edit.writes.Set(fieldId, uiid, edit.record, edit.value);
-      }
+      if (provider.Field(fieldId).HasRecord(edit.record)) edit.writes.Set(fieldId, uiid, edit.record, number);
     }
     EnableRingPatterns(edit, edit.CurrentNetwork(), kPatternsOfNumber);
     return true;
@@ -156,20 +156,18 @@ bool DeleteNetwork(const ValidatorRef& validator, RecordNr network) {
 }
 
 bool ValidateBasicSettingsForm(const ValidatorRef& validator) {
-  return Procedure("ValidateBasicSettingsForm", true, [&] {
-    return Passes(validator, BasicSettingsObjection(ShownNetwork(validator))) && Sorted(validator);
-  });
+  return Procedure("ValidateBasicSettingsForm", true,
+                   [&] { return Passes(validator, BasicSettingsObjection) && Sorted(validator); });
 }
 
 bool ValidateEmergencyForm(const ValidatorRef& validator) {
-  return Procedure("ValidateEmergencyForm", true, [&] {
-    return Passes(validator, EmergencyObjection(ShownNetwork(validator))) && Sorted(validator);
-  });
+  return Procedure("ValidateEmergencyForm", true,
+                   [&] { return Passes(validator, EmergencyObjection) && Sorted(validator); });
 }
 
 bool ValidatePTTSignallingForm(const ValidatorRef& validator) {
   return Procedure("ValidatePTTSignallingForm", true,
-                   [&] { return Passes(validator, PTTSignallingObjection(ShownNetwork(validator))); });
+                   [&] { return Passes(validator, PTTSignallingObjection); });
 }
 
 bool ValidateDTMFPatchForm(const ValidatorRef& validator) {

@@ -26,29 +26,23 @@ constexpr TypeNeeds kTypes[] = {
     {SignallingType::kSelcall, "SignalSystemId_k6k",
      "No Selcall signalling systems exist.  You can create them from the Selcall Identity form.",
      "Emergency ANI is enabled, but Selcall System %0:s does not have a valid ANI sequence. Emergency ANI "
-     "will "
-     "be disabled if you continue. Do you want to proceed?",
+     "will be disabled if you continue. Do you want to proceed?",
      "Emergency ANI is enabled, but this Selcall system does not have a valid ANI sequence. Emergency ANI "
-     "will "
-     "be disabled if you continue. Do you want to proceed?"},
+     "will be disabled if you continue. Do you want to proceed?"},
     {SignallingType::kDTMF, "DTMFNetworkSigSystemID",
      "No DTMF signalling systems exist.  You can create them from the DTMF Signalling form.",
      "Emergency ANI is enabled, but DTMF System %0:s does not have a valid ANI sequence. Emergency ANI will "
-     "be "
-     "disabled if you continue. Do you want to proceed?",
+     "be disabled if you continue. Do you want to proceed?",
      "Emergency ANI is enabled, but this DTMF system does not have a valid ANI sequence. Emergency ANI will "
-     "be "
-     "disabled if you continue. Do you want to proceed?"},
+     "be disabled if you continue. Do you want to proceed?"},
     {SignallingType::kTwoTone, "T99NetworkID_k6k",
      "No Two Tone signalling systems exist.  You can create them from the Two-Tone Options form."},
     {SignallingType::kMDC1200, "MDC1200SignallingSystemID",
      "No MDC1200 signalling systems exist.  You can create them from the MDC1200 Options form.",
      "Emergency ANI is enabled, but MDC1200 System %0:s does not have a valid ANI sequence. Emergency ANI "
-     "will "
-     "be disabled if you continue. Do you want to proceed?",
+     "will be disabled if you continue. Do you want to proceed?",
      "Emergency ANI is enabled, but this MDC1200 system does not have a valid ANI sequence. Emergency ANI "
-     "will "
-     "be disabled if you continue. Do you want to proceed?"},
+     "will be disabled if you continue. Do you want to proceed?"},
 };
 
 /// Null for a type without systems.

@@ -124,11 +124,11 @@ TEST_F(NetworkRules, ANewNumberMovesChannelsAndCompanionsOnConsent) {
               ElementsAre(QuestionBox("Changing this Network ID will cause all references to it to be "
                                       "updated.  Do you wish to proceed?")));
   EXPECT_EQ(Column("5.ChannelNetworkIdUI"), "2 1 2");
-  EXPECT_TRUE(Validate("NetworkID", 8, 2));
+  EXPECT_TRUE(Validate("NetworkID", "8", 2));
   EXPECT_EQ(Column("5.ChannelNetworkIdUI"), "8 1 8");
   for (const char* field : {"53.NetworkID", "EmNetworkID", "SIBTNetworkID_k6k", "DTMFPatchNetworkID_k6k",
                             "DTMFPatchTonesNetworkID_k6k", "CustomerDataNetworkID"}) {
-    EXPECT_EQ(Text(field, 2), "8") << field;
+    EXPECT_EQ(std::get<std::int32_t>(provider.Get(field, 2)), 8) << field;
   }
   EXPECT_EQ(Switched(), "+AlertRingPattern2+AlertRingPatternGroup+AlertRingPatternAll");
   StartTrail();
@@ -225,6 +225,9 @@ TEST_F(NetworkRules, AFormTellsWhatIsMissingAndSortsNothing) {
     EXPECT_THAT(Boxes(), ElementsAre(ErrorBox(box)));
   }
   EXPECT_EQ(Column("NetworkID"), "3 2 1");
+  provider.Set("CurrentNetworkNr", 1, 4);  // no such network
+  EXPECT_TRUE(LeaveForm("usrctlNetworkPTT", true));
+  provider.Set("CurrentNetworkNr", 1, 2);
   provider.Set("SIBTToneEncodeDuration_k6k", 2, 200);
   EXPECT_TRUE(LeaveForm("usrctlNetworks", true));
 }
