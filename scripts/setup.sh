@@ -1,4 +1,4 @@
-# Set-up shared by run.sh and test.sh; to be sourced. Quiet unless a step fails.
+# Steps that the scripts share; to be sourced. Quiet unless a step fails.
 
 # Runs a command; its output appears only when it fails.
 quietly() {
@@ -41,4 +41,28 @@ build() {
   local folder=$1
   shift
   quietly cmake -S "$ROOT" -B "$folder" -G Ninja "$@" && quietly cmake --build "$folder"
+}
+
+SANITIZER_PACKAGES=(clang libclang-rt-dev)
+
+# build_sanitized FOLDER [CMAKE-OPTION...]: builds everything with clang and its sanitizers.
+build_sanitized() {
+  local folder=$1
+  shift
+  # cmake keeps the compiler that a folder was made with.
+  grep -qs '^CMAKE_CXX_COMPILER:.*clang' "$folder/CMakeCache.txt" || rm -rf "$folder"
+  build "$folder" -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Debug -DKD4410_SANITIZE=ON "$@"
+}
+
+# run_shards EXECUTABLE: all tests of the executable, in one process a core. For builds whose processes take longer to
+# start or to end than most tests to run.
+run_shards() {
+  local count shard result=0 shards=()
+  count=$(nproc)
+  for ((shard = 0; shard < count; ++shard)); do
+    GTEST_BRIEF=1 GTEST_TOTAL_SHARDS=$count GTEST_SHARD_INDEX=$shard "$1" &
+    shards+=($!)
+  done
+  for shard in "${shards[@]}"; do wait "$shard" || result=1; done
+  return $result
 }

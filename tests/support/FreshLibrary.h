@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "host/TierLibrary.h"
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/Temporary.h"
 
 /// The built plug-in, loaded from a copy of its own, so that its state is that of a new process. Whoever uses
@@ -12,7 +13,7 @@
 class FreshLibrary {
  public:
   FreshLibrary() {
-    std::filesystem::copy_file(TIER_LIBRARY, folder_.PathOf("tier.so"));
+    std::filesystem::copy_file(kTierLibrary, folder_.PathOf("tier.so"));
     handle_ = ::dlopen(Path().c_str(), RTLD_NOW | RTLD_LOCAL);
     if (handle_ == nullptr) throw std::runtime_error(::dlerror());
   }

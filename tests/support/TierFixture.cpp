@@ -1,7 +1,10 @@
 #include "tests/support/TierFixture.h"
 
+#include <filesystem>
+
 #include "host/TierLibrary.h"
 #include "platform/Status.h"
+#include "tests/support/BuiltFiles.h"
 
 namespace {
 /// What the operation of the tier wrote to its last argument; a failed status fails the test.
@@ -26,6 +29,10 @@ std::shared_ptr<IclassFactory> TierFactory() {
 const std::shared_ptr<const SchemaFiles>& ProjectSchemas() {
   static const std::shared_ptr<const SchemaFiles> schemas = SchemaFiles::Read(SCHEMA_FOLDER);
   return schemas;
+}
+
+HostParts ProjectParts() {
+  return {ProjectSchemas(), kTierLibrary, std::filesystem::path(kTierLibrary).parent_path().string()};
 }
 
 TierFixture::TierFixture(std::string_view version)

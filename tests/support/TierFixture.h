@@ -12,9 +12,12 @@
 #include "workbench/Messengers.h"
 #include "workbench/Provider.h"
 #include "workbench/Schema.h"
+#include "workbench/TierHost.h"
 
 /// The schema files of the project, read once in the life of the process.
 const std::shared_ptr<const SchemaFiles>& ProjectSchemas();
+/// What a session of the workbench is made from: these schemas, the built plug-in and the data beside it.
+HostParts ProjectParts();
 
 /// The tier itself, initialised on a new personality with default content. A test fails when a question
 /// comes unscripted, when a scripted answer is not asked for, and when the tier ends the application

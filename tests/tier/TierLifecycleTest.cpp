@@ -173,9 +173,9 @@ TEST_F(TierLifecycle, ADelegateReadsTheProviderOfTheOtherTier) {
 TEST(TierLibraryFile, ExportsItsFourEntryPointsAndNothingElse) {
   const TemporaryFolder folder;
   const std::string list = folder.PathOf("list");
-  ASSERT_EQ(std::system(
-                ("nm -D --defined-only --format=posix '" TIER_LIBRARY "' | cut -d' ' -f1 > " + list).c_str()),
-            0);
+  const std::string command =
+      std::string("nm -D --defined-only --format=posix '") + kTierLibrary + "' | cut -d' ' -f1 > " + list;
+  ASSERT_EQ(std::system(command.c_str()), 0);
   EXPECT_EQ(ContentOf(list), "DllCanUnloadNow\nDllGetClassObject\nDllRegisterServer\nDllUnregisterServer\n");
 }
 

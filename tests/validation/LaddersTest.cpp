@@ -20,14 +20,14 @@ class Ladders : public testing::TestWithParam<const char*> {
     const std::string name = GetParam();
     if (name.starts_with("KD4410") || name.starts_with("KE2210"))
       return NewPersonality(*ProjectSchemas(), name);
-    const std::string path = std::string(SAMPLES_FOLDER) + "/" + name;
+    const std::string path = SAMPLES_FOLDER "/" + name;
     return PersonalityFile::Parse(path, ContentOf(path), *ProjectSchemas());
   }
 };
 
 TEST_P(Ladders, AnswerForEveryRowWithoutAFault) {
   const auto messenger = std::make_shared<RecordingMessenger>();  // questions: No
-  Session session({ProjectSchemas(), TIER_LIBRARY, DATA_FOLDER}, Content(), messenger);
+  Session session(ProjectParts(), Content(), messenger);
   session.ConvertToForms();
   Provider& content = session.Content();
   TierHost& host = session.Host();

@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -15,24 +16,47 @@
 namespace {
 using testing::HasSubstr;
 
-/// Writes at most 3 bytes a call, and fails the n-th call of all with the error told.
+/// What becomes of a call: 0 and so many bytes written, or the error that it fails with.
+struct Outcome {
+  int error;
+  std::size_t written;
+};
+
+/// Writes at most 16 kB a call. The n-th call of all has the outcome told; only a write can come out short.
 class FailingLayer final : public FileLayer {
  public:
-  FailingLayer(int failingCall, int error) : untilFailure_(failingCall), error_(error) {}
+  FailingLayer(int call, Outcome outcome) : untilFailure_(call), outcome_(outcome) {}
 
   ssize_t Write(int file, const void* data, std::size_t size) override {
-    return Fails() ? -1 : FileLayer::Write(file, data, std::min<std::size_t>(size, 3));
+    size = std::min<std::size_t>(size, 1U << 14);
+    if (Fails("write")) return -1;
+    return FileLayer::Write(file, data, IsDue() ? outcome_.written : size);
   }
-  int Sync(int file) override { return Fails() ? -1 : FileLayer::Sync(file); }
-  int Rename(const char* from, const char* to) override { return Fails() ? -1 : FileLayer::Rename(from, to); }
+  int Sync(int) override { return Fails(renamed_ ? "sync of the folder" : "sync") ? -1 : 0; }
+  int Rename(const char* from, const char* to) override {
+    if (Fails("rename")) return -1;
+    renamed_ = true;
+    return FileLayer::Rename(from, to);
+  }
+
+  bool IsRenamed() const { return renamed_; }
+  bool WasReached() const { return untilFailure_ <= 0; }
+  /// The step that failed; empty for none.
+  const std::string& FailedStep() const { return failedStep_; }
 
  private:
-  bool Fails() {
-    errno = error_;
-    return --untilFailure_ == 0;
+  bool IsDue() const { return untilFailure_ == 0; }
+  bool Fails(const char* step) {
+    --untilFailure_;
+    if (!IsDue() || outcome_.error == 0) return false;
+    errno = outcome_.error;
+    failedStep_ = step;
+    return true;
   }
   int untilFailure_;
-  int error_;
+  Outcome outcome_;
+  bool renamed_ = false;
+  std::string failedStep_;
 };
 
 class AtomicFileTest : public testing::Test {
@@ -43,25 +67,30 @@ class AtomicFileTest : public testing::Test {
   const std::string path = folder.Write("p.json", "old");
 };
 
-TEST_F(AtomicFileTest, AFailureOfAnyStepLeavesTheOldContentAndNothingBesideIt) {
-  const std::tuple<int, int, const char*> cases[] = {{1, EIO, "write"},
-                                                     {2, ENOSPC, "write"},
-                                                     {3, EIO, "write"},
-                                                     {4, ENOSPC, "write"},
-                                                     {5, EIO, "sync"},
-                                                     {6, EACCES, "rename"},
-                                                     {7, EIO, "sync of the folder"}};
-  for (const auto& [call, error, step] : cases) {
-    folder.Write("p.json", "old");
-    FailingLayer layer(call, error);
-    AtomicFile file(path, layer);
-    file.Read();
-    const std::string message = RefusalOf([&] { file.Write("new content"); });
-    EXPECT_THAT(message, HasSubstr(path + ": " + step + ": " + std::strerror(error)));
-    EXPECT_EQ(ContentOf(path), call < 7 ? "old" : "new content") << message;  // renamed already
-    EXPECT_EQ(FileCount(), 1) << message;
-    file.Write("next content");
-    EXPECT_EQ(ContentOf(path), "next content");
+TEST_F(AtomicFileTest, WhicheverCallFailsTheFileIsTheOldOneOrTheNewAndAloneAndTheNextSaveWorks) {
+  const std::string before = ContentOf(Sample("minimal"));
+  const std::string after = ContentOf(Sample("marine-harbour"));
+  for (const Outcome& outcome : {Outcome{EIO, 0}, {ENOSPC, 0}, {EINTR, 0}, {0, 0}, {0, 1}, {0, 1000}}) {
+    for (int call = 1;; ++call) {
+      SCOPED_TRACE(testing::Message()
+                   << "call " << call << ", error " << outcome.error << ", written " << outcome.written);
+      folder.Write("p.json", before);
+      FailingLayer layer(call, outcome);
+      AtomicFile file(path, layer);
+      const std::string message = RefusalOf([&] { file.Write(after); });
+      if (!layer.WasReached()) break;  // a save has fewer calls
+      EXPECT_TRUE(ContentOf(path) == (layer.IsRenamed() ? after : before)) << message;
+      EXPECT_EQ(FileCount(), 1);
+      if (!layer.IsRenamed() || layer.FailedStep() == "sync of the folder") {
+        const std::string step = layer.FailedStep().empty() ? "write" : layer.FailedStep();
+        const int reason = outcome.error == 0 ? ENOSPC : outcome.error;  // a write of nothing: no space
+        EXPECT_THAT(message, HasSubstr(path + ": " + step + ": " + std::strerror(reason)));
+      } else {
+        EXPECT_EQ(message, "no FileError");  // a write that was interrupted or short was gone on with
+      }
+      file.Write(before);
+      EXPECT_TRUE(ContentOf(path) == before);
+    }
   }
 }
 

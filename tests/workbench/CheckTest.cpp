@@ -19,10 +19,8 @@ class CheckTest : public testing::Test {
   void Open(const std::string& sample, Answers answers = {}) {
     content = PersonalityFile::Parse(sample, ContentOf(Sample(sample)), *ProjectSchemas());
     messenger = std::make_shared<CheckMessenger>(std::move(answers));
-    const HostParts parts{ProjectSchemas(), TIER_LIBRARY,
-                          std::filesystem::path(TIER_LIBRARY).parent_path().string()};
     session.reset();
-    session = std::make_unique<Session>(parts, content, messenger);
+    session = std::make_unique<Session>(ProjectParts(), content, messenger);
     session->ConvertToForms();
     messenger->Clear();
   }

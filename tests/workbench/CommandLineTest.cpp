@@ -8,6 +8,7 @@
 #include <set>
 #include <vector>
 
+#include "tests/support/BuiltFiles.h"
 #include "tests/workbench/FileHelpers.h"
 
 namespace {
@@ -34,7 +35,7 @@ class CommandLine : public testing::Test {
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ContentOf(out), ContentOf(err)};
   }
   Outcome Run(Words words) const {
-    words.insert(words.begin(), {WORKBENCH, "--tier", TIER_LIBRARY});
+    words.insert(words.begin(), {kWorkbench, "--tier", kTierLibrary});
     return Execute(words);
   }
   std::string FrequencyOf(const char* record) const { return Run({"get", file, "TxFreq_k6k", record}).out; }
@@ -92,7 +93,8 @@ TEST_F(CommandLine, TellsByItsExitCodeHowItEnded) {
   EXPECT_EQ(ContentOf(file), marine);
   EXPECT_EQ(ContentOf(faulty), noBand);
   EXPECT_FALSE(std::filesystem::exists(fresh));
-  EXPECT_EQ(Execute({"/bin/sh", "-c", WORKBENCH " bands > /dev/full"}).code, 2) << "output was lost";
+  EXPECT_EQ(Execute({"/bin/sh", "-c", kWorkbench + std::string(" bands > /dev/full")}).code, 2)
+      << "output was lost";
 }
 
 TEST_F(CommandLine, AQuestionIsAnsweredNoUnlessToldOtherwise) {
@@ -262,10 +264,10 @@ TEST_F(CommandLine, ANewPersonalityOfEachModelIsSound) {
 }
 
 TEST_F(CommandLine, TheSamplesAreWhatTheGeneratorWrites) {
-  const auto generator = std::filesystem::path(WORKBENCH).parent_path() / "kd4410-make-samples";
-  const std::string data = std::filesystem::path(TIER_LIBRARY).parent_path().string();
+  const auto generator = std::filesystem::path(kWorkbench).parent_path() / "kd4410-make-samples";
+  const std::string data = std::filesystem::path(kTierLibrary).parent_path().string();
   const Outcome outcome =
-      Execute({generator.string(), folder.Path(), "--tier", TIER_LIBRARY, "--data", data});
+      Execute({generator.string(), folder.Path(), "--tier", kTierLibrary, "--data", data});
   ASSERT_EQ(outcome.code, 0) << outcome.err;
   for (const std::string name : kSamples) {
     EXPECT_TRUE(ContentOf(folder.PathOf(name + ".json")) == ContentOf(Sample(name))) << name;
@@ -274,7 +276,7 @@ TEST_F(CommandLine, TheSamplesAreWhatTheGeneratorWrites) {
 
 TEST_F(CommandLine, AKilledSaveLeavesTheOldContentOrTheNew) {
   const std::string script = SAMPLES_FOLDER "/../tests/kill_during_save.sh";
-  const Outcome outcome = Execute({"bash", script, WORKBENCH, TIER_LIBRARY, Sample("full"), "12"});
+  const Outcome outcome = Execute({"bash", script, kWorkbench, kTierLibrary, Sample("city-fleet"), "12"});
   EXPECT_EQ(outcome.code, 0) << outcome.out << outcome.err;
 }
 }  // namespace

@@ -41,8 +41,7 @@ class ConversionTest : public testing::Test {
     return told;
   }
 
-  const HostParts parts{ProjectSchemas(), TIER_LIBRARY,
-                        std::filesystem::path(TIER_LIBRARY).parent_path().string()};
+  const HostParts parts = ProjectParts();
   const std::shared_ptr<ScriptedMessenger> messenger = std::make_shared<ScriptedMessenger>();
 };
 

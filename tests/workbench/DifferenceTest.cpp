@@ -65,8 +65,7 @@ class DifferenceTest : public testing::Test {
   }
   /// The personalities outlive what is told of them.
   const Difference& Between(const std::shared_ptr<Provider>& a, const std::shared_ptr<Provider>& b) {
-    const HostParts parts{ProjectSchemas(), TIER_LIBRARY,
-                          std::filesystem::path(TIER_LIBRARY).parent_path().string()};
+    const HostParts parts = ProjectParts();
     const auto messenger = std::make_shared<ScriptedMessenger>();
     a_ = ForComparison(parts, a, messenger);
     b_ = ForComparison(parts, b, messenger);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
 #include "workbench/TierLoader.h"
@@ -40,13 +41,13 @@ TEST(ProvInfo, LoadsTheVersionOfTheOpenPersonalityElseTheLatestOfTheTier) {
 
 TEST(TierLibrary, OutlivesItsHolderWhileItsObjectsAreInUse) {
   const auto personality = std::make_shared<OpenPersonality>(ProjectSchemas());
-  auto library = TierLibrary::Load(TIER_LIBRARY);
+  auto library = TierLibrary::Load(kTierLibrary);
   EXPECT_TRUE(library->CanUnloadNow());
   const auto tier = library->CreateTier(std::make_shared<ApplicationServices>(personality, DATA_FOLDER));
   EXPECT_FALSE(library->CanUnloadNow());
   library.reset();
   EXPECT_TRUE(tier->Terminate().Ok());
-  TierLibrary::Load(TIER_LIBRARY)->WithdrawServices();
+  TierLibrary::Load(kTierLibrary)->WithdrawServices();
 }
 
 TEST(TierLibrary, AFileThatIsNoTierIsRefused) {
@@ -61,14 +62,14 @@ TEST(TierLibrary, IsFoundByChoiceThenByRegistrationThenBesideTheExecutable) {
   const TemporaryFolder folder;
   ::setenv("KD4410_REGISTRATION_DIR", folder.Path().c_str(), 1);
   EXPECT_EQ(FindTierLibrary("chosen.so"), "chosen.so");
-  TierLibrary::Load(TIER_LIBRARY)->Register();
-  EXPECT_TRUE(std::filesystem::equivalent(FindTierLibrary(""), TIER_LIBRARY));
-  TierLibrary::Load(TIER_LIBRARY)->Unregister();
+  TierLibrary::Load(kTierLibrary)->Register();
+  EXPECT_TRUE(std::filesystem::equivalent(FindTierLibrary(""), kTierLibrary));
+  TierLibrary::Load(kTierLibrary)->Unregister();
   EXPECT_THAT(FindTierLibrary(""), HasSubstr("/kd4410/libkd4410tier.so"));
   folder.Write("kd4410tier.registration", "clsSchema\t/a.so\nno tab\n");
   EXPECT_THROW(FindTierLibrary(""), FileError);
   ::setenv("KD4410_REGISTRATION_DIR", folder.Write("file", "").c_str(), 1);
-  EXPECT_THROW(TierLibrary::Load(TIER_LIBRARY)->Register(), FileError);
+  EXPECT_THROW(TierLibrary::Load(kTierLibrary)->Register(), FileError);
   ::unsetenv("KD4410_REGISTRATION_DIR");
 }
 }  // namespace

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/BuiltFiles.h"
 #include "tests/workbench/FileHelpers.h"
 #include "workbench/Commands.h"
 
@@ -13,8 +14,8 @@
 class InProcessCommand : public testing::Test {
  protected:
   ExitCode Run(std::vector<std::string> words) {
-    words.insert(words.begin(), {"--tier", TIER_LIBRARY, "--data",
-                                 std::filesystem::path(TIER_LIBRARY).parent_path().string()});
+    words.insert(words.begin(), {"--tier", kTierLibrary, "--data",
+                                 std::filesystem::path(kTierLibrary).parent_path().string()});
     out.str("");
     testing::internal::CaptureStderr();
     const ExitCode code = RunCommand(std::move(words), workplace, "");

@@ -63,7 +63,7 @@ TEST(PersonalityFile, NamesLinePlaceAndReasonOfWhatItRefuses) {
       {WithTables("\"29\": [{\"TxFormat\": [\"R\"]}]"), "tables.29[1].TxFormat: an integer is expected here"},
   };
   for (const auto& [document, refusal] : cases) {
-    EXPECT_THAT(RefusalOf([&document] { Parse(document); }), HasSubstr(refusal));
+    EXPECT_THAT(RefusalOf([&text = document] { Parse(text); }), HasSubstr(refusal));
   }
 }
 

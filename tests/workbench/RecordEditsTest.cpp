@@ -131,10 +131,7 @@ class RecordEditsTest : public testing::Test {
   const std::shared_ptr<Provider> content =
       PersonalityFile::Parse("city-fleet", ContentOf(Sample("city-fleet")), *ProjectSchemas());
   const std::shared_ptr<ScriptedMessenger> messenger = std::make_shared<ScriptedMessenger>();
-  Session session{
-      {ProjectSchemas(), TIER_LIBRARY, std::filesystem::path(TIER_LIBRARY).parent_path().string()},
-      content,
-      messenger};
+  Session session{ProjectParts(), content, messenger};
 };
 
 TEST_F(RecordEditsTest, WhatARuleHadWrittenBeforeItsSecondQuestionIsTold) {
