@@ -87,7 +87,11 @@ ExitCode RunCommand(std::vector<std::string> words, Workplace& workplace, const 
   AddConvertCommand(app, action);
   AddVersionsCommand(app, action);
   AddDiffCommand(app, action);
-  if (!insideScript) AddScriptCommand(app, action);
+  AddConformCommand(app, action);
+  if (!insideScript) {
+    AddScriptCommand(app, action);
+    AddTraceCommands(app, action, prefix);
+  }
 
   const std::optional<ExitCode> end = Parse(app, std::move(words), workplace, prefix);
   return end ? *end : Carry(action, workplace, prefix);

@@ -25,7 +25,10 @@ void AddReferenceCommands(CLI::App& app, Action& action);  // bands, fields
 void AddConvertCommand(CLI::App& app, Action& action);     // convert
 void AddVersionsCommand(CLI::App& app, Action& action);    // versions
 void AddDiffCommand(CLI::App& app, Action& action);        // diff
+void AddConformCommand(CLI::App& app, Action& action);     // conform
 void AddScriptCommand(CLI::App& app, Action& action);      // run
+/// record, replay; messages of the verb that is recorded stand behind `prefix`.
+void AddTraceCommands(CLI::App& app, Action& action, const std::string& prefix);
 
 /// Reads the words of a command line behind the program's name and carries it out. Messages go to standard
 /// error, each behind `prefix`.

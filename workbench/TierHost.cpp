@@ -3,12 +3,23 @@
 #include "host/Itier.h"
 #include "workbench/HostObjects.h"
 #include "workbench/TierLoader.h"
+#include "workbench/border/Recorder.h"
+
+namespace {
+std::shared_ptr<TierLibrary> LoadLibrary(const HostParts& parts, const Provider* provider) {
+  if (parts.recorder != nullptr) {
+    parts.recorder->Begin(parts.tierLibrary, provider == nullptr ? "" : provider->GetSchema().Version(),
+                          parts.dataFolder);
+  }
+  return TierLibrary::Load(parts.tierLibrary, parts.recorder.get());
+}
+}  // namespace
 
 TierHost::TierHost(const HostParts& parts, std::shared_ptr<Provider> provider,
                    std::shared_ptr<Imessenger> messenger)
     : personality_(std::make_shared<OpenPersonality>(parts.schemas)),
       services_(std::make_shared<ApplicationServices>(personality_, parts.dataFolder)),
-      library_(TierLibrary::Load(parts.tierLibrary)) {
+      library_(LoadLibrary(parts, provider.get())) {
   // Before the tier is initialised: it takes the model of the open personality for its own.
   if (provider != nullptr) personality_->Open(std::move(provider));
   CreateTier(std::move(messenger));

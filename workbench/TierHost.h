@@ -16,6 +16,9 @@ class OpenPersonality;
 class Provider;
 class SchemaFiles;
 class TierLibrary;
+namespace Trace {
+class Recorder;
+}
 
 /// The tier failed: it answered a call with an error, or asked to end the application. What it was working
 /// on is not kept.
@@ -33,6 +36,7 @@ struct HostParts {
   std::shared_ptr<const SchemaFiles> schemas;
   std::string tierLibrary;
   std::string dataFolder;
+  std::shared_ptr<Trace::Recorder> recorder = nullptr;  // of all calls between host and tier; null for none
 };
 
 /// A tier, loaded from its library and initialised, and the platform that it runs on.
@@ -51,6 +55,8 @@ class TierHost {
   ItierSchema& Versions() const { return *versions_; }
   ItierValidator& Validator() const { return *validator_; }
   ItierUserInterface& UserInterface() const { return *userInterface_; }
+  Itier& Tier() const { return *tier_; }
+  ApplicationServices& Services() const { return *services_; }
 
   /// Raises a TierFault for a failed status, and for a tier that has asked to end the application; an
   /// UnsupportedByTier for an operation that the tier does not have.

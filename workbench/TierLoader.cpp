@@ -8,6 +8,7 @@
 #include "platform/CaseText.h"
 #include "platform/System.h"
 #include "workbench/FileError.h"
+#include "workbench/border/Recorder.h"
 
 namespace {
 constexpr std::string_view kTierClass = "clsKD4410Tier";
@@ -37,6 +38,26 @@ std::string RegisteredLibrary(const std::string& registration) {
   }
   throw FileError(registration, 0, "registration", "no line for " + std::string(kTierClass));
 }
+
+/// The functions of a library as an object.
+class EntryPointsObject final : public Trace::IentryPoints {
+ public:
+  EntryPointsObject(DllGetClassObjectFunction getClassObject, DllCanUnloadNowFunction canUnloadNow)
+      : getClassObject_(getClassObject), canUnloadNow_(canUnloadNow) {}
+  Status DllGetClassObject(std::string_view className, std::shared_ptr<IclassFactory>& factory,
+                           std::int32_t& result) override {
+    result = getClassObject_(className, factory);
+    return {};
+  }
+  Status DllCanUnloadNow(std::int32_t& result) override {
+    result = canUnloadNow_();
+    return {};
+  }
+
+ private:
+  DllGetClassObjectFunction getClassObject_;
+  DllCanUnloadNowFunction canUnloadNow_;
+};
 }  // namespace
 
 TierLibrary::TierLibrary(std::string path) : path_(std::move(path)) {
@@ -48,7 +69,13 @@ TierLibrary::TierLibrary(std::string path) : path_(std::move(path)) {
 
 TierLibrary::~TierLibrary() {
   // While an object of the library lives, its code stays.
-  if (canUnloadNow_ == nullptr || CanUnloadNow()) ::dlclose(handle_);
+  if (entryPoints_ == nullptr || CanUnloadNow()) ::dlclose(handle_);
+}
+
+bool TierLibrary::CanUnloadNow() const {
+  std::int32_t result = 1;
+  Check(entryPoints_->DllCanUnloadNow(result));
+  return result == 0;
 }
 
 template <typename Function>
@@ -58,19 +85,27 @@ Function TierLibrary::EntryPoint(const char* name) const {
   return reinterpret_cast<Function>(address);
 }
 
-std::shared_ptr<TierLibrary> TierLibrary::Load(const std::string& path) {
+std::shared_ptr<TierLibrary> TierLibrary::Load(const std::string& path, Trace::Recorder* recorder) {
   std::shared_ptr<TierLibrary> library(new TierLibrary(path));
   library->self_ = library;
-  library->getClassObject_ = library->EntryPoint<DllGetClassObjectFunction>("DllGetClassObject");
-  library->canUnloadNow_ = library->EntryPoint<DllCanUnloadNowFunction>("DllCanUnloadNow");
+  const auto getClassObject = library->EntryPoint<DllGetClassObjectFunction>("DllGetClassObject");
+  const auto canUnloadNow = library->EntryPoint<DllCanUnloadNowFunction>("DllCanUnloadNow");
   library->register_ = library->EntryPoint<DllRegisterServerFunction>("DllRegisterServer");
   library->unregister_ = library->EntryPoint<DllUnregisterServerFunction>("DllUnregisterServer");
+  library->entryPoints_ = std::make_shared<EntryPointsObject>(getClassObject, canUnloadNow);
+  if (recorder != nullptr) library->entryPoints_ = recorder->Attach(library->entryPoints_);
   return library;
+}
+
+std::int32_t TierLibrary::ClassObject(std::string_view className, std::shared_ptr<IclassFactory>& out) const {
+  std::int32_t result = 0;
+  Check(entryPoints_->DllGetClassObject(className, out, result));
+  return result;
 }
 
 std::shared_ptr<IclassFactory> TierLibrary::Factory(std::string_view className) const {
   std::shared_ptr<IclassFactory> factory;
-  const std::int32_t result = getClassObject_(className, factory);
+  const std::int32_t result = ClassObject(className, factory);
   if (result != 0 || factory == nullptr) {
     throw FileError(path_, 0, std::string(className),
                     "no class factory (result " + std::to_string(result) + ")");

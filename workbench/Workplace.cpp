@@ -32,7 +32,7 @@ HostParts Workplace::Parts() {
     schemas_ = SchemaFiles::Read(folder + "/schema");
     schemaFolder_ = folder;
   }
-  return {schemas_, FindTierLibrary(options.tier), folder};
+  return {schemas_, FindTierLibrary(options.tier), folder, recorder_};
 }
 
 Answers Workplace::GivenAnswers() const {

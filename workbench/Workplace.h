@@ -49,6 +49,10 @@ class Workplace {
   void CollectIn(Json& data) { collected_ = &data; }
   void CollectNothing() { collected_ = nullptr; }
 
+  /// From now on every tier that is opened is recorded; null: none is.
+  void RecordBy(std::shared_ptr<Trace::Recorder> recorder) { recorder_ = std::move(recorder); }
+  bool IsRecorded() const { return recorder_ != nullptr; }
+
   HostParts Parts();
   const SchemaFiles& Schemas() { return *Parts().schemas; }
   Answers GivenAnswers() const;
@@ -58,6 +62,7 @@ class Workplace {
  private:
   std::ostream* out_;
   Json* collected_ = nullptr;
+  std::shared_ptr<Trace::Recorder> recorder_;
   std::string schemaFolder_;
   std::shared_ptr<const SchemaFiles> schemas_;
   std::string messengerAnswer_;
