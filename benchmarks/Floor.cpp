@@ -116,7 +116,7 @@ double CpuMicroseconds() {
 
 double FloorMicroseconds(const HostCalls& calls) {
   const std::unique_ptr<Iprovider> provider = std::make_unique<BareProvider>(Names());
-  const auto repeats = std::max<std::int64_t>(20, 200'000 / std::max<std::int64_t>(calls.All(), 1));
+  const auto repeats = std::max<std::int64_t>(3, 200'000 / std::max<std::int64_t>(calls.All(), 1));
   Run(*provider, calls);  // warm
   const double start = CpuMicroseconds();
   for (std::int64_t i = 0; i < repeats; ++i) Run(*provider, calls);

@@ -1,0 +1,60 @@
+// What walks the records, on 100 to 3,200 of them: the table tells how each figure grows.
+
+#include <memory>
+
+#include "benchmarks/Measure.h"
+#include "benchmarks/Personalities.h"
+#include "benchmarks/Work.h"
+
+namespace {
+void Doubling(benchmark::internal::Benchmark* growth) {
+  for (std::int64_t count = 100; count <= 3200; count *= 2) growth->Arg(count);
+}
+
+RecordNr RecordsOf(benchmark::State& state) {
+  state.counters["records"] = static_cast<double>(state.range(0));
+  return static_cast<RecordNr>(state.range(0));
+}
+
+/// On forms that the work leaves as they were.
+void MeasureGrowth(benchmark::State& state, const char* name, void (*work)(Session& session)) {
+  const auto session = NewSession(ManyChannels(RecordsOf(state)));
+  Measure(state, {.name = name}, &session->Content().Monitor(), {[&] { work(*session); }});
+}
+
+void FinalValidationGrowth(benchmark::State& state) {
+  MeasureGrowth(state, "walk before a save", WalkBeforeSave);
+}
+BENCHMARK(FinalValidationGrowth)->Apply(Doubling);
+
+void GlobalEncryptionGrowth(benchmark::State& state) {
+  MeasureGrowth(state, "global encryption", [](Session& session) {
+    Variant value(1);
+    Boolean accepted = kFalse;
+    session.Host().Require(session.Host().Validator().ValidateByUIID("GlobalEncryption", value, 1, accepted));
+  });
+}
+BENCHMARK(GlobalEncryptionGrowth)->Apply(Doubling);
+
+void UsedChannelsGrowth(benchmark::State& state) {
+  MeasureGrowth(state, "list: channels in use",
+                [](Session& session) { benchmark::DoNotOptimize(ItemsOf(session, "EmChannel", 1)); });
+}
+BENCHMARK(UsedChannelsGrowth)->Apply(Doubling);
+
+void SignallingTypeGrowth(benchmark::State& state) {
+  MeasureGrowth(state, "signalling type", TakeSignalling);
+}
+BENCHMARK(SignallingTypeGrowth)->Apply(Doubling);
+
+void OpeningGrowth(benchmark::State& state) {
+  MeasureOpening(state, {.name = "opening"}, *ManyChannels(RecordsOf(state)));
+}
+BENCHMARK(OpeningGrowth)->Apply(Doubling)->Unit(benchmark::kMillisecond);
+
+void SavingGrowth(benchmark::State& state) {
+  const auto session = NewSession(ManyChannels(RecordsOf(state)));
+  MeasureSaving(state, {.name = "saving"}, *session);
+}
+BENCHMARK(SavingGrowth)->Apply(Doubling)->Unit(benchmark::kMillisecond);
+}  // namespace

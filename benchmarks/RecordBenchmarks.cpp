@@ -1,0 +1,148 @@
+// Records on their way between radio, forms and versions, on the largest personality.
+
+#include <algorithm>
+#include <iterator>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "benchmarks/Measure.h"
+#include "benchmarks/Personalities.h"
+#include "benchmarks/Work.h"
+#include "host/Itables.h"
+#include "workbench/Conversion.h"
+#include "workbench/Messengers.h"
+#include "workbench/Schema.h"
+
+namespace {
+/// The fields of the tables that are converted record by record.
+std::vector<std::string> ConvertedFields(const Schema& schema, const std::vector<std::int32_t>& tables) {
+  std::vector<std::string> fieldIds;
+  for (const SchemaField* field : schema.FieldsInWritingOrder()) {
+    const bool isOfThem = std::ranges::find(tables, field->table) != tables.end();
+    const bool isConverted = field->transform != 0 && field->scope == FieldScope::Record;
+    if (isOfThem && isConverted) fieldIds.push_back(field->id);
+  }
+  return fieldIds;
+}
+
+/// From the form and back to it: all records in one run, behind one clearing of the tone tables, as a save
+/// does it. What is told is one record of the first table, with those that belong to it.
+void RecordBothWays(benchmark::State& state, const std::vector<std::int32_t>& tables, Figure figure) {
+  Session& session = OpenSession();
+  const auto provider = session.Content().Copy();
+  const OtherStore other(session, provider);
+  const auto fieldIds = ConvertedFields(provider->GetSchema(), tables);
+  const RecordNr records = provider->Count(tables.front());
+  const TierHost& host = session.Host();
+  figure.parts = records;
+  Measure(state, figure, &provider->Monitor(), {[&] {
+            Boolean converted = kFalse;
+            host.Require(host.Owner().TransformFromUI(provider, "50.CTCSSfreq", 1, converted));
+            for (RecordNr record = 1; record <= records; ++record) {
+              for (const auto& fieldId : fieldIds) {
+                host.Require(host.Owner().TransformFromUI(provider, fieldId, record, converted));
+                host.Require(host.Owner().TransformToUI(provider, fieldId, record, converted));
+              }
+            }
+          }});
+}
+BENCHMARK_CAPTURE(RecordBothWays, Channel, {5}, {.name = "one channel record both ways", .limit = 25})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(RecordBothWays, Network, {21, 36, 53, 67, 72, 75, 77, 78},
+                  {.name = "one network record both ways", .limit = 30})
+    ->Unit(benchmark::kMillisecond);
+
+/// Post-read processing and every conversion to the forms; without the file.
+void Opening(benchmark::State& state) {
+  MeasureOpening(state, {.name = "opening, without the file", .limit = 5000}, FullPersonality());
+}
+BENCHMARK(Opening)->Unit(benchmark::kMillisecond);
+
+void Saving(benchmark::State& state) {
+  MeasureSaving(state, {.name = "saving, without the file"}, OpenSession());
+}
+BENCHMARK(Saving)->Unit(benchmark::kMillisecond);
+
+/// The steps of a way from version to version, each with the two personalities that the host has made for it.
+std::vector<ConversionPair> Steps(const std::shared_ptr<Provider>& content,
+                                  const std::vector<std::string>& way, std::shared_ptr<Provider>& result) {
+  std::vector<ConversionPair> pairs;
+  const auto keepPair = [&](TierHost& host, const ConversionPair& pair) {
+    pairs.push_back({pair.source, pair.from, pair.destination->Copy(), pair.to});
+    return StepOfTier(host, pair);
+  };
+  result = Converter(Parts(), std::make_shared<RecordingMessenger>(), keepPair).Convert(content, way).result;
+  return pairs;
+}
+
+/// From the newest version to the oldest and back.
+std::vector<ConversionPair> StepsOfAllVersions() {
+  const VersionName& version = FullPersonality().GetSchema().Name();
+  auto path = VersionPath(OpenSession().Host(), version);
+  std::shared_ptr<Provider> oldest, newest;
+  const auto up = path;
+  std::ranges::reverse(path);
+  auto pairs = Steps(FullPersonality().Copy(), path, oldest);
+  std::ranges::move(Steps(oldest, up, newest), std::back_inserter(pairs));
+  return pairs;
+}
+
+/// What the tier does of it, with the largest personality open all the time: the copies that a host makes
+/// between the steps are not measured. A step reads what its source holds, so it can run again on what it
+/// wrote.
+void ConversionOverAllVersions(benchmark::State& state) {
+  static const auto pairs = StepsOfAllVersions();
+  Session& session = OpenSession();
+  const auto monitor = std::make_shared<CallMonitor>();
+  for (const ConversionPair& pair : pairs) {
+    pair.source->SetMonitor(monitor);
+    pair.destination->SetMonitor(monitor);
+  }
+  const std::string name = "conversion over all versions (" + std::to_string(pairs.size()) + " steps)";
+  Measure(state, {.name = name}, monitor.get(), {[&] {
+            for (const ConversionPair& pair : pairs) {
+              if (!StepOfTier(session.Host(), pair)) throw std::runtime_error(pair.to + " was refused");
+            }
+          }});
+}
+BENCHMARK(ConversionOverAllVersions);
+
+void Accept(const TierHost& host, const Status& status, const Boolean& accepted) {
+  host.Require(status);
+  if (accepted == kFalse) throw std::runtime_error("the tier does not let the record go or come");
+}
+
+/// The last network goes and comes again, by the host's way of a record: permission, record, completion.
+void ReplaceLastNetwork(Session& session, const std::shared_ptr<Provider>& provider) {
+  const TierHost& host = session.Host();
+  std::shared_ptr<Itables> tables;
+  std::shared_ptr<Itable> networks;
+  host.Require(provider->Tables(tables));
+  host.Require(tables->Table("21", networks));
+  RecordNr last = 0;
+  RecordNr left = 0;
+  Boolean accepted = kFalse;
+  host.Require(networks->RecordCount(last));
+  Accept(host, host.Validator().DeleteRecord("Network", last, provider, accepted), accepted);
+  host.Require(networks->DeleteRecord(last, left));
+  Accept(host, host.Owner().PostDeleteProcessing(provider, "Network", last, accepted), accepted);
+  Accept(host, host.Validator().AddRecord("Network", provider, accepted), accepted);
+  host.Require(networks->NewRecord(last));
+  Accept(host, host.Owner().PostAddProcessing(provider, "Network", accepted), accepted);
+}
+
+void DeletedAndAddedNetwork(benchmark::State& state) {
+  Session& session = OpenSession();
+  const auto provider = session.Content().Copy();
+  const OtherStore other(session, provider);
+  const Variant first = provider->Get("NetworkID", 1);
+  for (RecordNr channel = 1; channel <= provider->Count(5); ++channel) {
+    provider->Set("5.ChannelNetworkIdUI", channel, first);
+  }
+  Measure(state, {.name = "one network deleted and added"}, &provider->Monitor(),
+          {[&] { ReplaceLastNetwork(session, provider); }});
+}
+BENCHMARK(DeletedAndAddedNetwork);
+}  // namespace
