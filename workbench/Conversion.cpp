@@ -22,22 +22,6 @@ void CopyColumn(const Provider& source, const SchemaField& from, Provider& desti
   for (RecordNr record = 1; record <= count; ++record) destination.Set(to, record, source.Get(from, record));
 }
 
-/// A new personality of the version with all that it can hold of what is stored in the source.
-std::shared_ptr<Provider> SharedContent(const SchemaFiles& schemas, const Provider& source,
-                                        std::string_view version) {
-  std::shared_ptr<Provider> destination = NewPersonality(schemas, version);
-  for (const SchemaTable& table : destination->GetSchema().Tables()) {
-    const SchemaTable* from = source.GetSchema().FindTable(table.number);
-    if (!table.IsRaw() || from == nullptr || !from->IsRaw()) continue;
-    destination->SetCount(table.number, std::clamp(source.Count(*from), table.minimum, table.maximum));
-    for (const SchemaField& field : destination->GetSchema().FieldsOf(table)) {
-      const SchemaField* fromField = Counterpart(source.GetSchema(), field);
-      if (field.IsRaw() && fromField != nullptr) CopyColumn(source, *fromField, *destination, field);
-    }
-  }
-  return destination;
-}
-
 /// The tables that the version does not let be as empty as they are in the source.
 std::vector<Change> FilledTables(const Provider& source, const Provider& shared) {
   std::vector<Change> changes;
@@ -132,6 +116,21 @@ std::vector<OutsideValue> OutsideValues(const Provider& source, const Provider& 
 }
 
 }  // namespace
+
+std::shared_ptr<Provider> SharedContent(const SchemaFiles& schemas, const Provider& source,
+                                        std::string_view version) {
+  std::shared_ptr<Provider> destination = NewPersonality(schemas, version);
+  for (const SchemaTable& table : destination->GetSchema().Tables()) {
+    const SchemaTable* from = source.GetSchema().FindTable(table.number);
+    if (!table.IsRaw() || from == nullptr || !from->IsRaw()) continue;
+    destination->SetCount(table.number, std::clamp(source.Count(*from), table.minimum, table.maximum));
+    for (const SchemaField& field : destination->GetSchema().FieldsOf(table)) {
+      const SchemaField* fromField = Counterpart(source.GetSchema(), field);
+      if (field.IsRaw() && fromField != nullptr) CopyColumn(source, *fromField, *destination, field);
+    }
+  }
+  return destination;
+}
 
 bool StepOfTier(TierHost& host, const ConversionPair& pair) {
   Boolean goesOn = kFalse;

@@ -55,6 +55,11 @@ struct ConversionPair {
   std::string to;
 };
 
+/// A new personality of the version with all that it can hold of what is stored in the source: what a host
+/// copies before the tier is asked for its step.
+std::shared_ptr<Provider> SharedContent(const SchemaFiles& schemas, const Provider& source,
+                                        std::string_view version);
+
 /// Runs the step of a pair; false stops the conversion, and the user has been told why.
 using ConversionStep = std::function<bool(TierHost& host, const ConversionPair& pair)>;
 bool StepOfTier(TierHost& host, const ConversionPair& pair);

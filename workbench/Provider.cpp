@@ -126,6 +126,8 @@ void Provider::SetCount(std::int32_t table, RecordNr count) {
 
 void Provider::SetFactoryMode(bool on) { state_->factoryMode = on; }
 
+bool Provider::IsAutoUpdating() const { return state_->autoUpdate; }
+
 std::shared_ptr<Provider> Provider::Copy() const {
   auto copy = std::make_shared<Provider>(SharedSchema());
   copy->state_->records.CopyContent(state_->records);
@@ -157,5 +159,7 @@ const std::shared_ptr<const Schema>& Provider::SharedSchema() const { return sta
 const SchemaField& Provider::FieldOf(std::string_view name) const { return state_->FieldOf(name); }
 
 CallMonitor& Provider::Monitor() { return *state_->monitor; }
+
+const std::shared_ptr<CallMonitor>& Provider::SharedMonitor() const { return state_->monitor; }
 
 void Provider::SetMonitor(std::shared_ptr<CallMonitor> monitor) { state_->monitor = std::move(monitor); }

@@ -47,6 +47,7 @@ class Provider final : public Iprovider {
   /// Removes records from the end of the table or appends new ones, up to its capacity.
   void SetCount(std::int32_t table, RecordNr count);
   void SetFactoryMode(bool on);
+  bool IsAutoUpdating() const;
 
   /// Another provider with the same content and flags, a monitor of its own and no journal.
   std::shared_ptr<Provider> Copy() const;
@@ -58,6 +59,7 @@ class Provider final : public Iprovider {
   /// The field of the name as the interface resolves it; raises 5 for none.
   const SchemaField& FieldOf(std::string_view name) const;
   CallMonitor& Monitor();
+  const std::shared_ptr<CallMonitor>& SharedMonitor() const;
   /// Shares a monitor with other host objects; never empty.
   void SetMonitor(std::shared_ptr<CallMonitor> monitor);
 

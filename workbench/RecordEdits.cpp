@@ -78,6 +78,8 @@ void LeaveOut(std::vector<Change>& changes, const SchemaTable& table) {
 
 std::string_view NameOf(RecordStep step) { return kSteps[static_cast<std::size_t>(step)]; }
 
+std::span<const Grid> Grids::All() { return kGrids; }
+
 const Grid& Grids::Named(const Schema& schema, std::string_view text) {
   std::vector<std::string> all;
   for (const Grid& grid : kGrids) {

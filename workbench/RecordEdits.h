@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,6 +24,7 @@ struct Grid {
 };
 
 namespace Grids {
+std::span<const Grid> All();
 /// The grid of a name, of a table's number or of its title in the schema ("networks"). An unknown one is a
 /// UsageError that suggests what is spelled alike.
 const Grid& Named(const Schema& schema, std::string_view text);

@@ -1,0 +1,139 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <ostream>
+
+#include "workbench/AtomicFile.h"
+#include "workbench/Commands.h"
+#include "workbench/FileError.h"
+#include "workbench/Report.h"
+#include "workbench/Schema.h"
+#include "workbench/TextTable.h"
+#include "workbench/TierLoader.h"
+#include "workbench/conform/Check.h"
+#include "workbench/conform/Runner.h"
+
+namespace {
+
+using Json = Workplace::Json;
+using Conform::Check;
+using Conform::CheckResult;
+
+struct ConformArguments {
+  int level = Conform::kStandardLevel;
+  std::vector<std::string> checks;
+  std::uint64_t seed = 1;
+  std::int64_t seconds = 600;
+  bool list = false;
+  bool here = false;
+};
+
+/// The checks that were asked for by name, else those of the levels up to the one asked for.
+std::vector<Check> Chosen(const ConformArguments& arguments) {
+  std::vector<Check> all = Conform::AllChecks();
+  std::vector<std::string> names;
+  for (const Check& check : all) names.emplace_back(check.name);
+  for (const std::string& name : arguments.checks) {
+    if (std::ranges::find(names, name) != names.end()) continue;
+    throw UsageError("there is no check \"" + name + "\" (see kd4410 conform --list)" +
+                     Report::Suggestion(name, names));
+  }
+  std::erase_if(all, [&](const Check& check) {
+    if (arguments.checks.empty()) return check.level > arguments.level;
+    return std::ranges::find(arguments.checks, check.name) == arguments.checks.end();
+  });
+  return all;
+}
+
+ExitCode List(const std::vector<Check>& checks, Workplace& workplace) {
+  Json list = Json::array();
+  TextTable table({{"Level", TextTable::Align::Right}, {"Check"}, {"What a tier that passes promises"}});
+  for (const Check& check : checks) {
+    list.push_back({{"level", check.level}, {"name", check.name}, {"promise", check.promise}});
+    table.Add({std::to_string(check.level), std::string(check.name), std::string(check.promise)});
+  }
+  if (workplace.options.json) {
+    workplace.Emit({{"checks", std::move(list)}});
+  } else {
+    table.Print(workplace.Out());
+  }
+  return ExitCode::Done;
+}
+
+/// One check, in this process; its lines go to standard output.
+ExitCode RunHere(const Check& check, const ConformArguments& arguments, Workplace& workplace) {
+  Conform::CheckRun(workplace.Parts(), arguments.seed, workplace.Out()).Run(check);
+  return ExitCode::Done;
+}
+
+Json JsonOf(const CheckResult& result) {
+  Json findings = Json::array();
+  for (const auto& [at, what] : result.findings) findings.push_back({{"at", at}, {"what", what}});
+  Json json = {{"level", result.check.level},     {"name", result.check.name},
+               {"promise", result.check.promise}, {"outcome", Conform::NameOf(result.outcome)},
+               {"tried", result.tried},           {"findings", std::move(findings)}};
+  if (!result.end.empty()) {
+    json["end"] = result.end;
+    json["lastWords"] = result.lastWords;
+  }
+  return json;
+}
+
+void Print(const CheckResult& result, std::ostream& out) {
+  out << "level " << result.check.level << "  " << result.check.name << ": "
+      << Conform::NameOf(result.outcome) << ", " << result.tried << " tried (" << result.check.promise
+      << ")\n";
+  for (const auto& [at, what] : result.findings) out << "  - " << at << ": " << what << '\n';
+  if (!result.end.empty()) out << "  - " << result.end << '\n';
+  if (!result.lastWords.empty()) out << "    its last words:\n" << result.lastWords << '\n';
+}
+
+ExitCode Run(const ConformArguments& arguments, Workplace& workplace) {
+  const std::vector<Check> checks = Chosen(arguments);
+  if (arguments.list) return List(checks, workplace);
+  if (arguments.here) return RunHere(checks.front(), arguments, workplace);
+
+  const HostParts parts = workplace.Parts();
+  if (!AtomicFile(parts.tierLibrary).Exists()) {
+    throw FileError(parts.tierLibrary, 0, "tier", "No such file or directory");
+  }
+  const std::vector<CheckResult> results = Conform::RunChecks(
+      checks, {parts.tierLibrary, parts.dataFolder, arguments.seed, std::chrono::seconds(arguments.seconds)});
+  const auto failed = std::ranges::count_if(
+      results, [](const CheckResult& result) { return result.outcome != Conform::Outcome::Passed; });
+  if (workplace.options.json) {
+    Json list = Json::array();
+    for (const CheckResult& result : results) list.push_back(JsonOf(result));
+    workplace.Emit({{"tier", parts.tierLibrary}, {"failed", failed}, {"checks", std::move(list)}});
+  } else {
+    for (const CheckResult& result : results) Print(result, workplace.Out());
+    workplace.Out() << results.size() << " checks, " << failed << " failed\n";
+  }
+  return failed == 0 ? ExitCode::Done : ExitCode::No;
+}
+
+}  // namespace
+
+void AddConformCommand(CLI::App& app, Action& action) {
+  auto given = std::make_shared<ConformArguments>();
+  CLI::App* command = app.add_subcommand(
+      "conform",
+      "Prove that a tier library keeps what its interfaces promise, each check in a process of its own");
+  command->footer(
+      "Levels add up: 1 the library, 2 its life, 3 every call, 4 side effects, 5 round trips and "
+      "messages,\n6 random sessions, 7 and 8 failing hosts. See --list.");
+  command->add_option("--level", given->level, "The highest level; 5 when none is given")
+      ->check(CLI::Range(Conform::kLowestLevel, Conform::kHighestLevel));
+  command->add_option("--check", given->checks, "Only the check of this name; may be given more than once")
+      ->take_all();
+  command->add_option("--seed", given->seed, "Of the random sessions; 1 when none is given");
+  command->add_option("--patience", given->seconds, "Seconds that a check may take; 600 when none is given")
+      ->check(CLI::PositiveNumber);
+  command->add_flag("--list", given->list, "List the checks, run none");
+  command
+      ->add_flag("--here", given->here, "Run one check in this process and print its lines, for a debugger")
+      ->needs(command->get_option("--check"));
+  command->callback(
+      [given, &action] { action = [given](Workplace& workplace) { return Run(*given, workplace); }; });
+}

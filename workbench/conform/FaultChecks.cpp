@@ -1,0 +1,109 @@
+#include <algorithm>
+
+#include "workbench/Provider.h"
+#include "workbench/Schema.h"
+#include "workbench/conform/Calls.h"
+#include "workbench/conform/Check.h"
+#include "workbench/conform/Operations.h"
+
+/// The host's calls fail, each in turn: the tier ends the application in good order.
+namespace Conform {
+namespace {
+
+enum class Lasts { Once, FromThenOn };
+
+/// A call on the tier, and the calls on the host that it makes when nothing fails.
+struct Scenario {
+  Call call;
+  Answer clean;
+  std::vector<std::string> hostCalls;
+};
+
+bool SetsAutoUpdate(const std::string& hostCall) { return hostCall.starts_with("Iprovider.SetAutoUpdate"); }
+
+/// Whether AutoUpdate can not be restored: the call that does it fails.
+bool BreaksRestoring(const Scenario& scenario, std::size_t failing, Lasts lasts) {
+  const auto first = scenario.hostCalls.begin() + static_cast<std::ptrdiff_t>(failing - 1);
+  const auto next = std::find_if(first, scenario.hostCalls.end(), SetsAutoUpdate);
+  return lasts == Lasts::Once ? next == first : next != scenario.hostCalls.end();
+}
+
+/// "KD4410: Procedure\r\n...what the host said": the fault has come to the tail of a procedure.
+bool IsTailOf(const std::string& box, const std::string& model) {
+  const std::size_t name = model.size() + 2;
+  const std::size_t end = box.find("\r\n");
+  return box.starts_with(model + ": ") && end != std::string::npos && end > name &&
+         box.ends_with(CallMonitor::PlannedFault().description);
+}
+
+std::string TroubleOf(const Answer& answer, bool before, bool mayLeaveAutoUpdate, const std::string& model,
+                      Lasts lasts) {
+  if (!answer.escaped.empty()) return "an exception crossed the border: " + answer.escaped;
+  if (answer.fault) return "the fault was not shown, it went on to the host: " + answer.Text();
+  const std::size_t boxes = answer.boxes.size();
+  if (boxes != static_cast<std::size_t>(answer.terminations) || boxes == 0 ||
+      (lasts == Lasts::Once && boxes > 1)) {
+    return std::to_string(boxes) + " boxes and " + std::to_string(answer.terminations) +
+           " requests to end the application";
+  }
+  for (const std::string& box : answer.boxes) {
+    if (!IsTailOf(box, model)) return "the box does not name procedure and fault: " + box;
+  }
+  // Which of the two stood when the fault struck is the procedure's own.
+  if (answer.result != kTrue && answer.result != kFalse) return std::to_string(answer.result) + " is no flag";
+  if (answer.isAutoUpdating != before && !mayLeaveAutoUpdate) return "leaves AutoUpdate changed";
+  return {};
+}
+
+void FailEach(CheckRun& run, std::string_view personality, Bench& bench, const Scenario& scenario,
+              Lasts lasts) {
+  const bool before = bench.Content().IsAutoUpdating();
+  const std::string& model = bench.Content().GetSchema().Model();
+  for (std::size_t failing = 1; failing <= scenario.hostCalls.size(); ++failing) {
+    const auto plan = [&] {
+      const auto call = static_cast<std::int64_t>(failing);
+      lasts == Lasts::Once ? bench.Monitor().FailOnce(call) : bench.Monitor().FailFrom(call);
+    };
+    const Answer answer = bench.Try(scenario.call, plan);
+    const std::string what =
+        TroubleOf(answer, before, BreaksRestoring(scenario, failing, lasts), model, lasts);
+    if (what.empty()) {
+      run.Judge("", "");
+    } else {
+      run.Judge(std::string(personality) + ": " + scenario.call.Text() + ", host call " +
+                    std::to_string(failing) + " (" + scenario.hostCalls[failing - 1] + ")",
+                what);
+    }
+  }
+}
+
+template <Lasts lasts>
+void FailEach(CheckRun& run) {
+  for (const Personality& personality : run.Personalities()) {
+    Bench bench(run.Parts(), *personality.stored);
+    for (const Call& call : AllCallsOn(bench)) {
+      if (!call.isLegal) continue;
+      bench.Monitor().Record(true);
+      Scenario scenario{call, bench.Try(call), bench.Monitor().Calls()};
+      bench.Monitor().Record(false);
+      // What fails by itself is told by other checks.
+      if (scenario.clean.fault || !scenario.clean.boxes.empty()) continue;
+      FailEach(run, personality.name, bench, scenario, lasts);
+    }
+  }
+}
+
+// clang-format off
+constexpr Check kChecks[] = {
+    {"single-faults",  7, "every call on the host fails once: one box names procedure and fault, the application ends, "
+                          "AutoUpdate is restored", FailEach<Lasts::Once>},
+    {"lasting-faults", 8, "every call on the host fails, and all after it: each box with its end of the application",
+                                                    FailEach<Lasts::FromThenOn>},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const Check> FaultChecks() { return kChecks; }
+
+}  // namespace Conform
