@@ -1,7 +1,10 @@
 #include "workbench/Session.h"
 
+#include <cmath>
+
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
+#include "platform/DecimalText.h"
 #include "workbench/Provider.h"
 #include "workbench/Schema.h"
 #include "workbench/ValueLists.h"
@@ -40,8 +43,8 @@ std::string ControlRefusal(const SchemaField& field, std::string_view typed) {
   if (field.type != FieldType::Integer && field.type != FieldType::Number) return {};
   if (!IsNumeric(typed)) return "the field takes a number";
   const Limits limits = LimitsOf(field);
-  const double value = CDbl(typed);
-  if (limits.Hold(value)) return {};
+  const double value = *ParseNumber(typed);  // infinite for more digits than a number has
+  if (limits.Hold(value) && std::isfinite(value)) return {};
   return "the field takes values from " + CStr(limits.lowest) + " to " + CStr(limits.highest);
 }
 
@@ -154,6 +157,7 @@ std::shared_ptr<Provider> Session::Reopened() {
 
 std::shared_ptr<Provider> Session::ConvertedToRaw() {
   std::shared_ptr<Provider> copy = provider_->Copy();
+  copy->SetMonitor(provider_->SharedMonitor());  // a save is part of the session
   host_.UseStore(copy);
   host_.Require(copy->SetAutoUpdate(kTrue));
   for (const SchemaField* field : copy->GetSchema().FieldsInWritingOrder()) {

@@ -69,10 +69,14 @@ constexpr double kSecondsPerDay = 86'400;
 constexpr double kFirstDay = -657'434;
 constexpr double kLastDay = 2'958'466;
 
-/// Rounded to whole seconds first, so that the last half second of a day belongs to the next one.
+/// Rounded to whole seconds, so that the last half second of a day belongs to the next one.
+double SecondsOf(Date date) { return std::round(date.days * kSecondsPerDay); }
+
+bool IsInCalendar(Date date) { return date.days >= kFirstDay && SecondsOf(date) < kLastDay * kSecondsPerDay; }
+
 std::string ToText(Date date) {
-  if (date.days < kFirstDay || date.days >= kLastDay) RaiseOverflow();
-  const double total = std::round(date.days * kSecondsPerDay);
+  if (!IsInCalendar(date)) RaiseOverflow();
+  const double total = SecondsOf(date);
   const double whole = std::floor(total / kSecondsPerDay);
   const year_month_day day{kEpoch + days{RoundTo<std::int32_t>(whole)}};
   std::string text = FormatFixed(static_cast<int>(day.year()), 4, 0) + '-' +
@@ -126,6 +130,12 @@ Date FromText(std::string_view text) {
   return Date{result};
 }
 }  // namespace dates
+
+/// No number that is infinite, no date beyond the calendar and no array.
+bool HasText(const Variant& value) {
+  if (const auto* date = std::get_if<Date>(&value)) return dates::IsInCalendar(*date);
+  return value.IsText() || value.IsEmpty() || (!value.IsArray() && std::isfinite(CDbl(value)));
+}
 }  // namespace
 
 std::int32_t RoundToLong(double value) { return RoundTo<std::int32_t>(value); }
@@ -218,10 +228,10 @@ bool IsNumeric(const Variant& value) {
 }
 
 bool SameValue(const Variant& a, const Variant& b) {
-  if (a.IsArray() || b.IsArray()) return false;
   const auto left = NumberOf(a);
   const auto right = NumberOf(b);
-  return left && right ? *left == *right : CStr(a) == CStr(b);
+  if (left && right) return *left == *right;
+  return HasText(a) && HasText(b) && CStr(a) == CStr(b);
 }
 
 bool IsTicked(const Variant& value) {

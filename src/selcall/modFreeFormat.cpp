@@ -81,13 +81,16 @@ std::string StatusFromForm(const Variant& twoDigits, const std::string& text) {
 }
 }  // namespace
 
+// Asked for any number before anyone knows that there is such a record, so the arithmetic is of 64 bits.
 RecordNr GetSelcallRecordFromFreeFormatRecord(RecordNr record) {
-  return (record - 1) / kSequencesPerSystem + 1;
+  return static_cast<RecordNr>((std::int64_t{record} - 1) / kSequencesPerSystem + 1);
 }
 
 std::int32_t GetFreeFormatDerivedFieldNumber(RecordNr record) { return GetSequenceID(record) + 1; }
 
-std::int32_t GetSequenceID(RecordNr record) { return (record - 1) % kSequencesPerSystem; }
+std::int32_t GetSequenceID(RecordNr record) {
+  return static_cast<std::int32_t>((std::int64_t{record} - 1) % kSequencesPerSystem);
+}
 
 std::string GetFreeFormatFieldName(RecordNr record) {
   return "FreeFormSequence" + std::to_string(GetFreeFormatDerivedFieldNumber(record));

@@ -98,8 +98,9 @@ FieldRef PatchField(const ProviderRef& provider, std::string_view form, std::int
   return provider.Field(std::string(form) + std::to_string(patch));
 }
 
+/// Raises 6 for a network beyond all tables.
 RecordNr PatchRecord(RecordNr network, std::int32_t patch) {
-  return (network - 1) * kPatchesPerNetwork + patch;
+  return RoundToLong((network - 1.0) * kPatchesPerNetwork + patch);
 }
 
 /// Table 68 has that record afterwards. In a walk over all networks it is the next one; a network that is

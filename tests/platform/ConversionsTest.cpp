@@ -78,6 +78,8 @@ TEST_F(Conversions, ToTextKeepsFifteenDigitsOfADoubleAndSevenOfASingle) {
 TEST_F(Conversions, DatesAreIsoTextsAndNumbersOfDays) {
   Expect(CStr, {{Date{0}, "1899-12-30"}, {Date{45351 + 49'500 / 86'400.0}, "2024-02-29 13:45:00"}});
   EXPECT_EQ(CStr(Date{45351 + 86'399.9 / 86'400}), "2024-03-01");  // just before midnight
+  constexpr double kEndOfCalendar = 2'958'466;                     // the year 10000
+  ExpectEach(CStr, "error 6", {Date{kEndOfCalendar}, Date{kEndOfCalendar - 0.4 / 86'400}, Date{-657'435}});
   EXPECT_EQ(CDate(" 1899-12-31 ").days, 1);
   for (const char* text : {"2024-02-29 18:00:00", "2024-02-29T18:00:00", "45351.75"})
     EXPECT_EQ(CDate(text).days, 45351.75);
@@ -114,6 +116,10 @@ TEST_F(Conversions, SameValueComparesNumbersAsNumbersAndAllElseAsExactText) {
                                                    {"1E1", 10}, {"1E1", "10"},    {"&H10", 16},
                                                    {"a ", "a"}, {"", " "},        {"", AnArray()}};
   for (const auto& [a, b] : different) EXPECT_FALSE(SameValue(a, b) || SameValue(b, a)) << CStr(a);
+  for (const Variant& textless : {Variant(HUGE_VAL), Variant(Date{3e6})}) {
+    EXPECT_FALSE(SameValue(textless, "None") || SameValue("", textless));
+    EXPECT_TRUE(SameValue(textless, textless));
+  }
 }
 
 TEST_F(Conversions, FixedFormatsRoundHalfAwayOnTheDecimalDigits) {

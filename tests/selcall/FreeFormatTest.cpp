@@ -1,3 +1,5 @@
+#include <limits>
+
 #include "selcall/modSelcallMapping.h"
 #include "tests/channels/ChannelFixture.h"
 
@@ -76,5 +78,11 @@ TEST_F(FreeFormat, SavingTakesIdentityAndMonitorFlagOfTheSystemWhereThereIsOne) 
              Text("49.FreeFormActivateMonitor", record) + " ";
   }
   EXPECT_EQ(saved, "461 900 330 ");
+}
+
+TEST_F(FreeFormat, ARecordOfNoSystemIsNotSaved) {
+  for (const RecordNr record : {std::numeric_limits<RecordNr>::min(), std::numeric_limits<RecordNr>::max()}) {
+    EXPECT_TRUE(FromUI("49.FreeFormSequence", record));
+  }
 }
 }  // namespace

@@ -1,3 +1,5 @@
+#include <limits>
+
 #include "selcall/modSelcallMapping.h"
 #include "tests/channels/ChannelFixture.h"
 
@@ -67,6 +69,13 @@ TEST_F(Sequences, PatchSequencesAreFourRecordsOfEachNetwork) {
   EXPECT_EQ(Column("67.DTMFPatchSequence4") + "," + Column("67.DTMFPatchLineReleaseSeq1"), "*4  , #1 ");
   EXPECT_EQ(Column("68.DTMFPatchSeqNetworkID"), "7 7 7 7 3 3 3 3 0 0 0");
   EXPECT_EQ(Column("72.DTMFPatchTonesNetworkID"), "7") << "table 72 ends behind network 1";
+}
+
+TEST_F(Sequences, ANetworkBeyondAllTablesIsAFaultAndAddsNoPatchSequences) {
+  ExpectTermination();
+  EXPECT_TRUE(FromUI(kPatch, std::numeric_limits<RecordNr>::max()));
+  EXPECT_EQ(Terminations(), 1);
+  EXPECT_EQ(provider.Count(68), provider.GetSchema().FindTable(68)->minimum);
 }
 
 TEST_F(Sequences, MDC1200TextsAreHexadecimalOnTheFormAndDecimalInTheRadio) {

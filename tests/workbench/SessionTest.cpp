@@ -3,15 +3,20 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "platform/Conversions.h"
+#include "tests/support/BuiltFiles.h"
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
 #include "workbench/PersonalityFile.h"
+#include "workbench/Workplace.h"
 
 namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using namespace std::string_literals;
 
 /// A session on a sample, through the built library.
 class SessionTest : public testing::Test {
@@ -19,10 +24,8 @@ class SessionTest : public testing::Test {
   void Open(const std::string& sample) {
     document = ContentOf(Sample(sample));
     content = PersonalityFile::Parse(sample, document, *ProjectSchemas());
-    const HostParts parts{ProjectSchemas(), TIER_LIBRARY,
-                          std::filesystem::path(TIER_LIBRARY).parent_path().string()};
     session.reset();
-    session = std::make_unique<Session>(parts, content, messenger);
+    session = std::make_unique<Session>(ProjectParts(), content, messenger);
   }
 
   EditResult Edit(std::string_view uiid, RecordNr record, std::string_view typed) {
@@ -106,7 +109,7 @@ TEST_F(SessionTest, AnAcceptedEditTellsWhatElseChangedARefusedOneKeepsTheOldValu
 TEST_F(SessionTest, TheControlsOfTheHostRefuseWhatNoRuleIsToSee) {
   Open("marine-harbour");
   session->ConvertToForms();
-  for (const char* typed : {"", "high", "5", "-1"}) {
+  for (const std::string& typed : {""s, "high"s, "5"s, "-1"s, std::string(400, '7')}) {
     const EditResult result = Edit("TxPower_k6k", 1, typed);
     EXPECT_FALSE(result.accepted) << typed;
     EXPECT_FALSE(result.refusal.empty()) << typed;
@@ -136,15 +139,37 @@ TEST_F(SessionTest, TheControlOfAnIdentityOffersFreeNumbersOnly) {
   EXPECT_TRUE(Edit("NetworkID", 1, "16").accepted);
 }
 
-TEST_F(SessionTest, AFaultAnywhereOnTheWayIsNoResult) {
-  Open("minimal");
-  content->Monitor().FailOnce(50);
-  EXPECT_THROW(session->ConvertToForms(), TierFault);
-
-  Open("minimal");
-  session->ConvertToForms();
-  content->Monitor().FailOnce(4);
-  EXPECT_THROW(Edit("TxFreq_k6k", 1, "440.5"), TierFault);
+/// Opens the file, edits and saves it as a command does; `failing` is the host call that fails, 0 for none.
+std::int64_t EditFile(Workplace& workplace, const std::string& file, std::int64_t failing, bool lasting) {
+  const auto messenger = std::make_shared<ScriptedMessenger>();
+  OpenedFile opened(workplace, file, messenger);
+  CallMonitor& monitor = opened.Content().Monitor();
+  messenger->SetMonitor(opened.Content().SharedMonitor());
+  if (failing > 0) lasting ? monitor.FailFrom(failing) : monitor.FailOnce(failing);
+  opened.GetSession().ConvertToForms();
+  const SchemaField& field = opened.Content().FieldOf("TxFreq_k6k");
+  if (opened.GetSession().Edit(field, "TxFreq_k6k", 1, "441.5").accepted) opened.Save();
+  return monitor.Count();
 }
 
+TEST_F(SessionTest, WhereverAHostCallFailsAnEditEndsWithAFaultAndTheFileIsAsItWas) {
+  std::ostringstream out;
+  Workplace workplace(out);
+  workplace.options.tier = kTierLibrary;
+  workplace.options.data = ProjectParts().dataFolder;
+  const TemporaryFolder folder;
+  const std::string before = ContentOf(Sample("minimal"));
+  const std::string file = folder.Write("p.json", before);
+  const std::int64_t calls = EditFile(workplace, folder.Write("clean.json", before), 0, false);
+  EXPECT_GT(calls, 500);
+  EXPECT_FALSE(ContentOf(folder.PathOf("clean.json")) == before);
+  const std::int64_t step =
+      calls / 100 + 1;  // all over opening, edit and save; each of them would take minutes
+  for (std::int64_t failing = 1; failing <= calls; failing += step) {
+    for (const bool lasting : {false, true}) {
+      EXPECT_THROW(EditFile(workplace, file, failing, lasting), TierFault) << failing;
+    }
+  }
+  EXPECT_TRUE(ContentOf(file) == before);
+}
 }  // namespace

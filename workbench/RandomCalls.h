@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <random>
+#include <span>
+#include <string>
+#include <vector>
+
+class Provider;
+struct HostParts;
+
+/// A source of choices: a generator that never ends, or the bytes of an input until they run out.
+class Choices {
+ public:
+  explicit Choices(std::uint64_t seed) : generator_(seed), isEndless_(true) {}
+  /// The bytes outlive this object.
+  explicit Choices(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
+
+  /// 0 to `count` - 1, always 0 at the end; `count` is at least 1.
+  std::size_t Below(std::size_t count);
+  bool OneIn(std::size_t count) { return Below(count) == count - 1; }
+  bool HasEnded() const { return !isEndless_ && bytes_.empty(); }
+
+ private:
+  std::mt19937_64 generator_;
+  bool isEndless_ = false;
+  std::span<const std::uint8_t> bytes_;
+};
+
+/// What a session of random calls came to.
+struct RandomSession {
+  /// Each call with its arguments and what became of it, in order: a failing session can be told by them.
+  std::vector<std::string> calls;
+  /// What the last of them did that no tier may do; empty for nothing.
+  std::string trouble;
+
+  /// All of it, a line each.
+  std::string Text() const;
+};
+
+/// Opens a tier on a copy of the personality, which is on its forms already, and lets a host make up to
+/// `steps` calls on it: edits, new and deleted records, conversions, lists, states, forms, checks of a save.
+/// A legal call has to succeed, or not to be supported (445). One with an unknown name, a record that is not
+/// there or a value that no control lets through may end the application, in good order; what it wrote is
+/// taken back, and the calls behind it have to work. None leaves an exception or another AutoUpdate behind.
+/// At the end the content is saved, read again and compared. The next trouble ends the session.
+RandomSession RunRandomCalls(const HostParts& parts, const Provider& onForms, Choices& choices, int steps);
