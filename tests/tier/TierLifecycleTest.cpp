@@ -170,35 +170,6 @@ TEST_F(TierLifecycle, ADelegateReadsTheProviderOfTheOtherTier) {
   EXPECT_EQ(Get(validator, &ItierValidator::Validator), validatorHost);
 }
 
-TEST(TierLibraryFile, ExportsItsFourEntryPointsAndNothingElse) {
-  const TemporaryFolder folder;
-  const std::string list = folder.PathOf("list");
-  const std::string command =
-      std::string("nm -D --defined-only --format=posix '") + kTierLibrary + "' | cut -d' ' -f1 > " + list;
-  ASSERT_EQ(std::system(command.c_str()), 0);
-  EXPECT_EQ(ContentOf(list), "DllCanUnloadNow\nDllGetClassObject\nDllRegisterServer\nDllUnregisterServer\n");
-}
-
-TEST(TierLibraryFile, EachFactoryMakesItsOwnClassAlone) {
-  const FreshLibrary library;
-  for (std::size_t i = 0; i < std::size(kClasses); ++i) {
-    const auto factory = library.Factory(kClasses[i]);
-    const auto make = [&]<typename Out>(Status (IclassFactory::*operation)(Out&)) {
-      Out out;
-      return NumberOf((*factory.*operation)(out));
-    };
-    std::vector<std::int32_t> expected(std::size(kClasses), 430);
-    expected[i] = 0;
-    EXPECT_EQ((std::vector{make(&IclassFactory::CreateTier), make(&IclassFactory::CreateSchema),
-                           make(&IclassFactory::CreateUserInterface),
-                           make(&IclassFactory::CreateProviderOwner), make(&IclassFactory::CreateValidator)}),
-              expected);
-  }
-  EXPECT_NE(library.Factory("CLSTIERUI"), nullptr);
-  for (const char* unknown : {"", "colProvInfo", "clsKD4410Tier "})
-    EXPECT_EQ(library.Factory(unknown), nullptr);
-}
-
 TEST(TierLibraryFile, MayBeUnloadedWhenNoObjectLives) {
   const FreshLibrary library;
   EXPECT_TRUE(library.CanUnloadNow());

@@ -145,25 +145,33 @@ constexpr Operation kWhole[] = {
 // clang-format on
 
 /// Calls `visit` with each name under which a form may hold a field: its UIIDs, and its plain name where no
-/// other field has it; and whether its table has a first record.
+/// other field has it.
 template <typename Visit>
-void ForEachControl(const Provider& content, Visit visit) {
-  const Schema& schema = content.GetSchema();
+void ForEachControl(const Schema& schema, Visit visit) {
   for (const SchemaField& field : schema.Fields()) {
-    const bool hasRecord = content.Count(field.table) > 0;
-    for (const std::string& uiid : field.uiids) visit(field, uiid, hasRecord);
+    for (const std::string& uiid : field.uiids) visit(field, uiid);
     const std::string plain(field.Name());
-    if (schema.Find(plain) == &field) visit(field, plain, hasRecord);
+    if (schema.Find(plain) == &field) visit(field, plain);
   }
+}
+
+/// The first record of the field's table and the last; the first, too, when it has none.
+std::vector<RecordNr> EndRecords(const Provider& content, const SchemaField& field) {
+  const RecordNr last = content.Count(field.table);
+  if (last <= 1) return {1};
+  return {1, last};
 }
 
 std::vector<Call> FieldRuleCalls(const Provider& content) {
   std::vector<Call> calls;
-  ForEachControl(content, [&](const SchemaField& field, const std::string& uiid, bool hasRecord) {
-    if (hasRecord) calls.push_back({&kValidate, uiid, 1, content.Get(field, 1), true});
-    for (const Variant& value : {Variant(0), Variant("1"), Variant(2), Variant("None")}) {
-      const bool isText = value.IsText() && field.type != FieldType::Text;
-      calls.push_back({&kValidate, uiid, 1, value, hasRecord && !isText});
+  ForEachControl(content.GetSchema(), [&](const SchemaField& field, const std::string& name) {
+    for (const RecordNr record : EndRecords(content, field)) {
+      const bool isThere = record <= content.Count(field.table);
+      if (isThere) calls.push_back({&kValidate, name, record, content.Get(field, record), true});
+      for (const Variant& value : {Variant(0), Variant("1"), Variant(2), Variant("None")}) {
+        const bool isText = value.IsText() && field.type != FieldType::Text;
+        calls.push_back({&kValidate, name, record, value, isThere && !isText});
+      }
     }
   });
   return calls;
@@ -172,8 +180,10 @@ std::vector<Call> FieldRuleCalls(const Provider& content) {
 /// A control may be drawn, and its list be filled, before its record exists.
 std::vector<Call> ControlCalls(const Provider& content, const Operation& operation) {
   std::vector<Call> calls;
-  ForEachControl(content, [&](const SchemaField&, const std::string& name, bool) {
-    calls.push_back({&operation, name, 1, {}, true});
+  ForEachControl(content.GetSchema(), [&](const SchemaField& field, const std::string& name) {
+    for (const RecordNr record : EndRecords(content, field)) {
+      calls.push_back({&operation, name, record, {}, true});
+    }
   });
   return calls;
 }
@@ -209,9 +219,11 @@ std::vector<Call> TransformationCalls(const Provider& content) {
   std::vector<Call> calls;
   for (const SchemaField& field : content.GetSchema().Fields()) {
     if (field.transform == 0) continue;
-    const bool isLegal = field.scope == FieldScope::Table || content.Count(field.table) > 0;
-    for (const Operation* operation : {&kFromForm, &kToForm}) {
-      calls.push_back({operation, field.id, 1, {}, isLegal});
+    for (const RecordNr record : EndRecords(content, field)) {
+      const bool isLegal = field.scope == FieldScope::Table || record <= content.Count(field.table);
+      for (const Operation* operation : {&kFromForm, &kToForm}) {
+        calls.push_back({operation, field.id, record, {}, isLegal});
+      }
     }
   }
   return calls;

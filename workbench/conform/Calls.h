@@ -105,8 +105,9 @@ class Bench {
   std::shared_ptr<Provider> destination_;
 };
 
-/// Every call of the subject that the schema of the open personality knows, on record 1: rules with what is
-/// stored and with a few other values, conversions in both directions, grids through all their steps.
+/// Every call of the subject that the schema of the open personality knows, on the first record and the last:
+/// rules with what is stored and with a few other values, conversions in both directions, grids through all
+/// their steps.
 std::vector<Call> CallsOn(Bench& bench, Subject subject);
 std::vector<Call> AllCallsOn(Bench& bench);
 
