@@ -2,7 +2,6 @@
 
 #include <array>
 #include <exception>
-#include <limits>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -25,48 +24,6 @@ namespace {
 using namespace std::string_literals;
 
 constexpr Boolean kUnwritten = 5;
-constexpr std::size_t kLongText = 5000;
-
-/// Names and values that no form has, and some that only look so.
-const std::string kOddTexts[] = {
-    "",
-    " ",
-    "None",
-    "NoSuchControl",
-    "5.",
-    ".ChannelTxFreq",
-    "5.NoSuchField",
-    "999.Any",
-    "-1",
-    "0",
-    "1",
-    "2",
-    "21",
-    "1119",
-    "2147483648",
-    "-2147483649",
-    "1E400",
-    "&HFFFFFFFF",
-    "0,5",
-    "1.5",
-    "True",
-    "2024-02-30",
-    "a|b",
-    "%0:S",
-    "GGGG",
-    "T,T,T",
-    std::string(kLongText, '7'),
-    "\xFF\xFE",
-    "a\0b"s,
-    "12345",
-    "0123456789ABCDEF",
-    "R1,R2",
-    "\r\n",
-    "Channels6000",
-    "ControlStatus6000",
-};
-constexpr RecordNr kOddRecords[] = {0, -1, std::numeric_limits<RecordNr>::max(),
-                                    std::numeric_limits<RecordNr>::min(), 5000};
 
 /// What ends the session: the tier did what none may do.
 class Trouble : public std::runtime_error {
@@ -139,18 +96,11 @@ class RandomHost {
   TierHost& Host() { return session_->Host(); }
   const std::shared_ptr<Provider>& Store() { return session_->SharedContent(); }
 
-  template <typename Items>
-  const auto& OneOf(const Items& items) {
-    return items[choices_.Below(std::size(items))];
-  }
   bool IsOdd() { return choices_.OneIn(4); }
-  const SchemaField& AnyField() { return OneOf(GetSchema().Fields()); }
   const SchemaField& AnyControl();
+  /// The UIID of the field, or a name that is none.
+  std::string AnyUIID(const SchemaField& field);
   Place AnyPlace(std::int32_t table);
-  /// Names ignore case.
-  std::string InAnyCase(std::string name);
-  std::string AnyText();
-  Variant AnyValue();
   /// What a user may type into the control of the field.
   std::string Typed(const SchemaField& field, const std::string& uiid, RecordNr record);
   /// An item of the field's list; none for a field without one.
@@ -205,16 +155,21 @@ void RandomHost::Judge(const Status& status, Boolean result, bool isLegal) {
 template <typename Work>
 bool RandomHost::Do(std::string text, Work work) {
   told_.calls.push_back(std::move(text));
+  const bool wasAutoUpdating = Content().IsAutoUpdating();
+  ApplicationServices& services = Host().Services();
+  bool isSupported = true;
   try {
     told_.calls.back() += " -> " + std::string(work());
-    return true;
   } catch (const UnsupportedByTier& error) {
     told_.calls.back() += " -> "s + error.what();
-    return false;
+    isSupported = false;
   } catch (const TierFault& error) {
-    throw Trouble(error.what() +
-                  (Host().Services().BoxTexts().empty() ? ""s : ": " + Host().Services().BoxTexts().front()));
+    throw Trouble(error.what() + (services.Boxes().empty() ? ""s : ": " + services.Boxes().front().text));
   }
+  // The host itself may have switched it on.
+  if (wasAutoUpdating && !Content().IsAutoUpdating()) throw Trouble("AutoUpdate is not what it was");
+  services.Clear();
+  return isSupported;
 }
 
 // --- the arguments
@@ -229,46 +184,14 @@ const SchemaField& RandomHost::AnyControl() {
   return fields[start];
 }
 
+std::string RandomHost::AnyUIID(const SchemaField& field) {
+  return IsOdd() ? choices_.OddText() : choices_.InAnyCase(choices_.OneOf(field.uiids));
+}
+
 Place RandomHost::AnyPlace(std::int32_t table) {
   const RecordNr count = Content().Count(table);
-  if (count == 0 || IsOdd()) {
-    const std::size_t which = choices_.Below(std::size(kOddRecords) + 1);
-    const RecordNr record = which < std::size(kOddRecords) ? kOddRecords[which] : count + 1;
-    return {record, record >= 1 && record <= count};
-  }
-  return {static_cast<RecordNr>(choices_.Below(static_cast<std::size_t>(count))) + 1, true};
-}
-
-std::string RandomHost::InAnyCase(std::string name) {
-  if (!choices_.OneIn(3)) return name;
-  for (char& c : name) c = UpperChar(c);
-  return name;
-}
-
-std::string RandomHost::AnyText() {
-  if (choices_.OneIn(4)) return std::to_string(static_cast<int>(choices_.Below(65'536)) - 100);
-  return OneOf(kOddTexts);
-}
-
-Variant RandomHost::AnyValue() {
-  switch (choices_.Below(9)) {
-    case 0:
-      return {};
-    case 1:
-      return choices_.OneIn(2);
-    case 2:
-      return static_cast<std::int32_t>(choices_.Below(65'536));
-    case 3:
-      return std::numeric_limits<std::int32_t>::min();
-    case 4:
-      return static_cast<double>(choices_.Below(65'536)) * 1e303;
-    case 5:
-      return ArrayObject(std::make_shared<XArrayDBObject>());
-    case 6:
-      return Date{45'351.5};
-    default:
-      return AnyText();
-  }
+  const RecordNr record = count == 0 || IsOdd() ? choices_.OddRecord(count) : choices_.Record(count);
+  return {record, record >= 1 && record <= count};
 }
 
 std::optional<std::string> RandomHost::ListedItem(const std::string& uiid, RecordNr record) {
@@ -288,22 +211,20 @@ std::string RandomHost::Typed(const SchemaField& field, const std::string& uiid,
   if (field.type == FieldType::Text) {
     if (auto item = ListedItem(uiid, record)) return *item;
   }
-  const RecordNr count = Content().Count(field.table);
+  constexpr std::size_t kNearby = 65'536;
   switch (choices_.Below(6)) {
     case 0:
       return std::to_string(field.minimum);
     case 1:
       return std::to_string(field.maximum);
     case 2:
-      return std::to_string(field.minimum + static_cast<std::int64_t>(choices_.Below(65'536)));
-    case 3: {
-      const auto other = static_cast<RecordNr>(choices_.Below(static_cast<std::size_t>(count))) + 1;
-      return Report::TextOf(Content().Get(field, other));
-    }
+      return std::to_string(field.minimum + static_cast<std::int64_t>(choices_.Below(kNearby)));
+    case 3:
+      return Report::TextOf(Content().Get(field, choices_.Record(Content().Count(field.table))));
     case 4:
       return choices_.OneIn(2) ? "1" : "0";
     default:
-      return AnyText();
+      return choices_.OddText();
   }
 }
 
@@ -312,9 +233,8 @@ std::string RandomHost::Typed(const SchemaField& field, const std::string& uiid,
 void RandomHost::Edit() {
   const SchemaField& field = AnyControl();
   if (Content().Count(field.table) == 0) return;
-  const RecordNr record =
-      static_cast<RecordNr>(choices_.Below(static_cast<std::size_t>(Content().Count(field.table)))) + 1;
-  const std::string& uiid = OneOf(field.uiids);
+  const RecordNr record = choices_.Record(Content().Count(field.table));
+  const std::string& uiid = choices_.OneOf(field.uiids);
   Do("turn to record " + std::to_string(record) + " of table " + std::to_string(field.table),
      [&] { return Forms::TurnTo(*session_, field.table, record) ? "turned" : "refused"; });
   const std::string typed = Typed(field, uiid, record);
@@ -326,9 +246,9 @@ void RandomHost::Edit() {
 
 void RandomHost::AskRule() {
   const SchemaField& field = AnyControl();
-  const std::string uiid = IsOdd() ? AnyText() : InAnyCase(OneOf(field.uiids));
+  const std::string uiid = AnyUIID(field);
   const Place place = AnyPlace(field.table);
-  Variant value = AnyValue();
+  Variant value = choices_.OddValue();
   const bool isKnown = GetSchema().Find(uiid) != nullptr;
   Call("ValidateByUIID " + uiid + " " + std::to_string(place.record) + " " + Report::TextOf(value), !isKnown,
        [&](Boolean& result) { return Host().Validator().ValidateByUIID(uiid, value, place.record, result); });
@@ -336,7 +256,7 @@ void RandomHost::AskRule() {
 
 void RandomHost::AskState() {
   const SchemaField& field = AnyControl();
-  const std::string uiid = IsOdd() ? AnyText() : InAnyCase(OneOf(field.uiids));
+  const std::string uiid = AnyUIID(field);
   const RecordNr record = AnyPlace(field.table).record;
   Boolean state = kUnwritten;
   Call("GetEnabledStatebyUIID " + uiid + " " + std::to_string(record), true, [&](Boolean& result) {
@@ -357,20 +277,19 @@ void RandomHost::AskState() {
 
 void RandomHost::AskList() {
   const SchemaField& field = AnyControl();
-  const bool isOdd = IsOdd();
-  const std::string uiid = isOdd ? AnyText() : InAnyCase(OneOf(field.uiids));
+  const std::string uiid = AnyUIID(field);
   const Place place = AnyPlace(field.table);
-  Call("GetComboItemsByUIID " + uiid + " " + std::to_string(place.record), place.exists && !isOdd,
-       [&](Boolean& result) {
+  Call("GetComboItemsByUIID " + uiid + " " + std::to_string(place.record),
+       place.exists && GetSchema().Find(uiid) == &field, [&](Boolean& result) {
          std::shared_ptr<XArrayDBObject> items;
          return Host().Owner().GetComboItemsByUIID(Store(), uiid, place.record, items, result);
        });
 }
 
 void RandomHost::Convert() {
-  const SchemaField& field = AnyField();
+  const SchemaField& field = choices_.OneOf(GetSchema().Fields());
   const bool isOdd = IsOdd();
-  const std::string name = isOdd ? AnyText() : field.id;  // as the schema spells it
+  const std::string name = isOdd ? choices_.OddText() : field.id;  // as the schema spells it
   const Place place = AnyPlace(field.table);
   const bool toForms = choices_.Below(2) == 0;
   const auto operation = toForms ? &IproviderOwner::TransformToUI : &IproviderOwner::TransformFromUI;
@@ -380,18 +299,19 @@ void RandomHost::Convert() {
 }
 
 void RandomHost::TurnForm() {
-  const Form& form = OneOf(Forms::All());
+  const Form& form = choices_.OneOf(Forms::All());
   const RecordNr count = Forms::RecordCount(Content(), form);
   if (count == 0) return;
-  const auto record = static_cast<RecordNr>(choices_.Below(static_cast<std::size_t>(count))) + 1;
+  const auto record = choices_.Record(count);
   Do("turn to record " + std::to_string(record) + " of table " + std::to_string(form.subject),
      [&] { return Forms::TurnTo(*session_, form.subject, record) ? "turned" : "refused"; });
 }
 
 void RandomHost::LeaveForm() {
-  const Form& form = OneOf(Forms::All());
+  const Form& form = choices_.OneOf(Forms::All());
   const bool isOdd = IsOdd();
-  const std::string name = isOdd ? AnyText() : InAnyCase(std::string(form.NameFor(GetSchema().Model())));
+  const std::string name =
+      isOdd ? choices_.OddText() : choices_.InAnyCase(std::string(form.NameFor(GetSchema().Model())));
   const Boolean refresh = ToBoolean(choices_.Below(2) == 0);
   Call("FormValidationByFormName " + name, true,
        [&](Boolean& result) { return Host().Validator().FormValidationByFormName(name, refresh, result); });
@@ -410,26 +330,25 @@ void RandomHost::ChangeRecords(std::string text, Work work) {
 }
 
 void RandomHost::AddRecord() {
-  const Grid& grid = OneOf(Grids::All());
+  const Grid& grid = choices_.OneOf(Grids::All());
   if (GetSchema().FindTable(grid.table) == nullptr) return;
   ChangeRecords("add a record to " + std::string(grid.name),
                 [&] { return RecordEdits(*session_, grid).Add(); });
 }
 
 void RandomHost::DeleteRecord() {
-  const Grid& grid = OneOf(Grids::All());
+  const Grid& grid = choices_.OneOf(Grids::All());
   const SchemaTable* table = GetSchema().FindTable(grid.table);
   if (table == nullptr || Content().Count(*table) == 0) return;
-  const auto record =
-      static_cast<RecordNr>(choices_.Below(static_cast<std::size_t>(Content().Count(*table)))) + 1;
+  const auto record = choices_.Record(Content().Count(*table));
   ChangeRecords("delete record " + std::to_string(record) + " of " + std::string(grid.name),
                 [&] { return RecordEdits(*session_, grid).Delete(record); });
 }
 
 /// The steps of adding and deleting, out of their order and with odd arguments.
 void RandomHost::AskForRecord() {
-  const Grid& grid = OneOf(Grids::All());
-  const std::string name = IsOdd() ? AnyText() : InAnyCase(std::string(grid.name));
+  const Grid& grid = choices_.OneOf(Grids::All());
+  const std::string name = IsOdd() ? choices_.OddText() : choices_.InAnyCase(std::string(grid.name));
   const RecordNr record = GetSchema().FindTable(grid.table) == nullptr ? 1 : AnyPlace(grid.table).record;
   const std::size_t which = choices_.Below(5);
   constexpr std::string_view kNames[] = {"AddRecord", "DeleteRecord", "PostAddProcessing",
@@ -451,7 +370,7 @@ void RandomHost::AskForRecord() {
 }
 
 void RandomHost::AskMetadata() {
-  const std::string uiid = IsOdd() ? AnyText() : InAnyCase(OneOf(AnyControl().uiids));
+  const std::string uiid = AnyUIID(AnyControl());
   const std::string unwritten = "as it was";
   Call("GetLabelByUIID " + uiid, true, [&](Boolean& result) {
     std::string label = unwritten;
@@ -468,7 +387,7 @@ void RandomHost::AskMetadata() {
 void RandomHost::AskBands() {
   constexpr std::int32_t kLastBand = 11;
   const std::int32_t band =
-      IsOdd() ? OneOf(kOddRecords) : static_cast<std::int32_t>(choices_.Below(kLastBand + 1));
+      IsOdd() ? choices_.OddRecord(kLastBand) : static_cast<std::int32_t>(choices_.Below(kLastBand + 1));
   Call("GetFrequencyRanges " + std::to_string(band), band >= 0 && band <= kLastBand, [&](Boolean& result) {
     std::array<std::int32_t, 4> limits{};
     std::string steps;
@@ -514,16 +433,6 @@ void RandomHost::Step() {
 }
 
 }  // namespace
-
-std::size_t Choices::Below(std::size_t count) {
-  if (isEndless_) return static_cast<std::size_t>(generator_() % count);
-  std::size_t number = 0;
-  for (std::size_t reach = 1; reach < count && !bytes_.empty(); reach *= 256) {
-    number = number * 256 + bytes_.front();
-    bytes_ = bytes_.subspan(1);
-  }
-  return number % count;
-}
 
 std::string RandomSession::Text() const {
   std::string text;

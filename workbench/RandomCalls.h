@@ -1,32 +1,12 @@
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
-#include <random>
-#include <span>
 #include <string>
 #include <vector>
 
+#include "workbench/Choices.h"
+
 class Provider;
 struct HostParts;
-
-/// A source of choices: a generator that never ends, or the bytes of an input until they run out.
-class Choices {
- public:
-  explicit Choices(std::uint64_t seed) : generator_(seed), isEndless_(true) {}
-  /// The bytes outlive this object.
-  explicit Choices(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
-
-  /// 0 to `count` - 1, always 0 at the end; `count` is at least 1.
-  std::size_t Below(std::size_t count);
-  bool OneIn(std::size_t count) { return Below(count) == count - 1; }
-  bool HasEnded() const { return !isEndless_ && bytes_.empty(); }
-
- private:
-  std::mt19937_64 generator_;
-  bool isEndless_ = false;
-  std::span<const std::uint8_t> bytes_;
-};
 
 /// What a session of random calls came to.
 struct RandomSession {
