@@ -7,5 +7,5 @@ ROOT=$(cd "$(dirname "$0")/.." && pwd)
 install_packages clang-format || exit 2
 mode=(--dry-run -Werror)
 [ "${1:-}" = --fix ] && mode=(-i)
-find "$ROOT"/{src,workbench,tests,benchmarks} \( -name '*.h' -o -name '*.cpp' \) -print0 |
+find "$ROOT"/{src,workbench,tests,benchmarks,fuzz} \( -name '*.h' -o -name '*.cpp' \) -print0 |
   xargs -0 clang-format "${mode[@]}"

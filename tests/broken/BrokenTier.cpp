@@ -206,10 +206,9 @@ struct Library {
   std::shared_ptr<Trace::IentryPoints> entryPoints;
 };
 
-/// Stays to the end of the process.
 Library& TheLibrary() {
-  static Library* library = new Library;
-  return *library;
+  static Library library;
+  return library;
 }
 }  // namespace
 

@@ -33,7 +33,7 @@ class Conformance : public testing::Test {
   /// The result of one check, with a broken tier.
   json Result(const std::string& check, const std::string& breach, const std::string& tier) const {
     const Outcome outcome =
-        Run("--tier '" + tier + "' conform --json --patience 20 --check " + check, breach);
+        Run("--tier '" + tier + "' conform --json --patience 120 --check " + check, breach);
     EXPECT_EQ(outcome.code, 1) << check << outcome.err;
     const json data = json::parse(outcome.out, nullptr, false);
     return data.is_object() ? data["checks"][0] : json::object();
