@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# prove.sh [SECONDS]: what takes longer than a change should have to wait for: the conformance of the tier at all
-# levels, many random sessions, 10,000 killed saves, and SECONDS (3600 when none are given) of fuzzing a target.
+# prove.sh [SECONDS]: what takes longer than a change should have to wait for: clang-tidy with the static analyzer over
+# everything, the conformance of the tier at all levels, many random sessions, 10,000 killed saves, and SECONDS (3600 when none are given) of fuzzing a target.
 set -eu
 ROOT=$(cd "$(dirname "$0")/.." && pwd)
 . "$ROOT/scripts/setup.sh"
 seconds=${1:-3600}
 sessions=40 # times the sessions of one check, each with seeds of its own
 
+"$ROOT/scripts/tidy.sh" --deep src workbench
 install_packages "${BUILD_PACKAGES[@]}"
 build "$ROOT/build" -DCMAKE_BUILD_TYPE=Release
 kd4410=$ROOT/build/bin/kd4410

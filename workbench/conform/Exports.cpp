@@ -4,9 +4,9 @@
 
 #include <algorithm>
 #include <cstring>
-#include <span>
+#include <fstream>
+#include <iterator>
 
-#include "workbench/AtomicFile.h"
 #include "workbench/FileError.h"
 
 namespace Conform {
@@ -47,7 +47,8 @@ bool IsExported(const Elf64_Sym& symbol) {
 }  // namespace
 
 std::vector<std::string> ExportedNames(const std::string& path) {
-  const Image image(path, AtomicFile(path).Read());
+  std::ifstream file(path, std::ios::binary);
+  const Image image(path, {std::istreambuf_iterator<char>(file), {}});
   const Elf64_Ehdr header = image.Entries<Elf64_Ehdr>(0, 1).front();
   if (std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0 || header.e_ident[EI_CLASS] != ELFCLASS64) {
     image.Refuse();
