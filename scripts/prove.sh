@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # prove.sh [SECONDS]: what takes longer than a change should have to wait for: clang-tidy with the static analyzer over
-# everything, the conformance of the tier at all levels, many random sessions, 10,000 killed saves, and SECONDS (3600 when none are given) of fuzzing a target.
+# everything, the conformance of the tier at all levels, many random sessions, 10,000 killed saves, and SECONDS (3600
+# when none are given) of fuzzing a target.
 set -eu
 ROOT=$(cd "$(dirname "$0")/.." && pwd)
 . "$ROOT/scripts/setup.sh"
