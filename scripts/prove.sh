@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # prove.sh [SECONDS]: what takes longer than a change should have to wait for: clang-tidy with the static analyzer over
-# everything, the conformance of the tier at all levels, many random sessions, 10,000 killed saves, and SECONDS (3600
-# when none are given) of fuzzing a target.
+# everything, the conformance of the tier at all levels, also under the sanitizers, many random sessions, 10,000 killed
+# saves, the benchmarks, and SECONDS (3600 when none are given) of fuzzing a target.
 set -eu
 ROOT=$(cd "$(dirname "$0")/.." && pwd)
 . "$ROOT/scripts/setup.sh"
@@ -12,9 +12,13 @@ sessions=40 # times the sessions of one check, each with seeds of its own
 install_packages "${BUILD_PACKAGES[@]}"
 build "$ROOT/build" -DCMAKE_BUILD_TYPE=Release
 kd4410=$ROOT/build/bin/kd4410
+export LSAN_OPTIONS="suppressions=$ROOT/scripts/leaks.supp:print_suppressions=0"
 "$kd4410" conform --level 8
 for ((i = 1; i <= sessions; ++i)); do
   "$kd4410" conform --check random-sessions --seed $((1000 * i))
 done
 "$ROOT/tests/kill_during_save.sh" "$kd4410" "$ROOT/build/lib/kd4410/libkd4410tier.so" "$ROOT/samples/full.json" 10000
+"$ROOT/bench.sh"
+"$ROOT/scripts/sanitize.sh"
+"$ROOT/build-sanitize/bin/kd4410" conform --level 8
 "$ROOT/scripts/fuzz.sh" "$seconds"
