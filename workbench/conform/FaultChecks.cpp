@@ -80,7 +80,6 @@ void FailEach(CheckRun& run, std::string_view personality, Bench& bench, const S
 template <Lasts lasts>
 void FailEach(CheckRun& run) {
   for (const Personality& personality : run.Personalities()) {
-    if (personality.isNew) continue;  // the smallest sample has all that it has
     Bench bench(run.Parts(), *personality.stored);
     for (const Call& call : AllCallsOn(bench)) {
       if (!call.isLegal) continue;
