@@ -19,10 +19,9 @@ namespace {
 /// The fields of the tables that are converted record by record.
 std::vector<std::string> ConvertedFields(const Schema& schema, const std::vector<std::int32_t>& tables) {
   std::vector<std::string> fieldIds;
-  for (const SchemaField* field : schema.FieldsInWritingOrder()) {
+  for (const SchemaField* field : schema.ConvertedToRadio()) {
     const bool isOfThem = std::ranges::find(tables, field->table) != tables.end();
-    const bool isConverted = field->transform != 0 && field->scope == FieldScope::Record;
-    if (isOfThem && isConverted) fieldIds.push_back(field->id);
+    if (isOfThem && field->scope == FieldScope::Record) fieldIds.push_back(field->id);
   }
   return fieldIds;
 }

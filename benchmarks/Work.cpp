@@ -50,11 +50,8 @@ void MeasureSaving(benchmark::State& state, const Figure& figure, Session& sessi
   const auto run = [&] {
     const TierHost& host = session.Host();
     Boolean converted = kFalse;
-    for (const SchemaField* field : copy->GetSchema().FieldsInWritingOrder()) {
-      if (field->transform == 0) continue;
-      const bool isWholeTable = field->scope == FieldScope::Table;
-      const RecordNr last = isWholeTable ? 1 : copy->Count(field->table);
-      for (RecordNr record = 1; record <= last; ++record) {
+    for (const SchemaField* field : copy->GetSchema().ConvertedToRadio()) {
+      for (RecordNr record = 1; HasConversion(*copy, *field, record); ++record) {
         host.Require(host.Owner().TransformFromUI(copy, field->id, record, converted));
       }
     }

@@ -1,12 +1,26 @@
 #include "workbench/Schema.h"
-#include "platform/CaseText.h"
 
 #include <algorithm>
 #include <utility>
 
+#include "host/IproviderOwner.h"
+#include "platform/CaseText.h"
+
 namespace {
 constexpr SchemaField* kAmbiguous = nullptr;
+
+/// The fields with a conversion, in the order of the contract, else in their own.
+std::vector<const SchemaField*> Converted(const std::vector<SchemaField>& fields,
+                                          std::span<const ConversionOrder> order) {
+  std::vector<const SchemaField*> converted;
+  for (const SchemaField& field : fields) {
+    if (field.transform != 0) converted.push_back(&field);
+  }
+  std::ranges::stable_sort(
+      converted, {}, [&](const SchemaField* field) { return ConversionPlace(field->transform, order); });
+  return converted;
 }
+}  // namespace
 
 Schema::Schema(VersionName version, std::vector<SchemaTable> tables, std::vector<SchemaField> fields)
     : name_(std::move(version)),
@@ -15,9 +29,8 @@ Schema::Schema(VersionName version, std::vector<SchemaTable> tables, std::vector
       fields_(std::move(fields)) {
   for (const SchemaTable& table : tables_) tableByNumber_.emplace(table.number, table.index);
   AddNames();
-  writingOrder_.reserve(fields_.size());
-  for (const SchemaField& field : fields_) writingOrder_.push_back(&field);
-  std::ranges::stable_sort(writingOrder_, {}, &SchemaField::order);
+  toForms_ = Converted(fields_, kToUIOrder);
+  toRadio_ = Converted(fields_, kFromUIOrder);
 }
 
 void Schema::AddNames() {

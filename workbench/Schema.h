@@ -52,7 +52,6 @@ struct SchemaField {
   std::string units;
   std::int32_t transform = 0;  // 0 for none
   std::string validation;
-  std::int32_t order = 0;
 
   bool IsRaw() const { return kind == StorageKind::Raw; }
   /// The name without the table number.
@@ -101,8 +100,9 @@ class Schema {
   const SchemaTable& TableOf(const SchemaField& field) const { return tables_[field.tableIndex]; }
   /// The field by whose number a person knows the records of the table; null for a table without one.
   const SchemaField* IdentityOf(const SchemaTable& table) const;
-  /// All fields by their order number; those of one number stand in schema order.
-  const std::vector<const SchemaField*>& FieldsInWritingOrder() const { return writingOrder_; }
+  /// The fields with a conversion, in the order in which all of them are converted.
+  const std::vector<const SchemaField*>& ConvertedToForms() const { return toForms_; }
+  const std::vector<const SchemaField*>& ConvertedToRadio() const { return toRadio_; }
 
   /// Null for a number without table.
   const SchemaTable* FindTable(std::int32_t number) const;
@@ -119,7 +119,8 @@ class Schema {
   std::string version_;
   std::vector<SchemaTable> tables_;
   std::vector<SchemaField> fields_;
-  std::vector<const SchemaField*> writingOrder_;
+  std::vector<const SchemaField*> toForms_;
+  std::vector<const SchemaField*> toRadio_;
   std::unordered_map<std::int32_t, std::size_t> tableByNumber_;
   /// Keys are views of texts in `fields_`; null marks an ambiguous name.
   std::unordered_map<std::string_view, const SchemaField*, NameHash, NameEqual> fieldByName_;

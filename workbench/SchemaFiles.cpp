@@ -20,9 +20,9 @@ enum : std::size_t { kTable, kTitle, kKind, kMinimum, kMaximum, kFirst, kLast };
 }  // namespace table_columns
 
 namespace field_columns {
-constexpr std::string_view kNames[] = {"table",      "field",   "uiid",  "kind",  "type",      "default",
-                                       "minimum",    "maximum", "scale", "units", "transform", "scope",
-                                       "validation", "first",   "last",  "order"};
+constexpr std::string_view kNames[] = {"table",     "field",   "uiid",       "kind",  "type",
+                                       "default",   "minimum", "maximum",    "scale", "units",
+                                       "transform", "scope",   "validation", "first", "last"};
 enum : std::size_t {
   kTable,
   kField,
@@ -38,8 +38,7 @@ enum : std::size_t {
   kScope,
   kValidation,
   kFirst,
-  kLast,
-  kOrder
+  kLast
 };
 }  // namespace field_columns
 
@@ -139,7 +138,6 @@ SchemaField FieldOfRow(const TabbedFile& file) {
   field.transform = file.Integer(kTransform, 0);
   field.scope = static_cast<FieldScope>(file.Choice(kScope, kScopes, 0));
   field.validation = file.Cell(kValidation);
-  field.order = file.Integer(kOrder, 0);
   field.isIdentity = IsIdentity(file, field);
   return field;
 }

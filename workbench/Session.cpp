@@ -11,12 +11,6 @@
 
 namespace {
 
-/// The records on which a transformation of the field is called: each of its table, or record 1 when it
-/// acts on the table as a whole, even on an empty one.
-RecordNr LastRecord(const Provider& provider, const SchemaField& field) {
-  return field.scope == FieldScope::Table ? 1 : provider.Count(provider.GetSchema().TableOf(field));
-}
-
 bool IsFlagText(std::string_view text) {
   return EqualsIgnoringCase(text, "true") || EqualsIgnoringCase(text, "false") || IsNumeric(text);
 }
@@ -79,6 +73,11 @@ bool IsWithinLimits(const SchemaField& field, const Variant& stored) {
   return LimitsOf(field).Hold(CDbl(stored)) || (field.isIdentity && SameCell(stored, field.standard));
 }
 
+bool HasConversion(const Provider& content, const SchemaField& field, RecordNr record) {
+  const bool actsOnTable = field.scope == FieldScope::Table;
+  return record <= (actsOnTable ? 1 : content.Count(content.GetSchema().TableOf(field)));
+}
+
 Session::Session(const HostParts& parts, std::shared_ptr<Provider> provider,
                  std::shared_ptr<Imessenger> messenger)
     : provider_(provider), host_(parts, std::move(provider), std::move(messenger)) {}
@@ -87,11 +86,9 @@ void Session::ConvertToForms() { ConvertToForms(provider_); }
 
 void Session::ConvertToForms(const std::shared_ptr<Provider>& provider) {
   host_.Require(host_.Owner().PostReadProcessing(provider, Variant()));
-  for (const SchemaField& field : provider->GetSchema().Fields()) {
-    if (field.transform == 0) continue;
-    // Asked anew for each record: a conversion may rebuild its own table.
-    for (RecordNr record = 1; record <= LastRecord(*provider, field); ++record) {
-      ConvertToForm(provider, field, record);
+  for (const SchemaField* field : provider->GetSchema().ConvertedToForms()) {
+    for (RecordNr record = 1; HasConversion(*provider, *field, record); ++record) {
+      ConvertToForm(provider, *field, record);
     }
   }
 }
@@ -160,9 +157,8 @@ std::shared_ptr<Provider> Session::ConvertedToRaw() {
   copy->SetMonitor(provider_->SharedMonitor());  // a save is part of the session
   host_.UseStore(copy);
   host_.Require(copy->SetAutoUpdate(kTrue));
-  for (const SchemaField* field : copy->GetSchema().FieldsInWritingOrder()) {
-    if (field->transform == 0) continue;
-    for (RecordNr record = 1; record <= LastRecord(*copy, *field); ++record) {
+  for (const SchemaField* field : copy->GetSchema().ConvertedToRadio()) {
+    for (RecordNr record = 1; HasConversion(*copy, *field, record); ++record) {
       ConvertToRaw(copy, *field, record);
     }
   }

@@ -23,6 +23,11 @@ Limits LimitsOf(const SchemaField& field);
 /// field that is converted in place: the radio stores it in other units than its limits have.
 bool IsWithinLimits(const SchemaField& field, const Variant& stored);
 
+/// Whether a conversion of the field is called on the record: on each of its table, or on record 1 when it
+/// acts on the table as a whole, even on an empty one. To be asked anew for each: one may rebuild its own
+/// table.
+bool HasConversion(const Provider& content, const SchemaField& field, RecordNr record);
+
 /// What became of an edit.
 struct EditResult {
   bool accepted = false;

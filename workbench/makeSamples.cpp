@@ -4,6 +4,7 @@
 #include <cmath>
 #include <iostream>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -27,12 +28,32 @@ constexpr std::int32_t kBandH5 = 5;
 /// The audience of the rules: nobody. What the generator writes is judged by `kd4410 check`.
 class SilentMessenger final : public RecordingMessenger {};
 
+/// The tones are given as a form shows them: what is stored of them comes from the conversion.
+bool IsOfTones(const SchemaField& field) {
+  return field.table == 50 || field.table == 61 || field.id.find("Subaudible") != std::string::npos;
+}
+
+/// Throws for a value that was described and that a save would lose: every sample would be without it, and so
+/// would every test that begins with one.
+void RequireAll(const Provider& described, const Provider& saved) {
+  for (const SchemaField& field : described.GetSchema().Fields()) {
+    for (RecordNr record = 1; field.IsRaw() && record <= described.Count(field.table); ++record) {
+      const Variant& value = described.Get(field, record);
+      if (IsOfTones(field) || SameCell(value, field.standard)) continue;
+      if (record <= saved.Count(field.table) && SameCell(value, saved.Get(field, record))) continue;
+      throw std::runtime_error("a save loses " + field.id + " of record " + std::to_string(record));
+    }
+  }
+}
+
 void Save(const std::string& path, const Personality& personality, std::shared_ptr<Provider> content,
           Workplace& workplace) {
   Samples::FillStored(*content, personality);
+  const std::shared_ptr<Provider> described = content->Copy();
   OpenedFile opened(workplace, AtomicFile(path), std::move(content), std::make_shared<SilentMessenger>());
   opened.GetSession().ConvertToForms();
   Samples::FillForms(opened.Content(), personality);
+  RequireAll(*described, *opened.GetSession().ConvertedToRaw());
   opened.Save();
 }
 

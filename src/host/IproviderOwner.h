@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
+#include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -8,6 +11,49 @@
 #include "platform/XArrayDBObject.h"
 
 class Itier;
+
+/// Where a host converts a whole personality, every field with the transformation number `first` goes, with
+/// all its records, before any with the number `then`, which reads or completes what the first one fills.
+/// Numbers without a row may go at any place; fields of one number follow each other as their tables do.
+struct ConversionOrder {
+  std::int32_t first, then;
+};
+
+// clang-format off
+/// By TransformToUI: `then` shows what `first` has put into form fields.
+inline constexpr ConversionOrder kToUIOrder[] = {
+    {500, 526},  // channel numbers, before the emergency channel is told by its own
+    {574, 575},  // the presets of the DTMF systems, before the preset of a channel
+    {528, 527},  // the control statuses' identities, before they are laid out for their system
+    {521, 535},  // the parts of a free-format sequence, before the whole
+};
+/// By TransformFromUI: `then` reads or appends to what `first` has stored, or `first` reads what `then` mends.
+inline constexpr ConversionOrder kFromUIOrder[] = {
+    {534, 510},  // the code lists are emptied, then each channel appends its own
+    {525, 514},  // a channel's bursts move it to the first network where its own is unknown
+    {525, 575},
+    {540, 513},  // the band, before the birdies in it
+    {529, 528},  // the raw control statuses are laid out, then take their values
+    {533, 531},  // the digital inputs are laid out, then take the parameters of their actions
+    {516, 517},  // the tone set, before its frequencies
+    {545, 546}, {546, 550},  // durations and types of alerts, before the external alerts made of them
+};
+// clang-format on
+
+/// How many conversions in a row have to go before one with that number; a host sorts its fields by it, and
+/// keeps the order of its tables among equals.
+constexpr int ConversionPlace(std::int32_t number, std::span<const ConversionOrder> order) {
+  int place = 0;
+  for (const ConversionOrder& row : order) {
+    if (row.then == number) place = std::max(place, ConversionPlace(row.first, order) + 1);
+  }
+  return place;
+}
+constexpr bool IsWithoutCircle(std::span<const ConversionOrder> order) {  // one does not compile
+  return std::ranges::all_of(
+      order, [&](const ConversionOrder& row) { return ConversionPlace(row.then, order) > 0; });
+}
+static_assert(IsWithoutCircle(kToUIOrder) && IsWithoutCircle(kFromUIOrder));
 
 /// What happens to the data between the radio and the forms. Implemented by the tier; legal once the
 /// tier is initialised. A band is given by its position in the band list (0 to 9), frequencies in Hz.
@@ -37,11 +83,13 @@ class IproviderOwner {
   virtual Status GetComboItemsByUIID(std::shared_ptr<Iprovider> provider, std::string_view uiid,
                                      RecordNr record, std::shared_ptr<XArrayDBObject>& items,
                                      Boolean& out) = 0;
-  /// Converts the form value of a field to its raw fields; call it after the form's value has been stored.
-  /// False for a field without conversion, with nothing changed.
+  /// Converts the form value of a field to its raw fields; call it after the form's value has been stored,
+  /// and for a whole personality in the order of kFromUIOrder. False for a field without conversion, with
+  /// nothing changed.
   virtual Status TransformFromUI(std::shared_ptr<Iprovider> provider, std::string_view fieldId,
                                  RecordNr record, Boolean& out) = 0;
-  /// Converts the raw fields to the form value; call it before a form reads the field.
+  /// Converts the raw fields to the form value; call it before a form reads the field, and for a whole
+  /// personality in the order of kToUIOrder.
   virtual Status TransformToUI(std::shared_ptr<Iprovider> provider, std::string_view fieldId, RecordNr record,
                                Boolean& out) = 0;
   /// The limits of a band, the same for Tx and Rx, and its channel steps in Hz ("6250|5000|3125|2500").

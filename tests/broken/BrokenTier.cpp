@@ -98,6 +98,14 @@ Status AskForeignName(BorderCall& call, Trace::Objects& objects) {
   static_cast<void>(CalleeOf<Iprovider>(call, objects)->Field("9999.NoSuchField", ignored));
   return Real(call);
 }
+/// Reads what only the last conversion to the forms fills.
+Status ReadAhead(BorderCall& call, Trace::Objects& objects) {
+  std::shared_ptr<Ifield> preset;
+  Variant ignored;
+  static_cast<void>(CalleeOf<Iprovider>(call, objects)->Field("5.DTMFPresetCallSequence", preset));
+  if (preset != nullptr) static_cast<void>(preset->Value(1, ignored));
+  return Real(call);
+}
 Status ShowGarbage(BorderCall& call, Trace::Objects& objects) {
   std::int32_t ignored = 0;
   static_cast<void>(
@@ -131,6 +139,7 @@ constexpr struct {
     {"asks for record 0",         "Ifield.Value",                            AskRecordZero},
     {"asks for another version",  "Iprovider.Field",                         AskForeignName},
     {"loses what it shows",       "Ifield.SetValue",                         SkipWhileShowing},
+    {"reads ahead",               "Iprovider.Field",                         ReadAhead},
     {"changes its mind",          "ItierValidator.GetEnabledStatebyUIID",    Whimsical},
     {"reads small letters",       "ItierValidator.GetEnabledStatebyUIID",    CapitalsOnly},
     {"shows garbage",             "Imessenger.ShowMessage",                  ShowGarbage},

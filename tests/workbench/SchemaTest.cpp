@@ -13,7 +13,7 @@ using testing::HasSubstr;
 constexpr const char* kTableHeader = "table\ttitle\tkind\tminimum\tmaximum\tfirst\tlast\n";
 constexpr const char* kFieldHeader =
     "table\tfield\tuiid\tkind\ttype\tdefault\tminimum\tmaximum\tscale\tunits\ttransform\tscope\tvalidation"
-    "\tfirst\tlast\torder\n";
+    "\tfirst\tlast\n";
 constexpr const char* kTables = "5\tChannels\traw\t0\t100\t0029\t0094\n7\tOthers\tform\t1\t1\t0029\t0094\n";
 
 struct SchemaFolder {
@@ -69,16 +69,22 @@ TEST(Schema, AVersionHasTheRowsWhoseRangeHoldsIt) {
   }
 }
 
-TEST(Schema, FieldsAreWrittenByOrderNumberAndAsTheyStand) {
-  const SchemaFolder files(kTables,
-                           "5\tC\t\traw\tinteger\t\t\t\t\t\t\t\t\t\t\t20\n"
-                           "7\tA\t\tform\tinteger\t\t\t\t\t\t\t\t\t\t\t3\n"
-                           "5\tB\t\traw\tinteger\t\t\t\t\t\t\t\t\t\t\t3\n"
-                           "5\tD\t\traw\tinteger\n");
+/// Numbers of the contract: 574 before 575 to the forms, 525 before 514 and 575 to the radio.
+TEST(Schema, FieldsAreConvertedInTheOrderOfTheContractAndElseAsTheyStand) {
+  const auto row = [](const char* start, const char* number) {
+    return start + std::string("\t\tform\tinteger\t\t\t\t\t\t") + number + "\n";
+  };
+  const SchemaFolder files(kTables, row("5\tPreset", "575") + row("5\tNetwork", "514") +
+                                        "5\tPlain\t\traw\tinteger\n" + row("5\tBurst", "525") +
+                                        row("7\tTexts", "574") + row("7\tLast", "501"));
   const auto schema = files.At("KD4410.0094");
-  std::string ids;
-  for (const SchemaField* field : schema->FieldsInWritingOrder()) ids += field->id + " ";
-  EXPECT_EQ(ids, "5.D 5.B 7.A 5.C ");
+  const auto idsOf = [](const std::vector<const SchemaField*>& fields) {
+    std::string ids;
+    for (const SchemaField* field : fields) ids += field->id + " ";
+    return ids;
+  };
+  EXPECT_EQ(idsOf(schema->ConvertedToForms()), "5.Network 5.Burst 7.Texts 7.Last 5.Preset ");
+  EXPECT_EQ(idsOf(schema->ConvertedToRadio()), "5.Burst 7.Texts 7.Last 5.Preset 5.Network ");
 }
 
 TEST(Schema, DefaultsHaveTheTypeOfTheirField) {

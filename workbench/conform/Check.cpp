@@ -60,7 +60,7 @@ void CheckRun::Run(const Check& check) {
 std::vector<Check> AllChecks() {
   std::vector<Check> all;
   for (const auto checks : {LoadChecks(), LifeChecks(), CallChecks(), EffectChecks(), ContentChecks(),
-                            SessionChecks(), FaultChecks()}) {
+                            OrderChecks(), SessionChecks(), FaultChecks()}) {
     all.insert(all.end(), checks.begin(), checks.end());
   }
   return all;

@@ -1,0 +1,127 @@
+#include <map>
+#include <optional>
+#include <string>
+
+#include "host/IproviderOwner.h"
+#include "workbench/Provider.h"
+#include "workbench/Schema.h"
+#include "workbench/conform/Calls.h"
+#include "workbench/conform/Check.h"
+
+/// The order in which a whole personality is converted, proved from the calls that the tier makes.
+namespace Conform {
+namespace {
+
+constexpr RecordNr kAllRecords = 0;
+
+/// A cell that a call on the host is about, told by the call's name.
+struct Access {
+  bool isWrite = false;
+  std::string fieldId;
+  RecordNr record = kAllRecords;
+};
+
+/// None for a call that is about no cell.
+std::optional<Access> AccessOf(std::string_view call) {
+  constexpr std::string_view kReadAll = "Ifield.Values ";
+  constexpr std::string_view kRead = "Ifield.Value ";
+  constexpr std::string_view kWrite = "Ifield.SetValue ";
+  if (call.starts_with(kReadAll)) return Access{false, std::string(call.substr(kReadAll.size()))};
+  const bool isWrite = call.starts_with(kWrite);
+  if (!isWrite && !call.starts_with(kRead)) return {};
+  const std::string_view cell = call.substr(isWrite ? kWrite.size() : kRead.size());
+  const std::size_t bracket = cell.find('[');
+  return Access{isWrite, std::string(cell.substr(0, bracket)),
+                std::stoi(std::string(cell.substr(bracket + 1)))};
+}
+
+/// The conversions of one pass over a personality, in their order, and who has read which cell so far.
+class Pass {
+ public:
+  /// `filled`: the kind of fields that the pass is to fill.
+  Pass(const Schema& schema, StorageKind filled) : schema_(schema), filled_(filled) {}
+
+  /// Takes the calls of one conversion; what is wrong with one of them, empty for nothing.
+  std::string Take(const SchemaField& converted, RecordNr record, const std::vector<std::string>& calls) {
+    const std::string conversion =
+        std::to_string(converted.transform) + " of " + converted.id + " record " + std::to_string(record);
+    std::string trouble;
+    for (const std::string& call : calls) {
+      const auto access = AccessOf(call);
+      if (!access || schema_.Find(access->fieldId)->kind != filled_) continue;
+      if (!access->isWrite) {
+        readers_[access->fieldId].try_emplace(access->record, conversion);
+      } else if (const std::string* reader = EarlierReader(*access, conversion); reader != nullptr) {
+        trouble = "fills " + access->fieldId + ", which was read before by " + *reader;
+      }
+    }
+    return trouble;
+  }
+
+ private:
+  /// Null when no conversion before this one has read the cell.
+  const std::string* EarlierReader(const Access& write, const std::string& conversion) const {
+    const auto readers = readers_.find(write.fieldId);
+    if (readers == readers_.end()) return nullptr;
+    for (const RecordNr record : {write.record, kAllRecords}) {
+      const auto reader = readers->second.find(record);
+      if (reader != readers->second.end() && reader->second != conversion) return &reader->second;
+    }
+    return nullptr;
+  }
+
+  const Schema& schema_;
+  StorageKind filled_;
+  std::map<std::string, std::map<RecordNr, std::string>> readers_;  // by field, then record: the first reader
+};
+
+using Conversion = Status (IproviderOwner::*)(std::shared_ptr<Iprovider>, std::string_view, RecordNr,
+                                              Boolean&);
+
+struct Direction {
+  std::string_view name;
+  const std::vector<const SchemaField*>& (Schema::*fields)() const;
+  Conversion convert;
+  StorageKind filled;
+};
+constexpr Direction kDirections[] = {
+    {"to the forms", &Schema::ConvertedToForms, &IproviderOwner::TransformToUI, StorageKind::Form},
+    {"to the radio", &Schema::ConvertedToRadio, &IproviderOwner::TransformFromUI, StorageKind::Raw},
+};
+
+void Convert(CheckRun& run, std::string_view personality, Session& session, const Direction& direction) {
+  const Schema& schema = session.Content().GetSchema();
+  const TierHost& host = session.Host();
+  CallMonitor& monitor = session.Content().Monitor();
+  Pass pass(schema, direction.filled);
+  for (const SchemaField* field : (schema.*direction.fields)()) {
+    for (RecordNr record = 1; HasConversion(session.Content(), *field, record); ++record) {
+      monitor.Clear();
+      Boolean converted = kFalse;
+      host.Require((host.Owner().*direction.convert)(session.SharedContent(), field->id, record, converted));
+      const std::string at = std::string(personality) + ", " + std::string(direction.name) + ": " +
+                             field->id + " record " + std::to_string(record);
+      run.Judge(at, pass.Take(*field, record, monitor.Calls()));
+    }
+  }
+}
+
+void OrderOfConversions(CheckRun& run) {
+  for (const Personality& personality : run.Personalities()) {
+    Session session(run.Parts(), personality.stored->StoredCopy(), std::make_shared<WatchfulMessenger>());
+    session.Content().Monitor().Record(true);
+    session.Host().Require(session.Host().Owner().PostReadProcessing(session.SharedContent(), Variant()));
+    for (const Direction& direction : kDirections) Convert(run, personality.name, session, direction);
+  }
+}
+
+constexpr Check kChecks[] = {
+    {"conversion-order", 5, "in the order of the contract no conversion reads what a later one fills",
+     OrderOfConversions},
+};
+
+}  // namespace
+
+std::span<const Check> OrderChecks() { return kChecks; }
+
+}  // namespace Conform
