@@ -85,7 +85,11 @@ class IproviderOwner {
                                      Boolean& out) = 0;
   /// Converts the form value of a field to its raw fields; call it after the form's value has been stored,
   /// and for a whole personality in the order of kFromUIOrder. False for a field without conversion, with
-  /// nothing changed.
+  /// nothing changed. Some conversions reach beyond their record:
+  /// - 588 (MDC1200) and 573 (DTMF patches) of record 1 empty the tables that they fill: a host that
+  ///   converts record 1 converts all that follow, too.
+  /// - 500 (channel numbers) and 510 (tones) append to tables 7, 50 and 61, which grow with every edit until
+  ///   a conversion of the whole personality lays them out anew (534 empties 50 and 61).
   virtual Status TransformFromUI(std::shared_ptr<Iprovider> provider, std::string_view fieldId,
                                  RecordNr record, Boolean& out) = 0;
   /// Converts the raw fields to the form value; call it before a form reads the field, and for a whole

@@ -17,7 +17,10 @@
 /// Its life: created; `Initialize` (a false result leaves it failed, fit only for `Terminate`); active;
 /// `Terminate`. Every operation but Initialize, SetTierName and the keys needs the active state.
 /// Operations that hand out a child are legal from Initialize to Terminate; outside, they give an empty
-/// pointer.
+/// pointer. In any callback a host may let go of the tier and its children: whoever works for a call lives
+/// until it returns. A child that a host keeps longer than the tier, or beyond Terminate, answers error 91;
+/// the validator answers as without a host. Of several tiers the one initialised last ends the
+/// application; when it goes the one before it does.
 class Itier {
  public:
   virtual ~Itier() = default;
@@ -52,7 +55,7 @@ class Itier {
   /// The messenger given to `Initialize`.
   virtual Status Messenger(std::shared_ptr<Imessenger>& out) = 0;
   /// Binds the three children to another tier, which delegates to this one: they read its provider and
-  /// messenger.
+  /// messenger, and answer 91 when it is gone; they notice that by its Terminator.
   virtual Status InitializeAsDelegate(Itier* delegatingTier,
                                       std::shared_ptr<IvalidatorHost> validatorHost) = 0;
 };

@@ -9,8 +9,9 @@
 class Itier;
 
 /// Judges edits before they are kept. Implemented by the tier. True: the value or action may stand.
-/// False: it may not, and the user has already been told why. While no `Validator` is set, every
-/// operation but EnterFocusByUIID, Validator and Initialize fails with error 9001. UIIDs, grid and form
+/// False: it may not, and the user has already been told why. While no `Validator` is set, or
+/// when the tier is gone, every operation but EnterFocusByUIID, Validator and Initialize fails with error
+/// 9001. UIIDs, grid and form
 /// names ignore case. For a field of a single-record table the record is 1.
 class ItierValidator {
  public:

@@ -56,9 +56,10 @@ bool Transform(const ProviderRef& provider, std::string_view fieldId, RecordNr r
 
 /// The grid belongs to a subject that the tier does not have yet: an honest failure, so that no host takes a
 /// record for complete that nobody has completed.
-Status NotSupported(std::string_view operation, std::string_view gridName) {
-  return {ErrorNumber::kNotSupported, "IproviderOwner",
-          "Object doesn't support this action: " + std::string(operation) + " of " + std::string(gridName)};
+[[noreturn]] void RaiseNotSupported(std::string_view operation, std::string_view gridName) {
+  throw Error(
+      ErrorNumber::kNotSupported, "IproviderOwner",
+      "Object doesn't support this action: " + std::string(operation) + " of " + std::string(gridName));
 }
 }  // namespace
 
@@ -66,14 +67,14 @@ Status clsKD4410ProvOwn::BackwardsCompatibility(std::shared_ptr<Iprovider> sourc
                                                 std::string_view fromVersion,
                                                 std::shared_ptr<Iprovider> destination,
                                                 std::string_view toVersion, const Variant&, Boolean& out) {
-  return Border([&] {
+  return Call([&](Itier* tier) {
     out = ToBoolean(modBackwardsCompatibility::BackwardsCompatibility(
-        ValidatorRef(tier_), fromVersion, ProviderRef(source), toVersion, ProviderRef(destination)));
+        ValidatorRef(tier), fromVersion, ProviderRef(source), toVersion, ProviderRef(destination)));
   });
 }
 
 Status clsKD4410ProvOwn::PostReadProcessing(std::shared_ptr<Iprovider> provider, const Variant&) {
-  return Border([&] {
+  return Call([&](Itier*) {
     Procedure("PostReadProcessing", [&] {
       const ProviderRef personality(provider);
       const ScopedAutoUpdate silent(personality, false);
@@ -84,7 +85,7 @@ Status clsKD4410ProvOwn::PostReadProcessing(std::shared_ptr<Iprovider> provider,
 
 Status clsKD4410ProvOwn::PreWriteProcessing(std::shared_ptr<Iprovider> provider, const Variant&,
                                             const Variant&) {
-  return Border([&] {
+  return Call([&](Itier*) {
     Procedure("PreWriteProcessing", [&] {
       const ProviderRef personality(provider);
       const ScopedAutoUpdate silent(personality, false);
@@ -97,10 +98,10 @@ Status clsKD4410ProvOwn::PreWriteProcessing(std::shared_ptr<Iprovider> provider,
 
 Status clsKD4410ProvOwn::PostAddProcessing(std::shared_ptr<Iprovider> provider, std::string_view gridName,
                                            Boolean& out) {
-  if (!modPostAddProcessing::CanCompleteAdded(gridName)) return NotSupported("PostAddProcessing", gridName);
-  return Border([&] {
+  return Call([&](Itier* tier) {
+    if (!modPostAddProcessing::CanCompleteAdded(gridName)) RaiseNotSupported("PostAddProcessing", gridName);
     out = ToBoolean(Procedure("PostAddProcessing", true, [&] {
-      modPostAddProcessing::CheckAddedRecord(ValidatorRef(tier_), ProviderRef(provider), gridName);
+      modPostAddProcessing::CheckAddedRecord(ValidatorRef(tier), ProviderRef(provider), gridName);
       return true;
     }));
   });
@@ -108,9 +109,9 @@ Status clsKD4410ProvOwn::PostAddProcessing(std::shared_ptr<Iprovider> provider, 
 
 Status clsKD4410ProvOwn::PostInsertProcessing(std::shared_ptr<Iprovider>, std::string_view gridName, RecordNr,
                                               Boolean& out) {
-  if (!modPostAddProcessing::CanCompleteInserted(gridName))
-    return NotSupported("PostInsertProcessing", gridName);
-  return Border([&] {
+  return Call([&](Itier*) {
+    if (!modPostAddProcessing::CanCompleteInserted(gridName))
+      RaiseNotSupported("PostInsertProcessing", gridName);
     out = ToBoolean(Procedure("PostInsertProcessing", true, [&] {
       modPostAddProcessing::CheckInsertedRecord(gridName);
       return true;
@@ -121,7 +122,7 @@ Status clsKD4410ProvOwn::PostInsertProcessing(std::shared_ptr<Iprovider>, std::s
 Status clsKD4410ProvOwn::GetComboItemsByUIID(std::shared_ptr<Iprovider> provider, std::string_view uiid,
                                              RecordNr record, std::shared_ptr<XArrayDBObject>& items,
                                              Boolean& out) {
-  return Border([&] {
+  return Call([&](Itier*) {
     std::shared_ptr<XArrayDBObject> list = items;
     out = ToBoolean(modComboItems::GetComboItemsByUIID(ProviderRef(provider), uiid, record, list));
     items = std::move(list);
@@ -130,7 +131,7 @@ Status clsKD4410ProvOwn::GetComboItemsByUIID(std::shared_ptr<Iprovider> provider
 
 Status clsKD4410ProvOwn::TransformFromUI(std::shared_ptr<Iprovider> provider, std::string_view fieldId,
                                          RecordNr record, Boolean& out) {
-  return Border([&] {
+  return Call([&](Itier*) {
     out = ToBoolean(Procedure("TransformFromUI", true, [&] {
       return Transform(ProviderRef(provider), fieldId, record, &Transformation::fromUI);
     }));
@@ -139,7 +140,7 @@ Status clsKD4410ProvOwn::TransformFromUI(std::shared_ptr<Iprovider> provider, st
 
 Status clsKD4410ProvOwn::TransformToUI(std::shared_ptr<Iprovider> provider, std::string_view fieldId,
                                        RecordNr record, Boolean& out) {
-  return Border([&] {
+  return Call([&](Itier*) {
     out = ToBoolean(Procedure("TransformToUI", true, [&] {
       return Transform(ProviderRef(provider), fieldId, record, &Transformation::toUI);
     }));
@@ -149,7 +150,7 @@ Status clsKD4410ProvOwn::TransformToUI(std::shared_ptr<Iprovider> provider, std:
 Status clsKD4410ProvOwn::GetFrequencyRanges(std::int32_t bandPosition, std::int32_t& txLowest,
                                             std::int32_t& txHighest, std::int32_t& rxLowest,
                                             std::int32_t& rxHighest, std::string& steps) {
-  return Border([&] {
+  return Call([&](Itier*) {
     Procedure("GetFrequencyRanges", [&] {
       const BandLimits& band = GetBandLimitsByComboBoxPosition(bandPosition);
       txLowest = rxLowest = band.LowerLimit;
@@ -160,7 +161,7 @@ Status clsKD4410ProvOwn::GetFrequencyRanges(std::int32_t bandPosition, std::int3
 }
 
 Status clsKD4410ProvOwn::GetBands(XArrayDBObject& bands) {
-  return Border([&] {
+  return Call([&](Itier*) {
     Procedure("GetBands", [&] {
       bands.Redim(0, modBandLimits::kBandCount - 1, 0, 0);
       for (std::int32_t position = 0; position < modBandLimits::kBandCount; ++position) {
@@ -171,7 +172,7 @@ Status clsKD4410ProvOwn::GetBands(XArrayDBObject& bands) {
 }
 
 Status clsKD4410ProvOwn::GetBandDesc(std::shared_ptr<Iprovider> provider, std::string& out) {
-  return Border([&] {
+  return Call([&](Itier*) {
     out = Procedure("GetBandDesc", std::string(), [&] {
       const std::int32_t position = BandPosition(ProviderRef(provider));
       return std::string(GetBandLimitsByComboBoxPosition(position).Description.substr(0, 2));
@@ -180,16 +181,15 @@ Status clsKD4410ProvOwn::GetBandDesc(std::shared_ptr<Iprovider> provider, std::s
 }
 
 Status clsKD4410ProvOwn::Initialize(Itier* tier) {
-  tier_ = tier;
-  return {};
+  return Border([&] { Bind(tier); });
 }
 
 Status clsKD4410ProvOwn::GetCurrentFrequencyRanges(std::int32_t& txLowest, std::int32_t& txHighest,
                                                    std::int32_t& rxLowest, std::int32_t& rxHighest,
                                                    std::string& steps) {
-  return Border([&] {
+  return Call([&](Itier* tier) {
     Procedure("GetCurrentFrequencyRanges", [&] {
-      const std::int32_t position = BandPosition(ValidatorRef(tier_).CurrentProvider());
+      const std::int32_t position = BandPosition(ValidatorRef(tier).CurrentProvider());
       Check(GetFrequencyRanges(position, txLowest, txHighest, rxLowest, rxHighest, steps));
     });
   });
@@ -197,9 +197,9 @@ Status clsKD4410ProvOwn::GetCurrentFrequencyRanges(std::int32_t& txLowest, std::
 
 Status clsKD4410ProvOwn::PostDeleteProcessing(std::shared_ptr<Iprovider>, std::string_view gridName, RecordNr,
                                               Boolean& out) {
-  return Border([&] {
+  return Call([&](Itier* tier) {
     out = ToBoolean(Procedure("PostDeleteProcessing", true, [&] {
-      return modPostAddProcessing::RecordDeleted(ValidatorRef(tier_), gridName);
+      return modPostAddProcessing::RecordDeleted(ValidatorRef(tier), gridName);
     }));
   });
 }

@@ -2,9 +2,11 @@
 
 #include "host/IproviderOwner.h"
 #include "tier/LibraryObject.h"
+#include "tier/TierChild.h"
 
-class clsKD4410ProvOwn final : public IproviderOwner, private LibraryObject {
+class clsKD4410ProvOwn final : public IproviderOwner, public TierChild, private LibraryObject {
  public:
+  using TierChild::TierChild;
   Status BackwardsCompatibility(std::shared_ptr<Iprovider> source, std::string_view fromVersion,
                                 std::shared_ptr<Iprovider> destination, std::string_view toVersion,
                                 const Variant& report, Boolean& out) override;
@@ -30,7 +32,4 @@ class clsKD4410ProvOwn final : public IproviderOwner, private LibraryObject {
                                    std::int32_t& rxHighest, std::string& steps) override;
   Status PostDeleteProcessing(std::shared_ptr<Iprovider> provider, std::string_view gridName, RecordNr record,
                               Boolean& out) override;
-
- private:
-  Itier* tier_ = nullptr;
 };

@@ -6,25 +6,34 @@
 namespace HostServices {
 namespace {
 std::shared_ptr<IhostServices> current;
-}
+
+/// For one call: the host may withdraw them while it runs.
+std::shared_ptr<IhostServices> Current() { return current; }
+}  // namespace
 
 void Set(std::shared_ptr<IhostServices> services) { current = std::move(services); }
 
 std::shared_ptr<IprovInfo> CreateProvInfo() {
-  if (current == nullptr) return nullptr;
-  return Ask<std::shared_ptr<IprovInfo>>(*current, &IhostServices::CreateProvInfo);
+  const auto services = Current();
+  if (services == nullptr) return nullptr;
+  return Ask<std::shared_ptr<IprovInfo>>(*services, &IhostServices::CreateProvInfo);
 }
 
 std::int32_t ShowMessageBox(std::string_view text, std::int32_t style, std::string_view title) {
   std::int32_t answer = 0;
-  const bool shown = current != nullptr && current->ShowMessageBox(text, style, title, answer).Ok();
+  const auto services = Current();
+  const bool shown = services != nullptr && services->ShowMessageBox(text, style, title, answer).Ok();
   return shown ? answer : System::ShowMessageBox(text, style, title);
 }
 
 std::string ApplicationFolder() {
-  if (current == nullptr) return System::LibraryFolder();
-  return Ask<std::string>(*current, &IhostServices::ApplicationFolder);
+  const auto services = Current();
+  if (services == nullptr) return System::LibraryFolder();
+  return Ask<std::string>(*services, &IhostServices::ApplicationFolder);
 }
 
-Status RaiseEvent(std::int32_t number) { return current == nullptr ? Status() : current->RaiseEvent(number); }
+Status RaiseEvent(std::int32_t number) {
+  const auto services = Current();
+  return services == nullptr ? Status() : services->RaiseEvent(number);
+}
 }  // namespace HostServices

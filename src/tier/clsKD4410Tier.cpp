@@ -18,10 +18,16 @@ const std::vector<std::string> kVersionLists = {"KD4410"};
 
 clsKD4410Tier::~clsKD4410Tier() { modRaiseError::WithdrawTerminator(this); }
 
+template <typename Work>
+Status clsKD4410Tier::Call(Work work) {
+  const auto self = weak_from_this().lock();
+  return Border(work);
+}
+
 Status clsKD4410Tier::Initialize(std::string_view tierName, std::shared_ptr<IvalidatorHost> validatorHost,
                                  std::shared_ptr<Imessenger> messenger, const Variant& uiArgument,
                                  Boolean& out) {
-  return Border([&] {
+  return Call([&] {
     out = ToBoolean(Procedure("Initialize", false, [&] {
       tierName_ = tierName;
       messenger_ = messenger;
@@ -33,32 +39,35 @@ Status clsKD4410Tier::Initialize(std::string_view tierName, std::shared_ptr<Ival
 
 /// A step that fails ends the work; the children created so far stay.
 bool clsKD4410Tier::Build(const Variant& uiArgument, const std::shared_ptr<IvalidatorHost>& validatorHost) {
-  providerOwner_ = std::make_shared<clsKD4410ProvOwn>();
+  time_ = std::make_shared<const TierTime>();
+  providerOwner_ = std::make_shared<clsKD4410ProvOwn>(time_);
   if (!CreateSchema() || !CreateUserInterface(uiArgument)) return false;
-  validator_ = std::make_shared<cKD4410TierValidator>();
+  validator_ = std::make_shared<cKD4410TierValidator>(time_);
   validatorHost_ = validatorHost;
   return Ask<Boolean>(*this, &clsKD4410Tier::Activate) != kFalse;
 }
 
 bool clsKD4410Tier::CreateSchema() {
-  schema_ = std::make_shared<clsSchema>();
+  const auto schema = std::make_shared<clsSchema>(time_);
+  schema_ = schema;
   std::string currentVersion;
   Boolean initialized = kFalse;
-  Check(schema_->Initialize(this, kVersionLists, currentVersion, initialized));
+  Check(schema->Initialize(this, kVersionLists, currentVersion, initialized));
   if (initialized == kFalse) return false;
   if (!currentVersion.empty()) Check(SetTierKey(currentVersion + "." + tierName_));
   return true;
 }
 
 bool clsKD4410Tier::CreateUserInterface(const Variant& uiArgument) {
-  userInterface_ = std::make_shared<clsTierUI>();
+  const auto userInterface = std::make_shared<clsTierUI>(time_);
+  userInterface_ = userInterface;
   Boolean initialised = kFalse;
-  Check(userInterface_->InitialiseUserInterface(this, uiArgument, initialised));
+  Check(userInterface->InitialiseUserInterface(this, uiArgument, initialised));
   return initialised != kFalse;
 }
 
 Status clsKD4410Tier::Activate(Boolean& out) {
-  return Border([&] {
+  return Call([&] {
     out = ToBoolean(Procedure("Activate", false, [&] {
       BindChildren(this, validatorHost_);
       return true;
@@ -68,7 +77,7 @@ Status clsKD4410Tier::Activate(Boolean& out) {
 
 Status clsKD4410Tier::InitializeAsDelegate(Itier* delegatingTier,
                                            std::shared_ptr<IvalidatorHost> validatorHost) {
-  return Border(
+  return Call(
       [&] { Procedure("InitializeAsDelegate", [&] { BindChildren(delegatingTier, validatorHost); }); });
 }
 
@@ -79,25 +88,30 @@ void clsKD4410Tier::BindChildren(Itier* tier, const std::shared_ptr<IvalidatorHo
   Check(Deref(validator_, "ItierValidator").Initialize(tier, validatorHost));
 }
 
-IprovInfo& clsKD4410Tier::FindCurrentProvInfo() {
+std::shared_ptr<IprovInfo> clsKD4410Tier::FindCurrentProvInfo() {
   if (currentProvInfo_ == nullptr) {
+    const auto schema = schema_;
     const auto list =
-        Ask<std::shared_ptr<IcolProvInfo>>(Deref(schema_, "ItierSchema"), &ItierSchema::TierList);
+        Ask<std::shared_ptr<IcolProvInfo>>(Deref(schema, "ItierSchema"), &ItierSchema::TierList);
     currentProvInfo_ =
         Ask<std::shared_ptr<IprovInfo>>(Deref(list, "IcolProvInfo"), &IcolProvInfo::Item, Variant(tierKey_));
   }
-  return Deref(currentProvInfo_, "IprovInfo");
+  return currentProvInfo_;
 }
 
 Status clsKD4410Tier::CurrentProvInfo(std::shared_ptr<IprovInfo>& out) {
-  return Border([&] {
-    FindCurrentProvInfo();
-    out = currentProvInfo_;
+  return Call([&] {
+    const auto info = FindCurrentProvInfo();
+    static_cast<void>(Deref(info, "IprovInfo"));
+    out = info;
   });
 }
 
 Status clsKD4410Tier::CurrentProvider(std::shared_ptr<Iprovider>& out) {
-  return Border([&] { Check(FindCurrentProvInfo().Provider(out)); });
+  return Call([&] {
+    const auto info = FindCurrentProvInfo();
+    Check(Deref(info, "IprovInfo").Provider(out));
+  });
 }
 
 Status clsKD4410Tier::ProviderOwner(std::shared_ptr<IproviderOwner>& out) {
@@ -111,8 +125,7 @@ Status clsKD4410Tier::Schema(std::shared_ptr<ItierSchema>& out) {
 }
 
 Status clsKD4410Tier::Terminator(std::shared_ptr<Iterminator>& out) {
-  out = shared_from_this();
-  return {};
+  return Call([&] { out = shared_from_this(); });
 }
 
 Status clsKD4410Tier::UserInterface(std::shared_ptr<ItierUserInterface>& out) {
@@ -126,6 +139,7 @@ Status clsKD4410Tier::Validator(std::shared_ptr<ItierValidator>& out) {
 }
 
 Status clsKD4410Tier::Terminate() {
+  time_.reset();
   providerOwner_.reset();
   schema_.reset();
   userInterface_.reset();
@@ -161,4 +175,6 @@ Status clsKD4410Tier::Messenger(std::shared_ptr<Imessenger>& out) {
   return {};
 }
 
-Status clsKD4410Tier::TerminateApplication() { return HostServices::RaiseEvent(kTerminateEvent); }
+Status clsKD4410Tier::TerminateApplication() {
+  return Call([] { Check(HostServices::RaiseEvent(kTerminateEvent)); });
+}

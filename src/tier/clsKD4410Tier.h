@@ -2,6 +2,7 @@
 
 #include "host/Itier.h"
 #include "tier/LibraryObject.h"
+#include "tier/TierChild.h"
 
 /// The tier object: owns the four children that answer the host and knows the database version that is
 /// current.
@@ -36,8 +37,12 @@ class clsKD4410Tier final : public Itier,
   bool CreateUserInterface(const Variant& uiArgument);
   /// Binds provider owner, user interface and validator to a tier.
   void BindChildren(Itier* tier, const std::shared_ptr<IvalidatorHost>& validatorHost);
-  IprovInfo& FindCurrentProvInfo();
+  std::shared_ptr<IprovInfo> FindCurrentProvInfo();
+  /// An operation in which the host may let go of the tier.
+  template <typename Work>
+  Status Call(Work work);
 
+  std::shared_ptr<const TierTime> time_;
   std::shared_ptr<IproviderOwner> providerOwner_;
   std::shared_ptr<ItierSchema> schema_;
   std::shared_ptr<ItierUserInterface> userInterface_;

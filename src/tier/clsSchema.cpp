@@ -1,6 +1,5 @@
 #include "tier/clsSchema.h"
 
-#include "platform/Border.h"
 #include "platform/CaseText.h"
 #include "tier/Handles.h"
 #include "tier/HostServices.h"
@@ -30,17 +29,16 @@ std::shared_ptr<IcolProvInfo> clsSchema::List() const {
 }
 
 Status clsSchema::TierMenuList(std::string& out) {
-  out = menuText_;
-  return {};
+  return Call([&](Itier*) { out = menuText_; });
 }
 
 Status clsSchema::TierList(std::shared_ptr<IcolProvInfo>& out) {
-  return Border([&] { out = List(); });
+  return Call([&](Itier*) { out = List(); });
 }
 
 Status clsSchema::GetDBVersionPathForTier(std::string_view tierKey, std::vector<std::string>& path,
                                           Boolean& out) {
-  return Border([&] {
+  return Call([&](Itier*) {
     out = ToBoolean(Procedure("GetDBVersionPathForTier", false, [&](bool& result) {
       KeyedCollection<std::string> keys;
       for (const auto& sibling : support::Siblings(Item(*List(), tierKey))) {
@@ -56,18 +54,19 @@ Status clsSchema::GetDBVersionPathForTier(std::string_view tierKey, std::vector<
 
 Status clsSchema::GetDBVersionPathForTierAndVersion(std::string_view tierName, std::string_view version,
                                                     std::vector<std::string>& path, Boolean& out) {
-  path.clear();
-  // The one operation that handles its own errors: a version that is not there is the normal way of saying
-  // no.
-  const Status walked =
-      Border([&] { path = support::WalkBaseKeys(Item(*List(), KeyOf(version, tierName))); });
-  out = ToBoolean(walked.Ok());
-  return {};
+  return Call([&](Itier*) {
+    path.clear();
+    // The one operation that handles its own errors: a version that is not there is the normal way of saying
+    // no.
+    const Status walked =
+        Border([&] { path = support::WalkBaseKeys(Item(*List(), KeyOf(version, tierName))); });
+    out = ToBoolean(walked.Ok());
+  });
 }
 
 Status clsSchema::GetLatestTierForTierNameAndVersion(std::string_view tierName, std::string_view version,
                                                      std::string& out) {
-  return Border([&] {
+  return Call([&](Itier*) {
     out = Procedure("GetLatestTierForTierNameAndVersion", std::string(), [&]() -> std::string {
       const auto list = List();
       if (Ask<std::int32_t>(*list, &IcolProvInfo::Count) == 0) return {};
@@ -78,7 +77,7 @@ Status clsSchema::GetLatestTierForTierNameAndVersion(std::string_view tierName, 
 
 Status clsSchema::Initialize(Itier* tier, const std::vector<std::string>& versions,
                              std::string& currentVersion, Boolean& out) {
-  return Border([&] {
+  return Call([&](Itier*) {
     out = ToBoolean(Procedure("Initialize", false, [&] {
       versions_.RemoveAll();
       for (const std::string& version : versions) {
@@ -89,7 +88,7 @@ Status clsSchema::Initialize(Itier* tier, const std::vector<std::string>& versio
         versions_.Add(info, support::Key(info));
       }
       menuText_ = support::MenuText({versions_.begin(), versions_.end()});
-      tier_ = tier;
+      Bind(tier);
       return true;
     }));
   });

@@ -3,9 +3,11 @@
 #include "host/ItierSchema.h"
 #include "platform/KeyedCollection.h"
 #include "tier/LibraryObject.h"
+#include "tier/TierChild.h"
 
-class clsSchema final : public ItierSchema, private LibraryObject {
+class clsSchema final : public ItierSchema, public TierChild, private LibraryObject {
  public:
+  using TierChild::TierChild;
   Status TierMenuList(std::string& out) override;
   Status TierList(std::shared_ptr<IcolProvInfo>& out) override;
   Status GetDBVersionPathForTier(std::string_view tierKey, std::vector<std::string>& path,
@@ -20,7 +22,6 @@ class clsSchema final : public ItierSchema, private LibraryObject {
  private:
   std::shared_ptr<IcolProvInfo> List() const;
 
-  Itier* tier_ = nullptr;
   KeyedCollection<std::shared_ptr<IprovInfo>> versions_;
   std::string menuText_;
 };

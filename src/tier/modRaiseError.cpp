@@ -1,5 +1,7 @@
 #include "tier/modRaiseError.h"
 
+#include <vector>
+
 #include "host/Imessenger.h"
 #include "tier/modCommonErrorHandler.h"
 #include "tier/modCommonGlobals.h"
@@ -8,20 +10,17 @@ namespace modRaiseError {
 namespace {
 constexpr std::int32_t kCriticalYesNo = 20;
 
-Iterminator* terminator = nullptr;
+std::vector<Iterminator*> terminators;  // the last one is in charge
 bool terminateOnError = false;
 }  // namespace
 
-void InitRaiseError(Iterminator* newTerminator) {
-  terminator = newTerminator;
+void InitRaiseError(Iterminator* terminator) {
+  WithdrawTerminator(terminator);
+  terminators.push_back(terminator);
   terminateOnError = true;
 }
 
-void WithdrawTerminator(const Iterminator* going) {
-  if (terminator != going) return;
-  terminator = nullptr;
-  terminateOnError = false;
-}
+void WithdrawTerminator(const Iterminator* terminator) { std::erase(terminators, terminator); }
 
 void RaiseError(const Fault& fault) {
   using modCommonErrorHandler::ShowMessageBox;
@@ -31,6 +30,7 @@ void RaiseError(const Fault& fault) {
   }
   if (!terminateOnError) throw Error(fault);
   ShowMessageBox(fault.description, MessageStyle::kCritical);
-  Check(terminator->TerminateApplication());
+  if (terminators.empty()) throw Error(fault);
+  Check(terminators.back()->TerminateApplication());
 }
 }  // namespace modRaiseError

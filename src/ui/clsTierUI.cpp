@@ -9,18 +9,17 @@ template <typename Value>
 const Value& ToHost(const Value& value) {
   return value;
 }
+}  // namespace
 
-/// Writes the attribute of a known field; an unknown UIID leaves `result` alone.
 template <typename Result, typename Member>
-Status Attribute(std::string_view uiid, Member member, Result& result, Boolean& out) {
-  return Border([&] {
+Status clsTierUI::Attribute(std::string_view uiid, Member member, Result& result, Boolean& out) {
+  return Call([&](Itier*) {
     const colUserFields& fields = modUserInterface::UserFields();
     const bool found = fields.Exists(uiid);
     if (found) result = ToHost(fields.Item(uiid).*member);
     out = ToBoolean(found);
   });
 }
-}  // namespace
 
 Status clsTierUI::GetATGridIDByUIID(std::string_view uiid, std::string& gridId, Boolean& out) {
   return Attribute(uiid, &clsUserField::ATGridID, gridId, out);
@@ -32,7 +31,7 @@ Status clsTierUI::GetCustAccessLevelByUIID(std::string_view uiid, std::int16_t& 
 
 Status clsTierUI::InitialiseUserInterface(Itier* tier, const Variant&, Boolean& out) {
   return Border([&] {
-    tier_ = tier;
+    Bind(tier);
     out = ToBoolean(modUserInterface::InitialiseUserInterface());
   });
 }

@@ -2,9 +2,11 @@
 
 #include "host/ItierUserInterface.h"
 #include "tier/LibraryObject.h"
+#include "tier/TierChild.h"
 
-class clsTierUI final : public ItierUserInterface, private LibraryObject {
+class clsTierUI final : public ItierUserInterface, public TierChild, private LibraryObject {
  public:
+  using TierChild::TierChild;
   Status GetATGridIDByUIID(std::string_view uiid, std::string& gridId, Boolean& out) override;
   Status GetCustAccessLevelByUIID(std::string_view uiid, std::int16_t& level, Boolean& out) override;
   Status InitialiseUserInterface(Itier* tier, const Variant& argument, Boolean& out) override;
@@ -18,5 +20,7 @@ class clsTierUI final : public ItierUserInterface, private LibraryObject {
   Status GetDecimalSymbolByUIID(std::string_view uiid, Boolean& shows, Boolean& out) override;
 
  private:
-  Itier* tier_ = nullptr;
+  /// Writes the attribute of a known field; an unknown UIID leaves `result` alone.
+  template <typename Result, typename Member>
+  Status Attribute(std::string_view uiid, Member member, Result& result, Boolean& out);
 };

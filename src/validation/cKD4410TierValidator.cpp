@@ -18,18 +18,23 @@ namespace {
 }  // namespace
 
 void cKD4410TierValidator::Guard() const {
-  if (host_ != nullptr) return;
+  if (host_ != nullptr && !IsOver()) return;
   throw Error(ErrorNumber::kValidatorNotSet, "ItierValidator",
               "ItierValidator not initialised. Please set object reference to Validator before calling any "
               "ItierValidator methods");
 }
 
-template <typename Rule>
-Status cKD4410TierValidator::Guarded(Boolean& out, Rule rule) {
+template <typename Work>
+Status cKD4410TierValidator::GuardedCall(Work work) {
   return Border([&] {
     Guard();
-    out = ToBoolean(rule(ValidatorRef(tier_)));
+    Check(Call(work));
   });
+}
+
+template <typename Rule>
+Status cKD4410TierValidator::Guarded(Boolean& out, Rule rule) {
+  return GuardedCall([&](Itier* tier) { out = ToBoolean(rule(ValidatorRef(tier))); });
 }
 
 Status cKD4410TierValidator::AddRecord(std::string_view gridName, std::shared_ptr<Iprovider> provider,
@@ -68,10 +73,8 @@ Status cKD4410TierValidator::GetEnabledStatebyUIID(std::string_view uiid, Record
 }
 
 Status cKD4410TierValidator::ReasonByUIID(std::string_view uiid, RecordNr record, EnablementReason& out) {
-  return Border([&] {
-    Guard();
-    out = modvalEnablement::ReasonByUIID(ValidatorRef(tier_), uiid, record);
-  });
+  return GuardedCall(
+      [&](Itier* tier) { out = modvalEnablement::ReasonByUIID(ValidatorRef(tier), uiid, record); });
 }
 
 Status cKD4410TierValidator::PermissionToOpenFormByFormName(std::string_view, Boolean& out) {
@@ -105,7 +108,7 @@ Status cKD4410TierValidator::EnterFocusByUIID(std::string_view, const Variant&, 
 }
 
 Status cKD4410TierValidator::Validator(std::shared_ptr<IvalidatorHost>& out) {
-  out = host_;
+  out = IsOver() ? nullptr : host_;
   return {};
 }
 
@@ -115,7 +118,8 @@ Status cKD4410TierValidator::SetValidator(std::shared_ptr<IvalidatorHost> host) 
 }
 
 Status cKD4410TierValidator::Initialize(Itier* tier, std::shared_ptr<IvalidatorHost> host) {
-  tier_ = tier;
-  host_ = std::move(host);
-  return {};
+  return Border([&] {
+    Bind(tier);
+    host_ = std::move(host);
+  });
 }

@@ -3,9 +3,14 @@
 #include "host/IenablementReasons.h"
 #include "host/ItierValidator.h"
 #include "tier/LibraryObject.h"
+#include "tier/TierChild.h"
 
-class cKD4410TierValidator final : public ItierValidator, public IenablementReasons, private LibraryObject {
+class cKD4410TierValidator final : public ItierValidator,
+                                   public IenablementReasons,
+                                   public TierChild,
+                                   private LibraryObject {
  public:
+  using TierChild::TierChild;
   Status AddRecord(std::string_view gridName, std::shared_ptr<Iprovider> provider, Boolean& out) override;
   Status DeleteRecord(std::string_view gridName, RecordNr record, std::shared_ptr<Iprovider> provider,
                       Boolean& out) override;
@@ -25,11 +30,13 @@ class cKD4410TierValidator final : public ItierValidator, public IenablementReas
   Status ReasonByUIID(std::string_view uiid, RecordNr record, EnablementReason& out) override;
 
  private:
-  /// Runs a rule operation behind the guard; `rule` takes the context and gives the answer.
+  /// Runs a rule operation behind the guard, which takes a validator whose tier is gone for one without a
+  /// host; `rule` takes the context and gives the answer.
   template <typename Rule>
   Status Guarded(Boolean& out, Rule rule);
+  template <typename Work>
+  Status GuardedCall(Work work);
   void Guard() const;
 
   std::shared_ptr<IvalidatorHost> host_;
-  Itier* tier_ = nullptr;
 };

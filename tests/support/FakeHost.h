@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -73,6 +74,7 @@ class FakeServices final : public IhostServices {
   }
   Status RaiseEvent(std::int32_t number) override {
     calls.push_back("RaiseEvent " + std::to_string(number));
+    if (onEvent) onEvent();
     return {};
   }
 
@@ -81,4 +83,5 @@ class FakeServices final : public IhostServices {
   std::string folder;
   bool showsBoxes = true;
   std::vector<std::string> boxes, calls;
+  std::function<void()> onEvent;  ///< what the host does when it is told to end
 };

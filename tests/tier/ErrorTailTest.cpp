@@ -9,7 +9,6 @@
 namespace {
 using testing::ElementsAre;
 using testing::EndsWith;
-using testing::IsEmpty;
 
 class ErrorTail : public testing::Test, protected Iterminator {
  protected:
@@ -38,14 +37,6 @@ class ErrorTail : public testing::Test, protected Iterminator {
 
   FakeServices services;
 };
-
-TEST_F(ErrorTail, GoesOnToTheCallerBeforeATierIsThere) {
-  const Fault fault = FaultOfNested();
-  EXPECT_EQ(fault.number, 1234);
-  EXPECT_EQ(fault.source, "Source");
-  EXPECT_EQ(fault.description, "KD4410: Outer\r\nKD4410: Inner\r\nboom");
-  EXPECT_THAT(services.calls, IsEmpty());
-}
 
 TEST_F(ErrorTail, StopsAtTheInnermostProcedureWithOneBoxAndOneEvent) {
   Arm();
@@ -80,15 +71,43 @@ TEST_F(ErrorTail, NamesAProcedureOnceAndTakesWhateverIsThrown) {
                                           EndsWith("|KD4410: X\r\nnot ours")));
 }
 
-TEST_F(ErrorTail, OnlyTheTierInChargeWithdrawsItself) {
-  Arm();
+/// A terminator of another name.
+struct Named final : Iterminator {
+  Named(FakeServices& services, std::string name) : calls(services.calls), called(std::move(name)) {
+    modRaiseError::InitRaiseError(this);
+  }
+  ~Named() override { modRaiseError::WithdrawTerminator(this); }
+  Status TerminateApplication() override {
+    calls.push_back(called);
+    return {};
+  }
+  std::vector<std::string>& calls;
+  std::string called;
+};
+
+TEST_F(ErrorTail, WhoeverGoesTakesItselfBackAndTheOneBeforeIsInCharge) {
+  const auto inCharge = [&] {
+    EXPECT_EQ(FaultOfNested().number, 0);
+    return services.calls.back();
+  };
+  auto first = std::make_unique<Named>(services, "first");
+  auto second = std::make_unique<Named>(services, "second");
+  EXPECT_EQ(inCharge(), "second");
   std::make_shared<clsKD4410Tier>().reset();  // never in charge
-  EXPECT_EQ(FaultOfNested().number, 0);
-  auto tier = std::make_shared<clsKD4410Tier>();
-  modRaiseError::InitRaiseError(tier.get());
-  EXPECT_EQ(FaultOfNested().number, 0);
-  EXPECT_EQ(services.calls.back(), "RaiseEvent 1");
-  tier.reset();
-  EXPECT_EQ(FaultOfNested().number, 1234);
+  EXPECT_EQ(inCharge(), "second");
+  auto third = std::make_unique<Named>(services, "third");
+  second.reset();
+  EXPECT_EQ(inCharge(), "third");
+  modRaiseError::InitRaiseError(first.get());  // initialised once more
+  EXPECT_EQ(inCharge(), "first");
+  first.reset();
+  EXPECT_EQ(inCharge(), "third");
+  third.reset();
+  // With nobody left to end the application the fault is told and goes to the caller.
+  services.boxes.clear();
+  const Fault fault = FaultOfNested();
+  EXPECT_EQ(fault.number, 1234);
+  EXPECT_EQ(fault.description, "KD4410: Outer\r\nKD4410: Inner\r\nboom");
+  EXPECT_EQ(services.boxes.size(), 2U);
 }
 }  // namespace
