@@ -25,6 +25,20 @@ std::vector<std::string> CutAtTabs(std::string_view line) {
   }
 }
 
+/// Open as long as it is read.
+class OpenedFile {
+ public:
+  explicit OpenedFile(const std::string& path) : stream_(path, std::ios::binary) {}
+  std::istream& Stream() { return stream_; }
+
+ private:
+  std::ifstream stream_;
+};
+
+std::string Plain(const std::string& line, bool isScrambled) {
+  return isScrambled ? modCommonGlobals::DecryptString(line) : line;
+}
+
 bool ReadLine(std::istream& file, std::string& line) {
   if (!std::getline(file, line)) return false;
   if (line.ends_with('\r')) line.pop_back();
@@ -32,31 +46,38 @@ bool ReadLine(std::istream& file, std::string& line) {
 }
 }  // namespace
 
-DataFile::DataFile(std::string path) : path_(std::move(path)) {
-  std::ifstream file(path_, std::ios::binary);
+DataFile::DataFile(std::string path, std::istream& file) : path_(std::move(path)) {
   std::string line;
   if (!file || !ReadLine(file, line)) {
     throw Error(ErrorNumber::kFileNotFound, "DataFile", path_ + ": the file can not be read or is empty");
   }
   int lineNumber = 1;
-  const bool scrambled = line == kScrambledMark;
-  const auto plain = [&] { return scrambled ? modCommonGlobals::DecryptString(line) : line; };
-  if (scrambled) {
+  const bool isScrambled = line == kScrambledMark;
+  if (isScrambled) {
     if (!ReadLine(file, line)) {
       throw Error(ErrorNumber::kFileNotFound, "DataFile", path_ + ":2: the header line is missing");
     }
     ++lineNumber;
   }
-  for (const std::string& name : CutAtTabs(plain())) columns_.push_back(UpperCase(name));
-  while (ReadLine(file, line)) {
+  for (const std::string& name : CutAtTabs(Plain(line, isScrambled))) columns_.push_back(UpperCase(name));
+  ReadRows(file, lineNumber, isScrambled);
+}
+
+DataFile::DataFile(std::string path) : DataFile(path, OpenedFile(path).Stream()) {}
+
+void DataFile::ReadRows(std::istream& file, int lineNumber, bool isScrambled) {
+  for (std::string line; ReadLine(file, line);) {
     ++lineNumber;
     if (line.empty()) continue;
-    Row row{lineNumber, CutAtTabs(plain())};
+    Row row{lineNumber, CutAtTabs(Plain(line, isScrambled))};
     for (; row.pieces.size() > columns_.size(); row.pieces.pop_back()) {
       if (!row.pieces.back().empty()) Raise(ErrorNumber::kSubscript, row, "a value beyond the last column");
     }
     rows_.push_back(std::move(row));
   }
+  if (!file.bad()) return;
+  throw Error(ErrorNumber::kFileNotFound, "DataFile",
+              path_ + ":" + std::to_string(lineNumber + 1) + ": the file can not be read to its end");
 }
 
 std::int32_t DataFile::Long(const Row& row, std::size_t column) const {

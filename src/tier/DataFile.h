@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iosfwd>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,8 +16,10 @@ class DataFile {
     std::vector<std::string> pieces;  ///< no more than there are columns; "" takes the default
   };
 
-  /// Raises 53 for a file that can not be read, 9 for a piece beyond the header.
+  /// Raises 53 for a file that can not be read to its end, 9 for a piece beyond the header.
   explicit DataFile(std::string path);
+  /// What an open file holds; `path` names it in errors.
+  DataFile(std::string path, std::istream& file);
 
   const std::vector<std::string>& Columns() const { return columns_; }  ///< in upper case
   const std::vector<Row>& Rows() const { return rows_; }
@@ -33,6 +36,7 @@ class DataFile {
                           std::string_view reason) const;
 
  private:
+  void ReadRows(std::istream& file, int lineNumber, bool isScrambled);
   double Number(const Row& row, std::size_t column) const;
   double Whole(const Row& row, std::size_t column, double lowest, double highest) const;
 
