@@ -37,8 +37,9 @@ void GetChannelIndex(const ProviderRef& provider, std::string_view fieldId, Reco
       return form.SetValue(record, kNone);
     }
     const FieldRef numbers = provider.Field("5.ChannelIDTracker");
-    const std::int32_t index = CLng(provider.Field(kEmergencyIndex).Value(record));
-    const RecordNr channel = numbers.HasRecord(index + 1) ? index + 1 : 1;
+    const std::int64_t stored = std::int64_t{CLng(provider.Field(kEmergencyIndex).Value(record))} + 1;
+    const bool isThere = 1 <= stored && stored <= numbers.RecordCount();
+    const RecordNr channel = isThere ? static_cast<RecordNr>(stored) : 1;
     if (numbers.HasRecord(channel)) form.SetValue(record, CStr(numbers.Value(channel)));
   });
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/Conversions.h"
+#include "signalling/modMDC1200.h"
 #include "tier/FormWrites.h"
 #include "tier/Messages.h"
 #include "tier/RadioCodes.h"
@@ -68,7 +69,8 @@ bool IsBlank(std::string_view sequence, std::int32_t type) {
   const std::size_t first = sequence.find_first_not_of(' ');
   if (first == std::string_view::npos) return true;
   sequence = sequence.substr(first, sequence.find_last_not_of(' ') - first + 1);
-  return sequence == kNone || sequence == kUndefined || (type == SignallingType::kMDC1200 && sequence == "0");
+  return sequence == kNone || sequence == kUndefined ||
+         (type == SignallingType::kMDC1200 && modMDC1200::IsNoSequence(sequence));
 }
 
 /// A network on a system that is not there has nothing to judge.
@@ -152,7 +154,7 @@ bool OfferSideTones(const ValidatorRef& validator) {
   }
   FormWrites writes(validator);
   for (const RecordNr network : sideTones.Records()) writes.Set("SelcallAudibleSideTones", network, kOn);
-  return writes.Accept();
+  return writes.Follow(true);
 }
 
 bool CheckFFSKBaudRate(const ValidatorRef& validator) {

@@ -37,6 +37,13 @@ constexpr std::size_t FindIgnoringCase(std::string_view text, std::string_view w
   return std::string_view::npos;
 }
 
+/// The characters of a UTF-8 text.
+constexpr std::size_t CharacterCount(std::string_view text) {
+  std::size_t count = 0;
+  for (const char c : text) count += (static_cast<unsigned char>(c) & 0xC0U) == 0x80U ? 0 : 1;
+  return count;
+}
+
 inline std::string UpperCase(std::string_view text) {
   std::string upper(text);
   for (char& c : upper) c = UpperChar(c);

@@ -27,8 +27,8 @@ void SetPATimer(const ProviderRef& provider, std::string_view, RecordNr) {
 void GetUIPrefsAudibleMode(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
   Procedure("GetUIPrefsAudibleMode", [&] {
     std::int32_t mode = AudibleMode::kAll;
-    if (IsTicked(provider.Field("34.QuietMode").Value(record))) mode = AudibleMode::kQuiet;
-    if (IsTicked(provider.Field("34.SilentMode").Value(record))) mode = AudibleMode::kSilent;
+    if (IsTicked(provider.Field("QuietMode").Value(record))) mode = AudibleMode::kQuiet;
+    if (IsTicked(provider.Field("SilentMode").Value(record))) mode = AudibleMode::kSilent;
     provider.Field(fieldId).SetValue(record, mode);
   });
 }
@@ -36,8 +36,8 @@ void GetUIPrefsAudibleMode(const ProviderRef& provider, std::string_view fieldId
 void SetUIPrefsAudibleMode(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
   Procedure("SetUIPrefsAudibleMode", [&] {
     const Variant mode = provider.Field(fieldId).Value(record);
-    provider.Field("34.SilentMode").SetValue(record, SameValue(mode, AudibleMode::kSilent) ? kOn : kOff);
-    provider.Field("34.QuietMode").SetValue(record, SameValue(mode, AudibleMode::kQuiet) ? kOn : kOff);
+    provider.Field("SilentMode").SetValue(record, SameValue(mode, AudibleMode::kSilent) ? kOn : kOff);
+    provider.Field("QuietMode").SetValue(record, SameValue(mode, AudibleMode::kQuiet) ? kOn : kOff);
   });
 }
 }  // namespace modUIPreferences

@@ -135,8 +135,7 @@ void SetSelcallTone(const ProviderRef& provider, std::string_view fieldId, Recor
   Procedure("SetSelcallTone", [&] {
     const Part* part = FindPart(fieldId);
     if (part == nullptr) return;
-    std::string text = CStr(provider.Field(part->form).Value(record));
-    if (EqualsIgnoringCase(text, "Undefined") || EqualsIgnoringCase(text, "None")) text.clear();
+    std::string text = modSelcallMapping::SequenceText(provider.Field(part->form).Value(record));
     if (IsStatus(*part)) text = StatusFromForm(provider.Field(kTwoDigits).Value(record), text);
     provider.Field(part->raw).SetValue(record, modSelcallMapping::StringToNumarray(text));
   });

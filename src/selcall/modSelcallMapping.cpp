@@ -3,9 +3,11 @@
 #include <iterator>
 #include <memory>
 
+#include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "tier/LibraryArray.h"
 #include "tier/Procedure.h"
+#include "tier/modProjectGlobals.h"
 
 namespace modSelcallMapping {
 namespace {
@@ -25,6 +27,11 @@ std::string ToneText(std::int32_t code) {
   return std::to_string(code);
 }
 }  // namespace
+
+std::string SequenceText(const Variant& shown) {
+  std::string text = CStr(shown);
+  return EqualsIgnoringCase(text, kNone) || EqualsIgnoringCase(text, kUndefined) ? std::string() : text;
+}
 
 ArrayObject StringToNumarray(std::string_view text) {
   const auto sequence = std::make_shared<LibraryArray>();

@@ -12,6 +12,9 @@ namespace modSelcallMapping {
 /// The fixed-format bursts of one system in table 30, whose record 1 belongs to none.
 inline constexpr RecordNr kBurstsPerSystem = 141;
 
+/// What a form shows of a sequence: "None" and "Undefined", in any case, stand for no tones.
+std::string SequenceText(const Variant& shown);
+
 /// Raises 13 for a character that is none of the above; a lower-case letter is none.
 ArrayObject StringToNumarray(std::string_view text);
 /// An empty value is an empty sequence.

@@ -20,7 +20,8 @@ std::string ToForm(const Variant& sequence) {
   return WithReplaced(modSelcallMapping::NumarrayToString(sequence), 'F', '*', 'E', '#');
 }
 ArrayObject FromForm(const Variant& keys) {
-  return modSelcallMapping::StringToNumarray(WithReplaced(CStr(keys), '*', 'F', '#', 'E'));
+  using namespace modSelcallMapping;
+  return StringToNumarray(WithReplaced(SequenceText(keys), '*', 'F', '#', 'E'));
 }
 
 constexpr struct {

@@ -50,6 +50,8 @@ void RemoveOwnSequences(const ProviderRef& provider, const Variant& identity) {
 }
 }  // namespace
 
+bool IsNoSequence(std::string_view hex) { return hex.find_first_not_of('0') == std::string_view::npos; }
+
 void GetMDC1200(const ProviderRef& provider, std::string_view, RecordNr record) {
   Procedure("GetMDC1200", [&] {
     const Variant identity = provider.Field("80.MDC1200SignallingSystemID").Value(record);

@@ -7,6 +7,8 @@
 /// MDC1200 systems: the form shows identity and sequences as hexadecimal text of at least four digits, the
 /// radio holds decimal text.
 namespace modMDC1200 {
+/// Whether a form's text stands for no sequence: it is empty, or holds zeros alone.
+bool IsNoSequence(std::string_view hex);
 /// Fills the form fields of a system of table 80 from its radio identity and from table 81. A sequence
 /// without a record there is empty.
 void GetMDC1200(const ProviderRef& provider, std::string_view fieldId, RecordNr record);

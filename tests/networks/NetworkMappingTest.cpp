@@ -1,3 +1,5 @@
+#include <limits>
+
 #include "networks/modNetworks.h"
 #include "tests/channels/ChannelFixture.h"
 
@@ -106,8 +108,9 @@ TEST_F(NetworkMapping, TheLongestCyclingTimeIsForAFixedNumberOfCycles) {
 TEST_F(NetworkMapping, TheEmergencyChannelIsAnIndexInTheRadioAndANumberOnTheForm) {
   GiveChannels({11, 12});
   provider.Set("53.ChannelType", 1, 1);
-  for (const auto& [index, shown] : {std::pair{0, "11"}, std::pair{1, "12"}, std::pair{2, "11"},
-                                     std::pair{1, "12"}, std::pair{-1, "11"}}) {
+  for (const auto& [index, shown] :
+       {std::pair{0, "11"}, std::pair{1, "12"}, std::pair{2, "11"}, std::pair{1, "12"}, std::pair{-1, "11"},
+        std::pair{std::numeric_limits<std::int32_t>::max(), "11"}}) {
     EXPECT_EQ(OnForm("53.ChannelRecordNr", index, "53.ChannelIDTracker"), shown) << index;
   }
   for (const auto& [number, index] :

@@ -78,6 +78,18 @@ TEST_F(Sequences, ANetworkBeyondAllTablesIsAFaultAndAddsNoPatchSequences) {
   EXPECT_EQ(provider.Count(68), provider.GetSchema().FindTable(68)->minimum);
 }
 
+/// The list of a preset offers these words, and a control without a list shows the second.
+TEST_F(Sequences, NoneAndUndefinedAreEmptySequences) {
+  provider.Fill("64.DTMFANISequence", {"None", "1"});
+  provider.Fill("67.DTMFPatchSequence1", {"Undefined", "2"});
+  provider.Fill("65.DTMFChannelPresetSequenceUI", {"", "UNDEFINED", "none", "3"});
+  EXPECT_TRUE(FromUI(kDTMF) && FromUI(kPatch, 1) && FromUI("65.DTMFChannelPresetSequenceUI"));
+  EXPECT_EQ(Tones("66.DTMFNetworkPresetSequence", 5) + Tones("66.DTMFNetworkPresetSequence", 11), "1");
+  EXPECT_EQ(Tones("68.DTMFPatchSeqSequence", 1), "");
+  const std::string kPreset = "65.DTMFChannelPresetSequence";
+  EXPECT_EQ(Tones(kPreset, 2) + Tones(kPreset, 3) + "," + Tones(kPreset, 4), ",3");
+}
+
 TEST_F(Sequences, MDC1200TextsAreHexadecimalOnTheFormAndDecimalInTheRadio) {
   provider.Fill("80.MDC1200SignallingSystemID", {4, 9});
   provider.Fill(kMDC1200, {"0001", "FFF"});
