@@ -91,6 +91,17 @@ constexpr Transformation kTransformations[] = {
 };
 // clang-format on
 static_assert(std::ranges::is_sorted(kTransformations, {}, &Transformation::number));
+
+/// No field would ever come to the row behind.
+constexpr bool Hides(const Transformation& row, const Transformation& behind) {
+  return row.number == behind.number &&
+         (row.fieldId.empty() || EqualsIgnoringCase(row.fieldId, behind.fieldId));
+}
+constexpr bool HidesAny(const Transformation& row) {
+  return std::ranges::any_of(&row + 1, std::end(kTransformations),
+                             [&](const Transformation& behind) { return Hides(row, behind); });
+}
+static_assert(std::ranges::none_of(kTransformations, HidesAny));
 }  // namespace
 
 const Transformation* Find(std::int32_t number, std::string_view fieldId) {

@@ -31,6 +31,15 @@ const std::shared_ptr<const SchemaFiles>& ProjectSchemas() {
   return schemas;
 }
 
+const SchemaField* FindInAnyVersion(std::string_view name) {
+  const std::vector<VersionName> versions = SchemaFiles::VersionsOf("KD4410");
+  for (auto version = versions.rbegin(); version != versions.rend(); ++version) {
+    const SchemaField* field = ProjectSchemas()->At(version->Text())->Find(name);
+    if (field != nullptr) return field;
+  }
+  return nullptr;
+}
+
 HostParts ProjectParts() {
   return {ProjectSchemas(), kTierLibrary, std::filesystem::path(kTierLibrary).parent_path().string()};
 }

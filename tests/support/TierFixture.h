@@ -16,6 +16,8 @@
 
 /// The schema files of the project, read once in the life of the process.
 const std::shared_ptr<const SchemaFiles>& ProjectSchemas();
+/// The field of that name in the newest version, else in an older one; null for a name that is in none.
+const SchemaField* FindInAnyVersion(std::string_view name);
 /// What a session of the workbench is made from: these schemas, the built plug-in and the data beside it.
 HostParts ProjectParts();
 
