@@ -182,6 +182,7 @@ void ScriptedMessenger::Play(std::vector<Button> answers) {
 }
 
 Button ScriptedMessenger::Answer(const Shown& question) {
+  if (always_) return *always_;
   if (next_ < script_.size() && Offers(question.style, script_[next_])) return script_[next_++];
   unscripted_.push_back(question.text);
   return Button::No;

@@ -80,6 +80,8 @@ class ScriptedMessenger final : public RecordingMessenger {
  public:
   /// Adds answers to the script.
   void Play(std::vector<Button> answers);
+  /// Every question from now on gets this answer; the script is left alone.
+  void AlwaysAnswer(Button button) { always_ = button; }
   /// The texts of the questions that the script did not foresee.
   const std::vector<std::string>& Unscripted() const { return unscripted_; }
   /// How many answers no question has asked for.
@@ -91,6 +93,7 @@ class ScriptedMessenger final : public RecordingMessenger {
  private:
   std::vector<Button> script_;
   std::size_t next_ = 0;
+  std::optional<Button> always_;
   std::vector<std::string> unscripted_;
 };
 

@@ -72,7 +72,6 @@ bool ValidateBand(FieldEdit& edit) {
   const ProviderRef provider = edit.validator.CurrentProvider();
   const bool isK5 = position == modBandLimits::kPositionK5;
   if (!isK5 && IsTicked(provider.Field("RFCompliance").Value(1))) edit.writes.Set("RFCompliance", 1, 0);
-  edit.writes.Enable("RFCompliance", isK5);
   const std::int32_t bandType = modBandLimits::GetBandLimitsByComboBoxPosition(position).BandType;
   provider.Field("34.band").SetValue(1, bandType);
   return true;

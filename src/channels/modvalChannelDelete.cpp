@@ -19,16 +19,18 @@ class ChannelDeletion {
         identity_(provider_.Field("ChannelID_k6k").Value(channel)),
         heir_(channel == 1 ? 2 : 1) {}
 
-  bool Run() {
+  bool Run() { return writes_.Follow(Releases()); }
+
+ private:
+  bool Releases() {
     if (IsGroupMember() || IsPinChannel()) return false;
     if (!ReleaseKeys() || !ReleaseEmergencies() || !ReleaseGPS()) return false;
     Bequeath("ActionParamHomeChannel", "ActionParamHomeChannel");
     Bequeath("ActionParamPresetChannel", "ActionParamPresetChannel");
     MoveCurrentChannel();
-    return ReleaseStartup() && writes_.Accept();
+    return ReleaseStartup();
   }
 
- private:
   bool RefersHere(std::string_view name, RecordNr record = 1) const {
     return SameValue(provider_.Field(name).Value(record), identity_);
   }

@@ -75,44 +75,11 @@ bool ValidateNumber(FieldEdit& edit) {
   return SameValue(old, edit.value) || Renumbering(edit, old).Run();
 }
 
-/// The controls of the channel form that one signalling type uses.
-constexpr struct {
-  std::string_view uiid;
-  std::int32_t signallingType;
-} kSignallingControls[] = {
-    {"RepeaterBurstIndex_k6k", SignallingType::kSelcall},
-    {"CallerIDBurstIndex_k6k", SignallingType::kSelcall},
-    {"TXCallBurstIndex_k6k", SignallingType::kSelcall},
-    {"StatusBurstIndex_k6k", SignallingType::kSelcall},
-    {"RepeaterAccessToneIndex_k6k", SignallingType::kSelcall},
-    {"Lead-In-ToneIndex_k6k", SignallingType::kSelcall},
-    {"RxDecodeOneEnabled_k6k", SignallingType::kSelcall},
-    {"RxDecodeTwoEnabled_k6k", SignallingType::kSelcall},
-    {"GroupCallDecode_k6k", SignallingType::kSelcall},
-    {"DTMFPresetCallSequence", SignallingType::kDTMF},
-    {"T99IndividualCallReceive_k6k", SignallingType::kTwoTone},
-    {"T99GroupCallReceive_k6k", SignallingType::kTwoTone},
-    {"T99AllCallReceive_k6k", SignallingType::kTwoTone},
-};
-
-/// What the network's signalling makes of the channel's controls; without a network there is none.
-void EnableSignallingControls(FieldEdit& edit, RecordNr network) {
-  const ProviderRef provider = edit.validator.CurrentProvider();
-  const auto type =
-      network == 0 ? SignallingType::kNone : CLng(provider.Field("SignallingType").Value(network));
-  for (const auto& control : kSignallingControls) {
-    edit.writes.Enable(control.uiid, type == control.signallingType);
-  }
-  const bool usesSIBT = network != 0 && IsTicked(provider.Field("SIBTEnabled_k6k").Value(network));
-  edit.writes.Enable("ChannelSIBTEnabled_k6k", usesSIBT);
-}
-
 /// The same network again runs through all of it too.
 bool ValidateNetwork(FieldEdit& edit) {
   if (!modvalEmergency::ValidateChannelID(edit.validator, edit.record)) return false;
   if (!ValidatePresetSelcallAgainstTxFormat(edit.validator, edit.record)) return false;
   edit.writes.Set(edit.uiid, edit.record, edit.value);
-  EnableSignallingControls(edit, FindChannelsNetworkRecordNr(edit.validator, edit.record));
   ResetChannelSelcallPresets(edit.writes, edit.record);
   edit.writes.Set("DTMFPresetCallSequence", edit.record, kNone);
   return true;

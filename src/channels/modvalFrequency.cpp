@@ -39,9 +39,8 @@ std::string WithDecimalSymbol(std::string_view typed) {
 /// The frequency is cleared: a channel without one can not inhibit its transmitter.
 bool ClearFrequency(FieldEdit& edit, const std::string& text) {
   edit.value = text;
-  edit.writes.Set(edit.uiid, edit.record, text);
+  edit.StoreNow();
   edit.writes.Set("TxInhibit_k6k", edit.record, 0);
-  edit.writes.Enable("TxInhibit_k6k", false);
   return true;
 }
 
@@ -106,17 +105,16 @@ bool IsNewChannel(const FieldEdit& edit) {
 /// distress beacon is allowed; only its copy is refused, and the edit ends there.
 bool AcceptReceive(FieldEdit& edit, std::int32_t position, const std::string& text) {
   if (position != modBandLimits::kPositionK5 && IsNewChannel(edit)) {
-    if (!MayTransmitOn(edit.validator, text)) return true;
+    if (!MayTransmitOn(edit.validator, text)) return edit.PassUnchanged();
     edit.writes.Set("TxFreq_k6k", edit.record, text);
   }
-  edit.writes.Enable("TxInhibit_k6k", true);
   return true;
 }
 
 bool AcceptTransmit(FieldEdit& edit, const std::string& text) {
   if (!MayTransmitOn(edit.validator, text)) return false;
-  edit.writes.Set(edit.uiid, edit.record, text);
-  return true;
+  edit.StoreNow();
+  return edit.PassUnchanged();
 }
 
 bool Includes(const SubBand& range, double megahertz) {

@@ -1,6 +1,7 @@
 #include "networks/modvalEmergency.h"
 
 #include <algorithm>
+#include <limits>
 #include <string>
 
 #include "networks/modNetworks.h"
@@ -14,7 +15,7 @@
 
 namespace modvalEmergency {
 namespace {
-constexpr std::int32_t kShortestIntervalMs = 200;
+constexpr std::int64_t kShortestIntervalMs = 200;
 
 /// Another network whose dedicated emergency channel belongs to the network with number `id`; 0 for none.
 RecordNr FindDedicatedUser(const ProviderRef& provider, RecordNr network, const Variant& id) {
@@ -49,6 +50,12 @@ Timing TimingOf(const ProviderRef& provider, RecordNr network) {
   }
   return {CLng(provider.Field("DTMFIntertoneGap").Value(system)),
           CLng(provider.Field("DTMFStandardTonePeriod").Value(system))};
+}
+
+/// A damaged file holds timings of any length, the field does not.
+std::int64_t LongestIntervalMs(const FieldRef& field) {
+  const std::int64_t limit = field.Maximum();
+  return limit > kShortestIntervalMs ? limit : std::numeric_limits<std::int32_t>::max();
 }
 
 /// At the record of the network's number, not of the network: wanted so. There may be no such record.
@@ -87,22 +94,12 @@ bool ContinuesOnPurpose(const FieldEdit& edit) {
              "Setting the cycling type to Continuous will result in an infinite number of transmissions if "
              "no acknowledgement is received. Do you want to continue?") != Button::No;
 }
-
-/// The controls of cycling, in the order in which they change.
-constexpr std::string_view kCyclingControls[] = {
-    "EmCyclingType",        "EmCyclingNumber",   "EmCyclingRxTime",
-    "EmCyclingTxTime",      "EmCyclingANI",      "EmCyclingAlertTone",
-    "EmCyTxBeginToneFreq",  "EmCyTxEndToneFreq", "EmCyTxBeginToneDuration",
-    "EmCyTxEndToneDuration"};
 }  // namespace
 
 bool ValidateEmCyclingType(FieldEdit& edit) {
   return Procedure("ValidateEmCyclingType", true, [&] {
     if (!ContinuesOnPurpose(edit)) return false;
     const bool isFixedNumber = edit.Is(EmCycling::kFixedNumber);
-    edit.writes.Enable("EmCyclingNumber", isFixedNumber);
-    edit.writes.Enable("EmCyclingRxTime", !edit.Is(EmCycling::kNone));
-    edit.writes.Enable("EmCyclingTxTime", !edit.Is(EmCycling::kNone));
     const auto number = [&](std::string_view field) { return CDbl(edit.Stored(field, edit.record)); };
     edit.writes.Set("EmCyclingMaxTime", edit.record,
                     modNetworks::MaximumCyclingTime(isFixedNumber, number("EmCyclingRxTime"),
@@ -120,21 +117,6 @@ bool ValidateEmergencyANIEnabled(FieldEdit& edit) {
       const std::string sequence = modNetworks::SequenceOf(edit.validator.CurrentProvider(), type, identity,
                                                            modNetworks::ANISequenceField(type));
       return !sequence.empty() || Refuse(edit.validator, text);
-    }
-    return true;
-  });
-}
-
-bool ValidateEMSignallingType(FieldEdit& edit) {
-  return Procedure("ValidateEMSignallingType", true, [&] {
-    const bool signals = !edit.Is(EmSignalling::kNoSignalling);
-    // Of the first network, whichever is edited: wanted so.
-    const bool cyclesFixed = edit.Holds("EmCyclingType", EmCycling::kFixedNumber);
-    const bool cycles = !edit.Holds("EmCyclingType", EmCycling::kNone);
-    for (const std::string_view control : kCyclingControls) {
-      const bool isTime = control == "EmCyclingRxTime" || control == "EmCyclingTxTime";
-      const bool applies = control == "EmCyclingNumber" ? cyclesFixed : !isTime || cycles;
-      edit.writes.Enable(control, signals && applies);
     }
     return true;
   });
@@ -187,9 +169,12 @@ bool ValidateEmergencyEnabled(FieldEdit& edit) {
 
 void ValidateRepeatInterval(FieldEdit& edit, std::string_view intervalField, RecordNr network) {
   Procedure("ValidateRepeatInterval", [&] {
-    const Timing timing = TimingOf(edit.validator.CurrentProvider(), network);
-    const std::int32_t interval = std::max(3 * timing.gapMs + timing.toneMs, kShortestIntervalMs);
-    edit.writes.Set(intervalField, network, interval);
+    const ProviderRef provider = edit.validator.CurrentProvider();
+    const Timing timing = TimingOf(provider, network);
+    const std::int64_t interval = std::int64_t{3} * timing.gapMs + timing.toneMs;
+    edit.writes.Set(intervalField, network,
+                    static_cast<std::int32_t>(std::clamp(interval, kShortestIntervalMs,
+                                                         LongestIntervalMs(provider.Field(intervalField)))));
   });
 }
 

@@ -9,10 +9,8 @@ namespace modvalEmergency {
 bool ValidateEmergencyEnabled(FieldEdit& edit);
 /// Emergency ANI needs a sequence in the network's system, where its type has one.
 bool ValidateEmergencyANIEnabled(FieldEdit& edit);
-/// How the emergency is cycled; endless cycling gets advice or a question. Longest time and controls follow.
+/// How the emergency is cycled; endless cycling gets advice or a question. The longest time follows.
 bool ValidateEmCyclingType(FieldEdit& edit);
-/// Whether the emergency signals: the controls of cycling follow. Always true.
-bool ValidateEMSignallingType(FieldEdit& edit);
 /// The dedicated channel, by number: one that can not transmit, or of another network, needs consent.
 bool ValidateEmChannel(FieldEdit& edit);
 /// Writes the shortest repeat interval, in ms, that the signalling of the network allows to its field.

@@ -10,19 +10,6 @@
 
 namespace modvalEmergencyFields {
 namespace {
-constexpr std::string_view kControls[] = {
-    "EmSignallingType",        "EmChannelType",           "EmChannel",
-    "EmTxOnHighPower",         "EmCalloutType",           "EmCalloutNumber",
-    "EmCalloutRepeatInterval", "EmCyclingType",           "EmCyclingNumber",
-    "EmCyclingRxTime",         "EmCyclingTxTime",         "EmCyclingANI",
-    "StealthFalsePowerdown",   "StealthtoggleCycling",    "EmCyclingAlertTone",
-    "EmCyTxBeginToneFreq",     "EmCyTxBeginToneDuration", "EmCyTxEndToneFreq",
-    "EmCyTxEndToneDuration"};
-constexpr std::string_view kToneControls[] = {"EmCyTxBeginToneFreq", "EmCyTxBeginToneDuration",
-                                              "EmCyTxEndToneFreq", "EmCyTxEndToneDuration"};
-constexpr std::string_view kCalloutControls[] = {"EmCalloutNumber", "EmCalloutRepeatInterval"};
-constexpr std::string_view kIntervalControl[] = {"EmCalloutRepeatInterval"};
-
 /// A number of the network as it will stand after the edit; what is no number counts as 0.
 double NumberAfter(const FieldEdit& edit, std::string_view field) {
   const Variant value = EqualsIgnoringCase(field, edit.uiid) ? edit.value : edit.Stored(field, edit.record);
@@ -30,13 +17,12 @@ double NumberAfter(const FieldEdit& edit, std::string_view field) {
 }
 
 void WarnOfEndlessCallout(const FieldEdit& edit) {
-  const RecordNr network = edit.CurrentNetwork();
-  if (!edit.Is(EmCallout::kContinuous) || !edit.Holds("EmergencyEnabled", kOn, network)) return;
-  if (edit.Holds("SignallingType", SignallingType::kDTMF, network)) {
+  if (!edit.Is(EmCallout::kContinuous) || !edit.Holds("EmergencyEnabled", kOn, edit.record)) return;
+  if (edit.Holds("SignallingType", SignallingType::kDTMF, edit.record)) {
     Notify(edit.validator,
            "The current network is DTMF, and because DTMF calls are not acknowledged, the callout sequence "
            "will be sent indefinitely. Consider using a fixed number of callouts instead.");
-  } else if (edit.Holds("SignallingType", SignallingType::kMDC1200, network)) {
+  } else if (edit.Holds("SignallingType", SignallingType::kMDC1200, edit.record)) {
     Notify(edit.validator,
            "The current network is MDC1200, and because MDC1200 calls are not acknowledged, the callout "
            "sequence will be sent indefinitely. Consider using a fixed number of callouts instead.");
@@ -44,48 +30,28 @@ void WarnOfEndlessCallout(const FieldEdit& edit) {
 }
 }  // namespace
 
-bool ValidateEmergency(FieldEdit& edit) {
-  if (!modvalEmergency::ValidateEmergencyEnabled(edit)) return false;
-  edit.StoreNow();
-  edit.EnableByRule(kControls);
-  edit.writes.Enable("SIBTTxCyclingEnabled_k6k",
-                     edit.Is(kOn) && edit.Holds("SIBTEnabled_k6k", kOn, edit.CurrentNetwork()));
-  return true;
-}
-
-bool ValidateAlertTone(FieldEdit& edit) {
-  edit.StoreNow();
-  edit.EnableByRule(kToneControls);
-  return true;
-}
-
 bool ValidateChannelType(FieldEdit& edit) {
   if (edit.Is(ChannelType::kCurrent)) edit.writes.Set("EmChannel", edit.record, kNone);
-  edit.writes.Enable("EmChannel", !edit.Is(ChannelType::kCurrent));
   return true;
 }
 
 bool ValidateCalloutType(FieldEdit& edit) {
   WarnOfEndlessCallout(edit);
-  edit.StoreNow();
   if (edit.Holds("EmCalloutNumber", 1, edit.record)) {
     modvalEmergency::ValidateRepeatInterval(edit, "EmCalloutRepeatInterval", edit.record);
   }
-  edit.EnableByRule(kCalloutControls);
   return true;
 }
 
 bool ValidateCalloutNumber(FieldEdit& edit) {
-  edit.StoreNow();
-  if (edit.Is(1) && !edit.Holds("EmCalloutType", EmCallout::kDisabled, edit.CurrentNetwork())) {
+  if (edit.Is(1) && !edit.Holds("EmCalloutType", EmCallout::kDisabled, edit.record)) {
     modvalEmergency::ValidateRepeatInterval(edit, "EmCalloutRepeatInterval", edit.record);
   }
-  edit.EnableByRule(kIntervalControl);
   return true;
 }
 
 bool ValidateFalsePowerdown(FieldEdit& edit) {
-  if (edit.Is(kOn) && !edit.Holds("SignallingType", SignallingType::kSelcall, edit.CurrentNetwork())) {
+  if (edit.Is(kOn) && !edit.Holds("SignallingType", SignallingType::kSelcall, edit.record)) {
     Notify(edit.validator,
            "If False Power Down is selected there is no way to remotely reset the radio while in Emergency "
            "mode on non-Selcall Systems.");
@@ -94,7 +60,7 @@ bool ValidateFalsePowerdown(FieldEdit& edit) {
 }
 
 bool ValidateCyclingTime(FieldEdit& edit) {
-  const bool isFixedNumber = edit.Holds("EmCyclingType", EmCycling::kFixedNumber, edit.CurrentNetwork());
+  const bool isFixedNumber = edit.Holds("EmCyclingType", EmCycling::kFixedNumber, edit.record);
   edit.writes.Set("EmCyclingMaxTime", edit.record,
                   modNetworks::MaximumCyclingTime(isFixedNumber, NumberAfter(edit, "EmCyclingRxTime"),
                                                   NumberAfter(edit, "EmCyclingTxTime"),

@@ -5,9 +5,6 @@
 /// The rules of the emergency form that need no more than their neighbours. `edit.record` is a network. True
 /// lets the host keep the change.
 namespace modvalEmergencyFields {
-/// Emergency mode of a network, with the states of all its controls.
-bool ValidateEmergency(FieldEdit& edit);
-bool ValidateAlertTone(FieldEdit& edit);
 /// The current channel is no dedicated one.
 bool ValidateChannelType(FieldEdit& edit);
 /// Callouts: without end they get a notice on a network that does not acknowledge.

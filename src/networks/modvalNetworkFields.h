@@ -8,21 +8,14 @@ namespace modvalNetworkFields {
 /// The third tone reset of a Selcall system does not go with the reset by an invalid call.
 bool ValidateInvalidCallReset(FieldEdit& edit);
 /// The sequences that open the monitor: without both there is no call to monitor.
-bool ValidateSequenceOneMonitor(FieldEdit& edit);
 bool ValidateSequenceTwoMonitor(FieldEdit& edit);
-bool ValidateExpectAck(FieldEdit& edit);
-bool ValidateToneBlankingTimer(FieldEdit& edit);
 /// The longest transmission; 0 is no limit.
 bool ValidateTxDuration(FieldEdit& edit);
-bool ValidateReverseToneBurst(FieldEdit& edit);
 /// The over beep takes the place of the trailing ANI.
 bool ValidateAutoOverBeep(FieldEdit& edit);
-bool ValidateAutoQuietTime(FieldEdit& edit);
-bool ValidateHookswitchMonitorSwitch(FieldEdit& edit);
 /// A two-tone network has no ring alerts.
 bool ValidateAlertType(FieldEdit& edit);
 bool ValidateDeferredCalling(FieldEdit& edit);
-bool ValidateCWID(FieldEdit& edit);
 /// A sequence of an MDC1200 system needs a radio identity.
 bool ValidateMDC1200Identity(FieldEdit& edit);
 }  // namespace modvalNetworkFields

@@ -9,16 +9,6 @@
 
 namespace modvalNetworks {
 namespace {
-/// What signalling with PTT may be included with.
-constexpr std::string_view kPTTControls[] = {"IncludePTTSignallingWithPTT_k6k",
-                                             "IncludePTTSignallingWithEPTT1_k6k",
-                                             "IncludePTTSignallingWithEPTT2_k6k", "ANISuppressionTime_k6k"};
-
-void EnablePTTControls(FieldEdit& edit, std::string_view otherSide) {
-  const bool otherSignals = !edit.Holds(otherSide, SignallingOnPTT::kNone, edit.record);
-  edit.EnableAll(kPTTControls, !edit.Is(SignallingOnPTT::kNone) || otherSignals);
-}
-
 constexpr std::string_view kOverrides[] = {"HookswitchMonitorOverrides_k6k", "MonitorOverrides_k6k"};
 
 void AdviseOnGap(const FieldEdit& edit, const Variant& gap, const Variant& tone) {
@@ -68,8 +58,6 @@ bool ValidateSignallingOnPTTPress(FieldEdit& edit) {
       return Refuse(edit.validator,
                     "This option is not available when the Network Signalling Type is set to MDC1200");
     }
-    EnablePTTControls(edit, "SignallingOnPTTRelease_k6k");
-    edit.writes.Enable("SuppressPTTPressWhenBusy_k6k", !edit.Is(SignallingOnPTT::kNone));
     return true;
   });
 }
@@ -83,8 +71,6 @@ bool ValidateSignallingOnPTTRelease(FieldEdit& edit) {
       return Refuse(edit.validator,
                     "This option not available when the Network Signalling Type is set to Two-Tone or None");
     }
-    EnablePTTControls(edit, "SignallingOnPTTPress_k6k");
-    edit.writes.Enable("AutoOverBeepFrequency", edit.Is(SignallingOnPTT::kTone));
     return true;
   });
 }
@@ -116,7 +102,6 @@ bool ValidateCallMute(FieldEdit& edit) {
         edit.writes.Set(field, edit.record, MonitorOverrides::kAllMutes);
       }
     }
-    edit.EnableAll(kOverrides, edit.Is(kOn));
     return true;
   });
 }

@@ -43,17 +43,6 @@ bool MoveChannels(FieldEdit& edit, const Variant& old, const Variant& number) {
   return true;
 }
 
-/// A two-tone network has no ring patterns.
-void EnableRingPatterns(FieldEdit& edit, RecordNr network, std::span<const std::string_view> controls) {
-  edit.EnableAll(controls, !edit.Holds("SignallingType", SignallingType::kTwoTone, network));
-}
-
-constexpr std::string_view kPatternsOfNumber[] = {"AlertRingPattern2", "AlertRingPatternGroup",
-                                                  "AlertRingPatternAll"};
-constexpr std::string_view kPatternsOfNetwork[] = {"AlertRingPattern1", "AlertRingPattern2",
-                                                   "AlertRingPatternGroup", "AlertRingPatternPriority",
-                                                   "AlertRingPatternEmergency"};
-
 bool HasChannels(const ProviderRef& provider, const Variant& number) {
   const std::vector<Variant> networks = provider.Field("ChannelNetworkId_k6k").Values();
   return std::any_of(networks.begin(), networks.end(),
@@ -118,21 +107,13 @@ bool ValidateNetworkID(FieldEdit& edit) {
   return Procedure("ValidateNetworkID", true, [&] {
     const ProviderRef provider = edit.validator.CurrentProvider();
     const Variant old = provider.Field("NetworkID").Value(edit.record);
-    if (SameValue(old, edit.value)) return true;
+    if (SameValue(old, edit.value)) return edit.PassUnchanged();
     // The form's number is text; the references are numbers.
     const Variant number = IsNumeric(edit.value) ? Variant(CLng(edit.value)) : edit.value;
     if (!MoveChannels(edit, old, number)) return false;
     for (const auto& [fieldId, uiid] : kNumbers) {
       if (provider.Field(fieldId).HasRecord(edit.record)) edit.writes.Set(fieldId, uiid, edit.record, number);
     }
-    EnableRingPatterns(edit, edit.CurrentNetwork(), kPatternsOfNumber);
-    return true;
-  });
-}
-
-bool ValidateNetworkIDChange(FieldEdit& edit) {
-  return Procedure("ValidateNetworkIDChange", true, [&] {
-    EnableRingPatterns(edit, CLng(edit.value), kPatternsOfNetwork);
     return true;
   });
 }
@@ -149,7 +130,7 @@ bool DeleteNetwork(const ValidatorRef& validator, RecordNr network) {
     // There is no record 0 to show, even when the last network goes.
     if (current == numbers.RecordCount() && current > 1) writes.Set("CurrentNetworkNr", 1, current - 1);
     modNetworkRecords::DeleteCompanions(provider, network);
-    writes.Accept();
+    writes.Follow(true);
     modNetworkRecords::ReloadLists(validator);
     return true;
   });
@@ -190,7 +171,7 @@ void SortNetworks(const ValidatorRef& validator) {
       writes.Set("CurrentNetworkNr", 1, network);
       break;
     }
-    writes.Accept();
+    writes.Follow(true);
     modNetworkRecords::ReloadLists(validator);
   });
 }

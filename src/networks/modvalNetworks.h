@@ -32,8 +32,6 @@ bool ValidateDTMFTonePeriod(FieldEdit& edit);
 
 /// A new number moves the channels of the network, after one question, and its companion records.
 bool ValidateNetworkID(FieldEdit& edit);
-/// The forms turn to the network record `edit.value`.
-bool ValidateNetworkIDChange(FieldEdit& edit);
 
 /// Whether the network may be deleted: not while a channel uses it. Deletes the records that belong to it.
 bool DeleteNetwork(const ValidatorRef& validator, RecordNr network);

@@ -66,39 +66,6 @@ constexpr struct {
     {"InhibitEPTT2WhenCallInactive_k6k", kOff},
 };
 
-/// The controls whose state depends on the type.
-constexpr std::string_view kTypeControls[] = {"CallMute",
-                                              "SubaudGenerate_k6k",
-                                              "SubaudValidate_k6k",
-                                              "MonitorOnCallAck_k6k",
-                                              "MonitorCallReceived_k6k",
-                                              "SignallingOnPTTPress_k6k",
-                                              "SignallingOnPTTRelease_k6k",
-                                              "NetworkProceedToTalkTone",
-                                              "EmCalloutType",
-                                              "EmCalloutRepeatInterval",
-                                              "SIBTEnabled_k6k",
-                                              "SIBTTxCyclingEnabled_k6k",
-                                              "ToneBlankingTimer",
-                                              "AutoAckType",
-                                              "SelcallRMRAcknowledge",
-                                              "SelcallRMRAlert",
-                                              "SelcallRMRCallClear",
-                                              "ExpectAck",
-                                              "DeferredCalling_k6k",
-                                              "SelcallAudibleSideTones",
-                                              "RxSeqOneMonitorOn",
-                                              "RxSeqTwoMonitorOn",
-                                              "StealthtoggleCycling",
-                                              "StealthFalsePowerdown",
-                                              "EmSignallingType",
-                                              "Sequence1AlertType",
-                                              "Sequence2AlertType",
-                                              "GroupCallAlertType",
-                                              "AllCallAlertType",
-                                              "PriorityCallAlertType",
-                                              "EmergencyCallAlertType"};
-
 /// The fields that show what the system makes of the network.
 constexpr std::string_view kSystemFields[] = {
     "AutoAckType",           "AutoAckDelay",        "ExpectAck",
@@ -233,7 +200,6 @@ class TypeChange {
     if (needs_ == nullptr) {
       for (const auto& [uiid, value] : kWithoutSignalling) edit_.writes.Set(uiid, edit_.record, value);
     }
-    edit_.EnableByRule(kTypeControls);
   }
 
   FieldEdit& edit_;
@@ -275,9 +241,9 @@ bool SystemGoesWithANI(FieldEdit& edit) {
 bool ValidateSignallingType(FieldEdit& edit) {
   return Procedure("ValidateSignallingType", true, [&] {
     // Once more the same type would put the network on the first system.
-    if (SameValue(edit.Stored("SignallingType", edit.record), edit.value)) return true;
+    if (SameValue(edit.Stored("SignallingType", edit.record), edit.value)) return edit.PassUnchanged();
     const bool isKnown = edit.Is(SignallingType::kNone) || FindType(edit.value) != nullptr;
-    if (!isKnown) return true;  // the limits of the field are the host's to watch
+    if (!isKnown) return edit.PassUnchanged();  // the limits of the field are the host's to watch
     return TypeChange(edit).Run();
   });
 }

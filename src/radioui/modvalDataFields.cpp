@@ -9,30 +9,6 @@
 
 namespace modvalDataFields {
 namespace {
-constexpr std::string_view kTransparentModeControls[] = {"DataIgnoreEsc", "TModeUARTWriteDelay"};
-constexpr std::string_view kMoreTransparentModeControls[] = {"DataVHSDModemEnabled", "DataTMBaudRate",
-                                                             "DataTMFlowControl", "FFSKChecking"};
-constexpr std::string_view kVHSDControls[] = {
-    "DataHSDBaudRate", "DataHSDFlowControl", "DataVHSDLayer2Enabled", "VHSDForwardErrorCorrection",
-    "VHSDLeadInDelay", "VHSDLeadOutDelay",   "VornWidebandModem",     "DataVHSDNumFECCodewords"};
-constexpr std::string_view kTotalModeControls[] = {"dataTotalModeService",
-                                                   "dataTotalRadioIdHex",
-                                                   "dataTotalSystemIdHex",
-                                                   "dataTotalDestinationIdHex",
-                                                   "dataTotalLinkIdHex",
-                                                   "dataTotalMtuSize",
-                                                   "dataTotalValidateCrc",
-                                                   "dataTotalConfirmedModeRetries",
-                                                   "dataTotalConfirmedModeTimeout",
-                                                   "dataTxBackoffOnBusyPeriod",
-                                                   "dataTxBackoffTimeMin",
-                                                   "dataTxBackoffTimeMax",
-                                                   "dataChannelAccessMethod"};
-constexpr std::string_view kSDMControls[] = {"SDMEncodeCallerIDEnabled",   "DataIdentity",
-                                             "GPSSDMCompatibility",        "AllowSDMOverwrite",
-                                             "TextSDMAutoAckTransmission", "TextSDMAutoAckReception",
-                                             "TextSDMIndicator",           "DataSDMWaitForAck",
-                                             "DataSDMAutoAckDelay"};
 constexpr std::string_view kFlowControls[] = {"DataCMFlowControl", "DataTMFlowControl", "DataHSDFlowControl"};
 
 /// Tone blanking is on and the last of the two options that it may rest on goes.
@@ -65,8 +41,15 @@ void LeavePowerupState(FieldEdit& edit, std::int32_t state) {
   if (edit.Holds("DataPowerupState", state)) edit.writes.Set("DataPowerupState", 1, PowerupState::kCommand);
 }
 
+/// The digits of a hexadecimal number that count: 5 is 05, and no text is 0.
+std::string Significant(const Variant& hex) {
+  const std::string digits = CStr(hex);
+  return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
+}
+
 bool SameCharacter(const FieldEdit& edit, std::string_view otherField) {
-  return EqualsIgnoringCase(CStr(edit.value), CStr(edit.Stored(otherField)));
+  const Variant other = edit.Stored(otherField);
+  return !other.IsEmpty() && EqualsIgnoringCase(Significant(edit.value), Significant(other));
 }
 
 bool IsAbove(const Variant& a, const Variant& b) { return IsNumeric(a) && IsNumeric(b) && CDbl(a) > CDbl(b); }
@@ -91,18 +74,11 @@ bool ValidateTransparentMode(FieldEdit& edit) {
     if (edit.Holds("DataVHSDModemEnabled", kOn) && !TurnOffVHSDModem(edit)) return false;
     LeavePowerupState(edit, PowerupState::kFFSKTransparent);
   }
-  const bool on = edit.Is(kOn);
-  edit.EnableAll(kTransparentModeControls, on);
-  edit.writes.Enable("FFSKMaximumInitialFrameLength", on && edit.Holds("FFSKChecking", kOn));
-  edit.EnableAll(kMoreTransparentModeControls, on);
   return true;
 }
 
 bool ValidateVHSDModem(FieldEdit& edit) {
   if (edit.Is(kOff)) LeavePowerupState(edit, PowerupState::kVHSD);
-  edit.StoreNow();
-  edit.EnableAll(kVHSDControls, edit.Is(kOn));
-  edit.EnableByRule(kTotalModeControls);
   return true;
 }
 
@@ -112,31 +88,11 @@ bool ValidateSDMOptions(FieldEdit& edit) {
   }
   if (edit.Is(kOff) && LeavesToneBlankingAlone(edit, "DataOptionsEnabled"))
     return RefuseForToneBlanking(edit);
-  const bool on = edit.Is(kOn);
-  edit.writes.Enable("CCDISDMOutputEnabled", on);
-  edit.writes.Enable("CCDISDMTextOnly", on && edit.Holds("CCDISDMOutputEnabled", kOn));
-  edit.EnableAll(kSDMControls, on);
-  return true;
-}
-
-bool ValidateSDMAutoAck(FieldEdit& edit) {
-  edit.writes.Enable("DataSDMAutoAckDelay", edit.Is(kOn) && edit.Holds("DataSDMOptionsEnabled", kOn));
-  return true;
-}
-
-bool ValidateSDMAckTransmission(FieldEdit& edit) {
-  edit.writes.Enable("DataSDMAutoAckDelay", edit.Is(kOn));
-  return true;
-}
-
-bool ValidateSDMAckReception(FieldEdit& edit) {
-  edit.writes.Enable("DataSDMWaitForAck", edit.Is(kOn));
   return true;
 }
 
 bool ValidateSDMOutput(FieldEdit& edit) {
   if (edit.Is(kOff)) edit.writes.Set("CCDISDMTextOnly", 1, kOff);
-  edit.writes.Enable("CCDISDMTextOnly", edit.Is(kOn));
   return true;
 }
 
@@ -162,7 +118,7 @@ bool ValidateXoff(FieldEdit& edit) {
 }
 
 bool ValidateDataIdentity(FieldEdit& edit) {
-  const auto length = CStr(edit.value).size();
+  const std::size_t length = CharacterCount(CStr(edit.value));
   return length == 0 || length == 8 ||
          Refuse(edit.validator, "Data Identity must be eight characters in length.");
 }

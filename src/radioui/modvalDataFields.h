@@ -13,9 +13,6 @@ bool ValidateTransparentMode(FieldEdit& edit);
 bool ValidateVHSDModem(FieldEdit& edit);
 /// Short data messages; GPS position reporting and tone blanking may need them.
 bool ValidateSDMOptions(FieldEdit& edit);
-bool ValidateSDMAutoAck(FieldEdit& edit);
-bool ValidateSDMAckTransmission(FieldEdit& edit);
-bool ValidateSDMAckReception(FieldEdit& edit);
 bool ValidateSDMOutput(FieldEdit& edit);
 /// FFSK tone blanking needs SDM or Transparent Mode.
 bool ValidateToneBlanking(FieldEdit& edit);

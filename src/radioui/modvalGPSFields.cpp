@@ -1,7 +1,5 @@
 #include "radioui/modvalGPSFields.h"
 
-#include <algorithm>
-
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "tier/Messages.h"
@@ -9,16 +7,6 @@
 #include "tier/modProjectGlobals.h"
 
 namespace modvalGPSFields {
-namespace {
-constexpr std::string_view kControls[] = {
-    "GPSSerialPort",           "GPSBaudRate",          "GPSNMEAStringType",         "GPSConnectionTimeOut",
-    "GPSAlarmCalloutInterval", "GPSMaxNumberCallouts", "GPSPollResponseChannelType"};
-
-constexpr std::string_view kPositionOnPTT[] = {"GPSNetworkSendPosOnPTT", "GPSNetworkSendPosOnEPTT1",
-                                               "GPSNetworkSendPosOnEPTT2"};
-constexpr std::int32_t kWithSuppression = 2;
-}  // namespace
-
 bool ValidateGPSEnabled(FieldEdit& edit) {
   if (edit.Is(kOn) && edit.Holds("DataSDMOptionsEnabled", kOff)) {
     return Refuse(edit.validator, "You must enable SDM before you can enable GPS Position Reporting.");
@@ -27,12 +15,6 @@ bool ValidateGPSEnabled(FieldEdit& edit) {
     return Refuse(edit.validator,
                   "GPS Position Reporting can not be enabled when GPS SDM Format is set to 'CCDI2 Text'");
   }
-  const bool on = edit.Is(kOn);
-  edit.EnableAll(kControls, on);
-  edit.writes.Enable("GPSPollResponseChannel",
-                     on && edit.Holds("GPSPollResponseChannelType", ChannelType::kDedicated));
-  edit.writes.Enable("GPSAVLDespatcherAddress", on);
-  edit.writes.Enable("GPSSDMLeadInDelay", on);
   return true;
 }
 
@@ -43,7 +25,6 @@ bool ValidateGPSPort(FieldEdit& edit) {
 
 bool ValidatePollResponseType(FieldEdit& edit) {
   if (edit.Is(ChannelType::kCurrent)) edit.writes.Set("GPSPollResponseChannel", 1, kNone);
-  edit.writes.Enable("GPSPollResponseChannel", !edit.Is(ChannelType::kCurrent));
   return true;
 }
 
@@ -54,7 +35,7 @@ bool ValidateSDMFormat(FieldEdit& edit) {
 }
 
 bool ValidateDespatcherAddress(FieldEdit& edit) {
-  return CStr(edit.value).size() == 8 ||
+  return CharacterCount(CStr(edit.value)) == 8 ||
          Refuse(edit.validator, "Despatcher address must be eight characters in length.");
 }
 
@@ -65,13 +46,4 @@ bool ValidateCallouts(FieldEdit& edit) {
   return true;
 }
 
-bool ValidatePositionOnPTT(FieldEdit& edit) {
-  const RecordNr network = edit.CurrentNetwork();
-  const auto suppresses = [&](std::string_view field) {
-    return EqualsIgnoringCase(field, edit.uiid) ? edit.Is(kWithSuppression)
-                                                : edit.Holds(field, kWithSuppression, network);
-  };
-  edit.writes.Enable("PttGPSSuppressionTime", std::ranges::any_of(kPositionOnPTT, suppresses));
-  return true;
-}
 }  // namespace modvalGPSFields

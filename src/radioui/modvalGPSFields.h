@@ -2,7 +2,7 @@
 
 #include "tier/FieldEdit.h"
 
-/// The rules of the GPS form. Its fields are in record 1, but for those of a network. True lets the host keep
+/// The rules of the GPS form. Its fields are in record 1. True lets the host keep
 /// the change.
 namespace modvalGPSFields {
 /// GPS position reporting needs SDM, in the standard format.
@@ -15,6 +15,4 @@ bool ValidateSDMFormat(FieldEdit& edit);
 bool ValidateDespatcherAddress(FieldEdit& edit);
 /// No callouts: a notice.
 bool ValidateCallouts(FieldEdit& edit);
-/// When a network sends its position with one of the three PTTs.
-bool ValidatePositionOnPTT(FieldEdit& edit);
 }  // namespace modvalGPSFields

@@ -51,20 +51,12 @@ bool ValidateLowPowerStart(FieldEdit& edit) {
   return true;
 }
 
-bool ValidateSecurityLock(FieldEdit& edit) {
-  for (const std::string_view pin : {"SecurityPIN1", "SecurityPIN2", "SecurityPIN3"}) {
-    edit.writes.Enable(pin, edit.Is(kOn));
-  }
-  return true;
-}
-
 bool ValidateGroupActivity(FieldEdit& edit) {
   const bool on = edit.Is(kOn);
   const Variant firstChannel = edit.Stored("ChannelID_k6k");
   if (on && CStr(edit.Stored("ChannelGroupIDForRadioStartup")).empty() && !firstChannel.IsEmpty()) {
     edit.writes.Set("ChannelGroupIDForRadioStartup", 1, firstChannel);
   }
-  edit.writes.Enable("ChannelGroupIDForRadioStartup", on);
   return true;
 }
 
@@ -84,9 +76,5 @@ bool ValidateCarrierDelay(FieldEdit& edit) {
          Refuse(edit.validator, "The Carrier Delay Time must be a value between 10 and 90 milliseconds.");
 }
 
-bool ValidateGlobalEncryption(FieldEdit& edit) {
-  if (edit.Is(kOn) && !TurnOffChannelEncryption(edit)) return false;
-  edit.writes.Enable("ChannelEncryption", !edit.Is(kOn));
-  return true;
-}
+bool ValidateGlobalEncryption(FieldEdit& edit) { return !edit.Is(kOn) || TurnOffChannelEncryption(edit); }
 }  // namespace modvalOptionFields

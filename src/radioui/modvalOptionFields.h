@@ -6,7 +6,6 @@
 namespace modvalOptionFields {
 /// Starting on low power without a key that leaves it: a notice.
 bool ValidateLowPowerStart(FieldEdit& edit);
-bool ValidateSecurityLock(FieldEdit& edit);
 /// Group activity on power up needs a channel or group to start with: the first channel, unless there is one.
 bool ValidateGroupActivity(FieldEdit& edit);
 /// A keypad mic uses the port that data and GPS may use.

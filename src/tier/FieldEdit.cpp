@@ -14,13 +14,3 @@ bool FieldEdit::Holds(std::string_view field, std::int32_t code, RecordNr at) co
 }
 
 RecordNr FieldEdit::CurrentNetwork() const { return ::CurrentNetwork(validator.CurrentProvider()); }
-
-void FieldEdit::EnableAll(std::span<const std::string_view> controls, bool enabled) {
-  for (const std::string_view control : controls) writes.Enable(control, enabled);
-}
-
-void FieldEdit::EnableByRule(std::span<const std::string_view> controls) {
-  for (const std::string_view control : controls) {
-    writes.Enable(control, validator.IsEnabled(control, record));
-  }
-}

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <initializer_list>
-#include <span>
 #include <string_view>
 
 #include "tier/FormWrites.h"
@@ -13,6 +11,9 @@ struct FieldEdit {
   Variant& value;
   RecordNr record;
   FormWrites writes;
+  /// A rule that leaves the controls of its field as they are, though it passes, sets it false.
+  bool switchesControls = true;
+  bool isStored = false;  ///< by StoreNow
 
   /// Whether the new value is that code.
   bool Is(std::int32_t code) const;
@@ -24,9 +25,14 @@ struct FieldEdit {
   /// The network that the forms show, 0 for none.
   RecordNr CurrentNetwork() const;
 
-  /// Writes the new value before the host does, for rules that ask what follows from it.
-  void StoreNow() { writes.Set(uiid, record, value); }
-  void EnableAll(std::span<const std::string_view> controls, bool enabled);
-  /// Each control takes the state that its own rule gives it now, from what is stored.
-  void EnableByRule(std::span<const std::string_view> controls);
+  /// Writes the new value before the host does, for those who ask what follows from it.
+  void StoreNow() {
+    writes.Set(uiid, record, value);
+    isStored = true;
+  }
+  /// The rule passes and nothing follows from it.
+  bool PassUnchanged() {
+    switchesControls = false;
+    return true;
+  }
 };

@@ -21,9 +21,9 @@ void FormWrites::ReloadFields() const {
   for (const std::string_view uiid : written_) messenger.RefreshField(uiid);
 }
 
-bool FormWrites::Accept() {
+bool FormWrites::Follow(bool passes) const {
   ReloadFields();
-  if (states_.empty()) return true;
+  if (!passes || states_.empty()) return passes;
   const MessengerRef messenger = validator_.Messenger();
   for (const auto& [uiid, enabled] : states_) messenger.SetFieldEnabled(uiid, enabled);
   return true;

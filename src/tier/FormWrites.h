@@ -8,7 +8,7 @@
 
 /// What one rule does to the forms: the fields that it writes, which the forms are to reload, and the
 /// controls that change their state. A rule shows its texts, writes what depends on it, and then the forms
-/// follow: all reloads first, all states behind them.
+/// follow: all reloads first, all states behind them, these only when it passes.
 class FormWrites {
  public:
   /// `uiidInHand` is the field being edited, which the form reads again by itself; empty for none.
@@ -22,17 +22,16 @@ class FormWrites {
   /// Writes a field called by its FieldId; `uiid` is what the forms call it.
   void Set(std::string_view fieldId, std::string_view uiid, RecordNr record, const Variant& value);
 
-  /// The forms are to reload a field that stays as it is, when the rule passes: what it shows depends on
-  /// another.
+  /// The forms are to reload a field that stays as it is: what it shows depends on another.
   void Reload(std::string_view uiid);
 
   /// The control is to be enabled or disabled when the rule passes.
   void Enable(std::string_view uiid, bool enabled) { states_.emplace_back(uiid, enabled); }
 
-  /// The last act of a rule that passes: each field written is reloaded once, in the order of the first
-  /// writes, but not while the provider's AutoUpdate is false; then each control takes its state, in the
-  /// order given. Always true.
-  bool Accept();
+  /// The last act of a rule: each field written is reloaded once, in the order of the first writes, but not
+  /// while the provider's AutoUpdate is false; then, if the rule passes, each control takes its state, in the
+  /// order given. Gives the rule's result.
+  bool Follow(bool passes) const;
 
  private:
   void ReloadFields() const;

@@ -55,11 +55,6 @@ std::string ValidatorRef::LabelOf(std::string_view name) const {
   return label.empty() ? std::string(field) : label;
 }
 
-bool ValidatorRef::IsEnabled(std::string_view uiid, RecordNr record) const {
-  return Ask<Boolean>(Deref(Validator(), "ItierValidator"), &ItierValidator::GetEnabledStatebyUIID, uiid,
-                      record) != kFalse;
-}
-
 bool ValidatorRef::Accepts(std::string_view uiid, Variant& value, RecordNr record) const {
   Boolean accepted = kFalse;
   Check(Deref(Validator(), "ItierValidator").ValidateByUIID(uiid, value, record, accepted));

@@ -18,8 +18,6 @@ class ValidatorRef {
 
   /// The label of a field on the forms, of a UIID or a FieldId; the name itself where there is none.
   std::string LabelOf(std::string_view name) const;
-  /// The state of a control as the host would be told it now.
-  bool IsEnabled(std::string_view uiid, RecordNr record) const;
   /// What the rule of another field says of a value, as if the host had asked.
   bool Accepts(std::string_view uiid, Variant& value, RecordNr record) const;
 

@@ -11,7 +11,7 @@ struct Condition;
 namespace modvalEnablement {
 /// The rule of one control.
 struct EnablementRow {
-  std::string_view uiid;  ///< in upper case
+  std::string_view uiid;
   const Condition* enabledWhen;
 };
 std::span<const EnablementRow> Rows();

@@ -12,6 +12,7 @@
 #include "radioui/modvalUIPreference.h"
 #include "tier/Lookup.h"
 #include "tier/Procedure.h"
+#include "validation/modvalSwitches.h"
 
 namespace modvalFields {
 namespace {
@@ -33,8 +34,12 @@ using namespace modvalOptionFields;
 template <bool (*rule)(FieldEdit&)>
 bool OnCurrentNetwork(FieldEdit& edit) {
   edit.record = edit.CurrentNetwork();
-  return !edit.validator.CurrentProvider().Field("NetworkID").HasRecord(edit.record) || rule(edit);
+  const bool exists = edit.validator.CurrentProvider().Field("NetworkID").HasRecord(edit.record);
+  return exists ? rule(edit) : edit.PassUnchanged();
 }
+
+/// Nothing is judged; what the edit does is to switch the controls beside it.
+bool SwitchesAlone(FieldEdit&) { return true; }
 
 // clang-format off
 constexpr FieldRule kRules[] = {
@@ -48,7 +53,7 @@ constexpr FieldRule kRules[] = {
     {"CHANNELCOMPANDING",          ValidateCompanding},
     // networks and their systems
     {"NETWORKID",                  ValidateNetworkID},
-    {"CURRENTNETWORKNR",           ValidateNetworkIDChange},
+    {"CURRENTNETWORKNR",           SwitchesAlone},
     {"SIGNALLINGTYPE",             OnCurrentNetwork<ValidateSignallingType>},
     {"NETWORKSIGNALLINGID",        OnCurrentNetwork<ValidateSignallingID>},
     {"SIGNALLINGONPTTPRESS_K6K",   OnCurrentNetwork<ValidateSignallingOnPTTPress>},
@@ -62,48 +67,48 @@ constexpr FieldRule kRules[] = {
     {"DTMFINTERTONEGAP",           OnChangeDTMFGapPeriod},
     {"DTMFSTANDARDTONEPERIOD",     ValidateDTMFTonePeriod},
     {"INVALIDCALLRESET_K6K",       ValidateInvalidCallReset},
-    {"RXSEQONEMONITORON",          ValidateSequenceOneMonitor},
-    {"RXSEQTWOMONITORON",          ValidateSequenceTwoMonitor},
-    {"EXPECTACK",                  ValidateExpectAck},
-    {"TONEBLANKINGTIMER",          ValidateToneBlankingTimer},
-    {"TXDURATIONTIMER",            ValidateTxDuration},
-    {"REVERSETONEBURSTDURATION_K6K", ValidateReverseToneBurst},
-    {"AUTOOVERBEEP",               ValidateAutoOverBeep},
-    {"AUTOQUIETTIME_K6K",          ValidateAutoQuietTime},
-    {"HOOKSWITCHMONITOR_K6K",      ValidateHookswitchMonitorSwitch},
-    {"SEQUENCE1ALERTTYPE",         ValidateAlertType},
-    {"SEQUENCE2ALERTTYPE",         ValidateAlertType},
-    {"GROUPCALLALERTTYPE",         ValidateAlertType},
-    {"ALLCALLALERTTYPE",           ValidateAlertType},
-    {"PRIORITYCALLALERTTYPE",      ValidateAlertType},
-    {"EMERGENCYCALLALERTTYPE",     ValidateAlertType},
-    {"DEFERREDCALLING_K6K",        ValidateDeferredCalling},
-    {"CWIDENABLED",                ValidateCWID},
+    {"RXSEQONEMONITORON",          OnCurrentNetwork<SwitchesAlone>},
+    {"RXSEQTWOMONITORON",          OnCurrentNetwork<ValidateSequenceTwoMonitor>},
+    {"EXPECTACK",                  OnCurrentNetwork<SwitchesAlone>},
+    {"TONEBLANKINGTIMER",          OnCurrentNetwork<SwitchesAlone>},
+    {"TXDURATIONTIMER",            OnCurrentNetwork<ValidateTxDuration>},
+    {"REVERSETONEBURSTDURATION_K6K", OnCurrentNetwork<SwitchesAlone>},
+    {"AUTOOVERBEEP",               OnCurrentNetwork<ValidateAutoOverBeep>},
+    {"AUTOQUIETTIME_K6K",          OnCurrentNetwork<SwitchesAlone>},
+    {"HOOKSWITCHMONITOR_K6K",      OnCurrentNetwork<SwitchesAlone>},
+    {"SEQUENCE1ALERTTYPE",         OnCurrentNetwork<ValidateAlertType>},
+    {"SEQUENCE2ALERTTYPE",         OnCurrentNetwork<ValidateAlertType>},
+    {"GROUPCALLALERTTYPE",         OnCurrentNetwork<ValidateAlertType>},
+    {"ALLCALLALERTTYPE",           OnCurrentNetwork<ValidateAlertType>},
+    {"PRIORITYCALLALERTTYPE",      OnCurrentNetwork<ValidateAlertType>},
+    {"EMERGENCYCALLALERTTYPE",     OnCurrentNetwork<ValidateAlertType>},
+    {"DEFERREDCALLING_K6K",        OnCurrentNetwork<ValidateDeferredCalling>},
+    {"CWIDENABLED",                OnCurrentNetwork<SwitchesAlone>},
     {"MDC1200RADIOIDDERIVED",      ValidateMDC1200Identity},
     {"MDC1200ANISEQUENCE",         ValidateMDC1200Identity},
     {"MDC1200EMERGENCYSEQUENCE",   ValidateMDC1200Identity},
     // emergency
-    {"EMERGENCYENABLED",           ValidateEmergency},
-    {"EMSIGNALLINGTYPE",           OnCurrentNetwork<modvalEmergency::ValidateEMSignallingType>},
+    {"EMERGENCYENABLED",           OnCurrentNetwork<modvalEmergency::ValidateEmergencyEnabled>},
+    {"EMSIGNALLINGTYPE",           OnCurrentNetwork<SwitchesAlone>},
     {"EMCHANNEL",                  OnCurrentNetwork<modvalEmergency::ValidateEmChannel>},
     {"EMCYCLINGTYPE",              OnCurrentNetwork<modvalEmergency::ValidateEmCyclingType>},
     {"EMCYCLINGANI",               OnCurrentNetwork<modvalEmergency::ValidateEmergencyANIEnabled>},
-    {"EMCYCLINGALERTTONE",         ValidateAlertTone},
-    {"EMCHANNELTYPE",              ValidateChannelType},
-    {"EMCALLOUTTYPE",              ValidateCalloutType},
-    {"EMCALLOUTNUMBER",            ValidateCalloutNumber},
-    {"STEALTHFALSEPOWERDOWN",      ValidateFalsePowerdown},
-    {"EMCYCLINGRXTIME",            ValidateCyclingTime},
-    {"EMCYCLINGTXTIME",            ValidateCyclingTime},
-    {"EMCYCLINGNUMBER",            ValidateCyclingTime},
+    {"EMCYCLINGALERTTONE",         OnCurrentNetwork<SwitchesAlone>},
+    {"EMCHANNELTYPE",              OnCurrentNetwork<ValidateChannelType>},
+    {"EMCALLOUTTYPE",              OnCurrentNetwork<ValidateCalloutType>},
+    {"EMCALLOUTNUMBER",            OnCurrentNetwork<ValidateCalloutNumber>},
+    {"STEALTHFALSEPOWERDOWN",      OnCurrentNetwork<ValidateFalsePowerdown>},
+    {"EMCYCLINGRXTIME",            OnCurrentNetwork<ValidateCyclingTime>},
+    {"EMCYCLINGTXTIME",            OnCurrentNetwork<ValidateCyclingTime>},
+    {"EMCYCLINGNUMBER",            OnCurrentNetwork<ValidateCyclingTime>},
     // data
     {"DATAPOWERUPSTATE",           ValidatePowerupState},
     {"DATAOPTIONSENABLED",         ValidateTransparentMode},
     {"DATAVHSDMODEMENABLED",       ValidateVHSDModem},
     {"DATASDMOPTIONSENABLED",      ValidateSDMOptions},
-    {"DATASDMAUTOACK",             ValidateSDMAutoAck},
-    {"TEXTSDMAUTOACKTRANSMISSION", ValidateSDMAckTransmission},
-    {"TEXTSDMAUTOACKRECEPTION",    ValidateSDMAckReception},
+    {"DATASDMAUTOACK",             SwitchesAlone},
+    {"TEXTSDMAUTOACKTRANSMISSION", SwitchesAlone},
+    {"TEXTSDMAUTOACKRECEPTION",    SwitchesAlone},
     {"CCDISDMOUTPUTENABLED",       ValidateSDMOutput},
     {"MUTEONFFSKRECEIVING",        ValidateToneBlanking},
     {"DATAXON",                    ValidateXon},
@@ -122,13 +127,13 @@ constexpr FieldRule kRules[] = {
     {"GPSSDMCOMPATIBILITY",        ValidateSDMFormat},
     {"GPSAVLDESPATCHERADDRESS",    ValidateDespatcherAddress},
     {"GPSMAXNUMBERCALLOUTS",       ValidateCallouts},
-    {"GPSNETWORKSENDPOSONPTT",     ValidatePositionOnPTT},
-    {"GPSNETWORKSENDPOSONEPTT1",   ValidatePositionOnPTT},
-    {"GPSNETWORKSENDPOSONEPTT2",   ValidatePositionOnPTT},
+    {"GPSNETWORKSENDPOSONPTT",     OnCurrentNetwork<SwitchesAlone>},
+    {"GPSNETWORKSENDPOSONEPTT1",   OnCurrentNetwork<SwitchesAlone>},
+    {"GPSNETWORKSENDPOSONEPTT2",   OnCurrentNetwork<SwitchesAlone>},
     // options of the radio
     {"BAND_K6K",                   modvalBandLimits::ValidateBand},
     {"STARTUPINLOWPOWERMODE",      ValidateLowPowerStart},
-    {"SECURITYLOCKONPOWERUP",      ValidateSecurityLock},
+    {"SECURITYLOCKONPOWERUP",      SwitchesAlone},
     {"GROUPACTIVITYONPOWERUP_K6K", ValidateGroupActivity},
     {"KEYPADMIC",                  ValidateKeypadMic},
     {"BACKLIGHTMODE",              modvalUIPreference::ValidateBacklight},
@@ -145,7 +150,8 @@ bool ValidateByUIID(const ValidatorRef& validator, std::string_view uiid, Varian
     if (row == nullptr) return;
     FieldEdit edit{validator, row->uiid, value, record, FormWrites(validator, row->uiid)};
     result = row->rule(edit);
-    if (result) edit.writes.Accept();
+    if (result && edit.switchesControls) modvalSwitches::SwitchControls(edit);
+    edit.writes.Follow(result);
   });
 }
 

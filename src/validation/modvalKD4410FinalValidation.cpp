@@ -57,7 +57,7 @@ bool MendLowPowerLevel(const ValidatorRef& validator) {
   Warn(validator, "The field 'Front Panel Low Power Control' has an invalid value and has been set to 'Low'");
   FormWrites writes(validator);
   writes.Set("LowPowerLevelMeans", 1, TxPower::kLow);
-  return writes.Accept();
+  return writes.Follow(true);
 }
 
 bool CheckItinerantPower(const ValidatorRef& validator) {

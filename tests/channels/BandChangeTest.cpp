@@ -44,7 +44,7 @@ TEST_F(BandChange, AsksOnceClearsEachSideByItselfAndRefreshesInTheOrderOfTheWrit
   EXPECT_EQ(Column("RxFreq_k6k"), "0 470");
   EXPECT_EQ(Trail(),
             "box 5.ChannelRxFreqUI[1] 5.ChannelTxFreqUI[2] 5.NoiseBlanker_k6k[1] 5.NoiseBlanker_k6k[2] "
-            "34.RFCompliance[1] 34.Band[1] refresh:RxFreq_k6k refresh:TxFreq_k6k "
+            "34.RFCompliance[1] 34.Band[1] 34.Band_k6k[1] refresh:RxFreq_k6k refresh:TxFreq_k6k "
             "refresh:NoiseBlanker_k6k refresh:RFCompliance enable:RFCompliance");
 }
 

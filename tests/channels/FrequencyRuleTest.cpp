@@ -171,7 +171,7 @@ TEST_F(FrequencyRule, TheTransmitFrequencyOfANewChannelFollows) {
     messenger.Clear();
     EXPECT_TRUE(Edit(kRx, typed));
     EXPECT_EQ(Text(kTx, 2), follows ? typed + ".000000" : CStr(oldTx));
-    EXPECT_EQ(Text(kRx, 2), CStr(oldRx));  // the host stores it
+    EXPECT_EQ(Text(kRx, 2), typed + ".000000");  // the control's condition reads it
     EXPECT_EQ(Text("TxInhibit_k6k", 2), "1");
     EXPECT_EQ(Switched(), "+TxInhibit_k6k");
     EXPECT_EQ(messenger.Refreshed().size(), follows ? 1U : 0U);
@@ -191,7 +191,7 @@ TEST_F(FrequencyRule, TheMaritimeRangeIsANoticeBeforeTheFrequencyIsWritten) {
   StartTrail();
   EXPECT_TRUE(Edit(kRx, "1568"));
   EXPECT_EQ(Text(kTx, 2), "156.800000");
-  EXPECT_EQ(Trail(), "box 5.ChannelTxFreqUI[2] refresh:TxFreq_k6k enable:TxInhibit_k6k");
+  EXPECT_EQ(Trail(), "box 5.ChannelTxFreqUI[2] 5.ChannelRxFreqUI[2] refresh:TxFreq_k6k enable:TxInhibit_k6k");
 }
 
 TEST_F(FrequencyRule, ADistressFrequencyMayBeReceivedButNotTransmitted) {

@@ -1,3 +1,4 @@
+#include <limits>
 #include <sstream>
 
 #include "tests/channels/ChannelFixture.h"
@@ -16,8 +17,8 @@ struct RuleCase {
   Variant value;
   std::vector<Button> answers;
   bool passes;
-  const char* box;       ///< the start of the only text; "" for none
-  const char* trail;     ///< boxes, writes and reloads in their order, without the switched controls
+  const char* box;    ///< the start of the only text; "" for none
+  const char* trail;  ///< boxes, writes and reloads in their order, without the value itself and the controls
   const char* switched;  ///< the controls that change their state, "*" for any
 };
 
@@ -35,9 +36,10 @@ class FieldRules : public ChannelFixture {
     StartTrail();
     EXPECT_EQ(Validate(row.uiid, row.value), row.passes);
     std::string trail;
+    const std::string itself = provider.FieldOf(row.uiid).id + "[1]";
     std::istringstream deeds(Trail());
     for (std::string deed; deeds >> deed;) {
-      if (!deed.starts_with("enable:")) trail += (trail.empty() ? "" : " ") + deed;
+      if (!deed.starts_with("enable:") && deed != itself) trail += (trail.empty() ? "" : " ") + deed;
     }
     EXPECT_EQ(trail, row.trail);
     EXPECT_THAT(messenger.Texts(), testing::SizeIs(*row.box == '\0' ? 0 : 1));
@@ -73,7 +75,7 @@ TEST_F(FieldRules, DataModesRestOnEachOther) {
        "+DataTMBaudRate+DataTMFlowControl+FFSKChecking"},
       // The states of the last thirteen follow the new value, not the one still stored.
       {{{"DataVHSDModemEnabled", 1}}, "DataVHSDModemEnabled", 0, {}, true, "",
-       "9.DataPowerupState[1] 9.DataVHSDModemEnabled[1] refresh:DataPowerupState",
+       "9.DataPowerupState[1] refresh:DataPowerupState",
        "-DataHSDBaudRate-DataHSDFlowControl-DataVHSDLayer2Enabled-VHSDForwardErrorCorrection"
        "-VHSDLeadInDelay-VHSDLeadOutDelay-VornWidebandModem-DataVHSDNumFECCodewords-dataTotalModeService"
        "-dataTotalRadioIdHex-dataTotalSystemIdHex-dataTotalDestinationIdHex-dataTotalLinkIdHex"
@@ -87,8 +89,14 @@ TEST_F(FieldRules, DataModesRestOnEachOther) {
       {{{"CCDISDMOutputEnabled", 0}}, "CCDISDMOutputEnabled", 0, {}, true, "",
        "9.CCDISDMTextOnly[1] refresh:CCDISDMTextOnly", "-CCDISDMTextOnly"},
       {{{"DataXon", "1a"}}, "DataXoff", "1A", {}, false, "The XOFF and XON Characters", "box", ""},
+      {{{"DataXoff", "05"}}, "DataXon", "5", {}, false, "The XON and XOFF Characters", "box", ""},
+      {{{"DataXon", "00"}}, "DataXoff", "", {}, false, "The XOFF and XON Characters", "box", ""},
+      {{{"DataXon", "50"}}, "DataXoff", "5", {}, true, "", "", ""},
       {{}, "DataIdentity", "1234567", {}, false, "Data Identity must be eight", "box", ""},
       {{}, "DataIdentity", "", {}, true, "", "", ""},
+      {{}, "DataIdentity", "Zürich12", {}, true, "", "", ""},  // eight characters, nine bytes
+      {{}, "DataIdentity", "Zürich1", {}, false, "Data Identity must be eight", "box", ""},
+      {{}, "GPSAVLDespatcherAddress", "Bären-12", {}, true, "", "", ""},
       {{{"dataTxBackoffTimeMax", 40}}, "dataTxBackoffTimeMin", "41", {}, true, "",
        "9.dataTxBackoffTimeMax[1] refresh:dataTxBackoffTimeMax", ""},
       {{{"dataTxBackoffTimeMin", 41}}, "dataTxBackoffTimeMax", 40, {}, false, "The Tx Back-off Time Maximum",
@@ -154,12 +162,11 @@ TEST_F(FieldRules, EmergencyTimesAndCalloutsFollow) {
       {{{"EmChannelType", 1}}, "EmChannelType", 0, {}, true, "", "53.ChannelIDTracker[1] refresh:EmChannel",
        "-EmChannel"},
       {{{"EmergencyEnabled", 1}, {"53.SignallingTypeUI", "DTMF"}, {"SignallingType", 2}, {"EmCalloutNumber",
-       2}}, "EmCalloutType", 1, {}, true, "The current network is DTMF", "box 53.EmCalloutType[1]",
+       2}}, "EmCalloutType", 1, {}, true, "The current network is DTMF", "box",
        "-EmCalloutNumber+EmCalloutRepeatInterval"},
-      {{}, "EmCalloutType", 2, {}, true, "", "53.EmCalloutType[1]", "+EmCalloutNumber+EmCalloutRepeatInterval"
-       },
+      {{}, "EmCalloutType", 2, {}, true, "", "", "+EmCalloutNumber+EmCalloutRepeatInterval"},
       {{{"SignallingType", 1}, {"29.GapPeriod", 7}, {"29.TonePeriod", 6}}, "EmCalloutNumber", 1, {}, true, "",
-       "53.EmCalloutNumber[1] 53.EmCalloutRepeatInterval[1] refresh:EmCalloutRepeatInterval",
+       "53.EmCalloutRepeatInterval[1] refresh:EmCalloutRepeatInterval",
        "-EmCalloutRepeatInterval"},
       {{{"SignallingType", 4}}, "StealthFalsePowerdown", 1, {}, true, "If False Power Down is selected", "box"
        , ""},
@@ -172,7 +179,10 @@ TEST_F(FieldRules, EmergencyTimesAndCalloutsFollow) {
   provider.Set("29.TonePeriod", 1, 1);
   provider.Set("SignallingType", 1, 1);
   EXPECT_TRUE(Validate("EmCalloutNumber", 1));
-  EXPECT_EQ(Text("EmCalloutRepeatInterval"), "200");  // not below
+  EXPECT_EQ(Text("EmCalloutRepeatInterval"), "200");                          // not below
+  provider.Set("29.GapPeriod", 1, std::numeric_limits<std::int32_t>::max());  // of a damaged file
+  EXPECT_TRUE(Validate("EmCalloutNumber", 1));
+  EXPECT_EQ(Text("EmCalloutRepeatInterval"), "60000");  // the longest that the field takes
   provider.Set("EmCyclingType", 1, 1);
   EXPECT_TRUE(Validate("EmCyclingNumber", 5));
   EXPECT_EQ(Text("EmCyclingMaxTime"), "-");
@@ -215,7 +225,7 @@ TEST_F(FieldRules, NetworkOptionsFollow) {
        "21.MonitorCallReceived[1] refresh:MonitorCallReceived_k6k", "-MonitorCallReceived_k6k"},
       {{{"RxSeqOneMonitorOn", 1}}, "RxSeqTwoMonitorOn", 0, {}, true, "", "", "+MonitorCallReceived_k6k"},
       {{}, "ExpectAck", true, {}, true, "", "", "+NoAckRetryNumber+WaitForAckTime"},  // a tick
-      {{}, "TxDurationTimer", 30, {}, true, "", "21.TxDurationTimingEnabled[1]", "+TxLockoutTimer"},
+      {{}, "TxDurationTimer", 30, {}, true, "", "21.TxDurationTimingEnabled[1] refresh:TxDurationTimingEnabled", "+TxLockoutTimer"},
       {{{"TrailingANI_k6k", 1}}, "AutoOverBeep", 1, {kYes}, true,
        "Trailing ANI will be disabled if Auto Over Beep", "box 21.TrailingANI[1] refresh:TrailingANI_k6k", ""
        },
@@ -227,6 +237,9 @@ TEST_F(FieldRules, NetworkOptionsFollow) {
       {{{"MDC1200RadioIDDerived", ""}, {"MDC1200EmergencySequence", "0"}}, "MDC1200ANISequence", "12", {},
        false, "A Radio ID must be defined.", "box", ""},
       {{}, "MDC1200ANISequence", "0", {}, true, "", "", ""},
+      {{{"MDC1200EmergencySequence", "0000"}}, "MDC1200ANISequence", "000", {}, true, "", "", ""},
+      {{{"MDC1200EmergencySequence", "0010"}}, "MDC1200ANISequence", "0000", {},
+       false, "A Radio ID must be defined.", "box", ""},
       {{{"MDC1200RadioIDDerived", "1234"}, {"MDC1200ANISequence", "12"}}, "MDC1200RadioIDDerived", "", {},
        false, "A Radio ID must be defined.", "box", ""},
   };
@@ -260,6 +273,53 @@ TEST_F(FieldRules, OptionsFollow) {
   EXPECT_EQ(Text("ChannelGroupIDForRadioStartup"), "11");
 }
 
+/// Whichever record the host names: the forms show one network.
+TEST_F(FieldRules, RulesOfNetworkAndEmergencyActOnTheNetworkThatTheFormsShow) {
+  provider.Set("CurrentNetworkNr", 1, 2);
+  provider.Fill("EmChannel", {"11", "12"});
+  provider.Fill("TimeRadioAttemptsDeferredCall", {5, 6});
+  provider.Fill("EmCyclingType", {2, 2});
+  provider.Fill("EmCyclingRxTime", {1, 10});
+  provider.Fill("EmCyclingTxTime", {1, 10});
+  provider.Fill("EmCyclingNumber", {1, 10});
+  provider.Fill("MonitorCallReceived_k6k", {1, 1});
+  provider.Fill("RxSeqOneMonitorOn", {0, 0});
+  provider.Fill("EmCalloutRepeatInterval", {1000, 1000});
+  const std::tuple<const char*, int, const char*, const char*> cases[] = {
+      {"EmChannelType", 0, "EmChannel", "11 None"},
+      {"EmergencyEnabled", 0, "EmCyclingType", "2 2"},
+      {"EmCalloutNumber", 1, "EmCalloutRepeatInterval", "1000 1000"},
+      {"EmCyclingNumber", 4, "EmCyclingMaxTime", "- 80"},
+      {"DeferredCalling_k6k", 0, "TimeRadioAttemptsDeferredCall", "5 0"},
+      {"TxDurationTimer", 0, "TxDurationTimingEnabled", "1 0"},
+      {"RxSeqTwoMonitorOn", 0, "MonitorCallReceived_k6k", "1 0"},
+  };
+  provider.Fill("EmCyclingMaxTime", {"-", "-"});
+  for (const auto& [uiid, value, written, column] : cases) {
+    EXPECT_TRUE(Validate(uiid, value, 1)) << uiid;
+    EXPECT_EQ(Column(written), column) << uiid;
+  }
+  provider.Set("CurrentNetworkNr", 1, 3);  // there is none
+  EXPECT_TRUE(Validate("EmChannelType", 0, 1));
+  EXPECT_EQ(Column("EmChannel"), "11 None");
+}
+
+/// What was agreed to before stays; the controls follow a passing rule alone.
+TEST_F(FieldRules, ARefusedRuleReloadsWhatItHadWritten) {
+  provider.Set("FunctionKey1", 1, 3);
+  provider.Set("FunctionKey3", 1, 5);
+  messenger.Play({kYes, kNo});
+  StartTrail();
+  EXPECT_FALSE(Validate("BacklightMode", 1));
+  EXPECT_EQ(Trail(), "box 1099.FunctionKey1[1] box refresh:FunctionKey1");
+  ASSERT_TRUE(provider.SetAutoUpdate(kFalse).Ok());
+  provider.Set("FunctionKey1", 1, 3);
+  messenger.Play({kYes, kNo});
+  StartTrail();
+  EXPECT_FALSE(Validate("BacklightMode", 1));
+  EXPECT_EQ(Trail(), "box 1099.FunctionKey1[1] box");
+}
+
 TEST_F(FieldRules, GlobalEncryptionAsksOnceForAllChannels) {
   GiveChannels({11, 12, 13});
   provider.Fill("ChannelEncryption", {0, 1, 1});
@@ -283,7 +343,7 @@ TEST_F(FieldRules, ABoxClosedWithoutAnAnswerIsNoConsent) {
 TEST_F(FieldRules, ControlsFollowTheReloads) {
   StartTrail();
   EXPECT_TRUE(Validate("EmChannelType", 0));
-  EXPECT_EQ(Trail(), "53.ChannelIDTracker[1] refresh:EmChannel enable:EmChannel");
+  EXPECT_EQ(Trail(), "53.ChannelIDTracker[1] 53.ChannelType[1] refresh:EmChannel enable:EmChannel");
 }
 
 /// The oldest version has no GPS message format.

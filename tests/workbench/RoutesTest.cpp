@@ -39,7 +39,7 @@ void AddRows(const std::string& source, const std::string& table, const char* pa
 Routes AllRoutes() {
   Routes routes;
   for (const std::string_view uiid : modvalFields::UIIDs()) routes.insert("rule " + std::string(uiid));
-  for (const auto& row : modvalEnablement::Rows()) routes.insert("state " + std::string(row.uiid));
+  for (const auto& row : modvalEnablement::Rows()) routes.insert("state " + UpperCase(row.uiid));
   AddRows("provider/modTransformations.cpp", "kTransformations[]", R"(\{(\d+), )", "transformation ", routes);
   AddRows("provider/modComboItems.cpp", "kLists[]", R"(\{(\d+), )", "list ", routes);
   AddRows("validation/modvalForms.cpp", "kForms[]", R"re(\{"(\w+)", )re", "form ", routes);

@@ -1,0 +1,345 @@
+#include "validation/modvalSwitches.h"
+
+#include <algorithm>
+#include <array>
+
+#include "platform/CaseText.h"
+#include "tier/Lookup.h"
+#include "validation/ConditionReader.h"
+#include "validation/EnablementRows.h"
+
+namespace modvalSwitches {
+namespace {
+using namespace Conditions;
+using namespace ControlConditions;
+
+// What some edits go by alone, though the control's own condition asks for more, or the control has none.
+constexpr Condition kMonitorsSequenceOne = On("RxSeqOneMonitorOn", At::Network);
+constexpr Condition kCyclesFixedInFirstNetwork = OneOf<EmCycling::kFixedNumber>("EmCyclingType", At::Only);
+constexpr Condition kCyclesInFirstNetwork = Not(OneOf<EmCycling::kNone>("EmCyclingType", At::Only));
+constexpr Condition kSignals = Not(OneOf<EmSignalling::kNoSignalling>("EmSignallingType", At::Network));
+constexpr Condition kSignalsCyclesFixed = AllOf<kSignals, kCyclesFixedInFirstNetwork>();
+constexpr Condition kSignalsCycles = AllOf<kSignals, kCyclesInFirstNetwork>();
+constexpr Condition kNotCurrentChannel = Not(OneOf<ChannelType::kCurrent>("EmChannelType", At::Network));
+constexpr Condition kFFSKChecking = On("FFSKChecking");
+constexpr Condition kCheckedTransparentMode = AllOf<kTransparentMode, kFFSKChecking>();
+constexpr Condition kSDMOutput = AllOf<kSDM, kCCDIOutput>();
+constexpr Condition kAutoAck = On("DataSDMAutoAck");
+constexpr Condition kAutoAckOfSDM = AllOf<kAutoAck, kSDM>();
+
+constexpr std::string_view kByTypeAlone = "the form switches by the type alone, emergency on or off";
+constexpr std::string_view kByMuteAlone = "without call mute there is nothing to override";
+constexpr std::string_view kBySDMAlone = "SDM on shows all of its options";
+constexpr std::string_view kByBoxAlone = "the box switches its delay, whatever the other boxes say";
+constexpr std::string_view kBySignals =
+    "an emergency without signalling has no cycling; the first network's type counts";
+
+// clang-format off
+constexpr SwitchRow kRows[] = {
+    // channels
+    {"RXFREQ_K6K", "TxInhibit_k6k"},
+    {"TXFREQ_K6K", "TxInhibit_k6k", &kNever, "a cleared frequency inhibits nothing, received or not"},
+    {"CHANNELNETWORKID_K6K", "RepeaterBurstIndex_k6k"},
+    {"CHANNELNETWORKID_K6K", "CallerIDBurstIndex_k6k"},
+    {"CHANNELNETWORKID_K6K", "TXCallBurstIndex_k6k"},
+    {"CHANNELNETWORKID_K6K", "StatusBurstIndex_k6k"},
+    {"CHANNELNETWORKID_K6K", "RepeaterAccessToneIndex_k6k"},
+    {"CHANNELNETWORKID_K6K", "Lead-In-ToneIndex_k6k"},
+    {"CHANNELNETWORKID_K6K", "RxDecodeOneEnabled_k6k"},
+    {"CHANNELNETWORKID_K6K", "RxDecodeTwoEnabled_k6k"},
+    {"CHANNELNETWORKID_K6K", "GroupCallDecode_k6k"},
+    {"CHANNELNETWORKID_K6K", "DTMFPresetCallSequence"},
+    {"CHANNELNETWORKID_K6K", "T99IndividualCallReceive_k6k"},
+    {"CHANNELNETWORKID_K6K", "T99GroupCallReceive_k6k"},
+    {"CHANNELNETWORKID_K6K", "T99AllCallReceive_k6k"},
+    {"CHANNELNETWORKID_K6K", "ChannelSIBTEnabled_k6k", &kChannelSIBT, "the network's box alone counts; the tones may follow"},
+    // networks
+    {"NETWORKID", "AlertRingPattern2"},
+    {"NETWORKID", "AlertRingPatternGroup"},
+    {"NETWORKID", "AlertRingPatternAll"},
+    {"CURRENTNETWORKNR", "AlertRingPattern1"},
+    {"CURRENTNETWORKNR", "AlertRingPattern2"},
+    {"CURRENTNETWORKNR", "AlertRingPatternGroup"},
+    {"CURRENTNETWORKNR", "AlertRingPatternPriority"},
+    {"CURRENTNETWORKNR", "AlertRingPatternEmergency"},
+    {"SIGNALLINGTYPE", "CallMute"},
+    {"SIGNALLINGTYPE", "SubaudGenerate_k6k"},
+    {"SIGNALLINGTYPE", "SubaudValidate_k6k"},
+    {"SIGNALLINGTYPE", "MonitorOnCallAck_k6k"},
+    {"SIGNALLINGTYPE", "MonitorCallReceived_k6k"},
+    {"SIGNALLINGTYPE", "SignallingOnPTTPress_k6k"},
+    {"SIGNALLINGTYPE", "SignallingOnPTTRelease_k6k"},
+    {"SIGNALLINGTYPE", "NetworkProceedToTalkTone"},
+    {"SIGNALLINGTYPE", "EmCalloutType"},
+    {"SIGNALLINGTYPE", "EmCalloutRepeatInterval"},
+    {"SIGNALLINGTYPE", "SIBTEnabled_k6k"},
+    {"SIGNALLINGTYPE", "SIBTTxCyclingEnabled_k6k"},
+    {"SIGNALLINGTYPE", "ToneBlankingTimer"},
+    {"SIGNALLINGTYPE", "AutoAckType"},
+    {"SIGNALLINGTYPE", "SelcallRMRAcknowledge"},
+    {"SIGNALLINGTYPE", "SelcallRMRAlert"},
+    {"SIGNALLINGTYPE", "SelcallRMRCallClear"},
+    {"SIGNALLINGTYPE", "ExpectAck"},
+    {"SIGNALLINGTYPE", "DeferredCalling_k6k"},
+    {"SIGNALLINGTYPE", "SelcallAudibleSideTones"},
+    {"SIGNALLINGTYPE", "RxSeqOneMonitorOn"},
+    {"SIGNALLINGTYPE", "RxSeqTwoMonitorOn"},
+    {"SIGNALLINGTYPE", "StealthtoggleCycling"},
+    {"SIGNALLINGTYPE", "StealthFalsePowerdown"},
+    {"SIGNALLINGTYPE", "EmSignallingType"},
+    {"SIGNALLINGTYPE", "Sequence1AlertType"},
+    {"SIGNALLINGTYPE", "Sequence2AlertType"},
+    {"SIGNALLINGTYPE", "GroupCallAlertType"},
+    {"SIGNALLINGTYPE", "AllCallAlertType"},
+    {"SIGNALLINGTYPE", "PriorityCallAlertType"},
+    {"SIGNALLINGTYPE", "EmergencyCallAlertType"},
+    {"SIGNALLINGONPTTPRESS_K6K", "IncludePTTSignallingWithPTT_k6k"},
+    {"SIGNALLINGONPTTPRESS_K6K", "IncludePTTSignallingWithEPTT1_k6k"},
+    {"SIGNALLINGONPTTPRESS_K6K", "IncludePTTSignallingWithEPTT2_k6k"},
+    {"SIGNALLINGONPTTPRESS_K6K", "ANISuppressionTime_k6k"},
+    {"SIGNALLINGONPTTPRESS_K6K", "SuppressPTTPressWhenBusy_k6k"},
+    {"SIGNALLINGONPTTRELEASE_K6K", "IncludePTTSignallingWithPTT_k6k"},
+    {"SIGNALLINGONPTTRELEASE_K6K", "IncludePTTSignallingWithEPTT1_k6k"},
+    {"SIGNALLINGONPTTRELEASE_K6K", "IncludePTTSignallingWithEPTT2_k6k"},
+    {"SIGNALLINGONPTTRELEASE_K6K", "ANISuppressionTime_k6k"},
+    {"SIGNALLINGONPTTRELEASE_K6K", "AutoOverBeepFrequency"},
+    {"CALLMUTE", "HookswitchMonitorOverrides_k6k", &kCallMute, kByMuteAlone},
+    {"CALLMUTE", "MonitorOverrides_k6k", &kCallMute, kByMuteAlone},
+    {"RXSEQONEMONITORON", "RxSeqTwoMonitorOn", &kMonitorsSequenceOne, "the second sequence is looked at behind the first"},
+    {"RXSEQTWOMONITORON", "MonitorCallReceived_k6k", &kSequenceMonitor, "the form switches by the two boxes alone, whatever the type"},
+    {"EXPECTACK", "NoAckRetryNumber"},
+    {"EXPECTACK", "WaitForAckTime"},
+    {"TONEBLANKINGTIMER", "ToneBlankingDeactivationTimer"},
+    {"TONEBLANKINGTIMER", "NetworkToneBlanking"},
+    {"TXDURATIONTIMER", "TxLockoutTimer"},
+    {"REVERSETONEBURSTDURATION_K6K", "RTBPhaseShift"},
+    {"AUTOQUIETTIME_K6K", "AutoQuietCountdown_k6k"},
+    {"HOOKSWITCHMONITOR_K6K", "HookswitchMonitorOverrides_k6k"},
+    {"DEFERREDCALLING_K6K", "TimeRadioAttemptsDeferredCall"},
+    {"CWIDENABLED", "CWIDMode"},
+    {"CWIDENABLED", "CWIDInterval"},
+    {"CWIDENABLED", "CWIDString"},
+    {"CWIDENABLED", "CWIDWordsPerMinute"},
+    {"CWIDENABLED", "CWIDToneFrequency"},
+    {"CWIDENABLED", "CWIDSubAudEnabled"},
+    {"INVALIDCALLRESET_K6K", "ThirdToneReset_k6k"},
+    // emergency
+    {"EMERGENCYENABLED", "EmSignallingType"},
+    {"EMERGENCYENABLED", "EmChannelType"},
+    {"EMERGENCYENABLED", "EmChannel"},
+    {"EMERGENCYENABLED", "EmTxOnHighPower"},
+    {"EMERGENCYENABLED", "EmCalloutType"},
+    {"EMERGENCYENABLED", "EmCalloutNumber"},
+    {"EMERGENCYENABLED", "EmCalloutRepeatInterval"},
+    {"EMERGENCYENABLED", "EmCyclingType"},
+    {"EMERGENCYENABLED", "EmCyclingNumber"},
+    {"EMERGENCYENABLED", "EmCyclingRxTime"},
+    {"EMERGENCYENABLED", "EmCyclingTxTime"},
+    {"EMERGENCYENABLED", "EmCyclingANI"},
+    {"EMERGENCYENABLED", "StealthFalsePowerdown"},
+    {"EMERGENCYENABLED", "StealthtoggleCycling"},
+    {"EMERGENCYENABLED", "EmCyclingAlertTone"},
+    {"EMERGENCYENABLED", "EmCyTxBeginToneFreq"},
+    {"EMERGENCYENABLED", "EmCyTxBeginToneDuration"},
+    {"EMERGENCYENABLED", "EmCyTxEndToneFreq"},
+    {"EMERGENCYENABLED", "EmCyTxEndToneDuration"},
+    {"EMERGENCYENABLED", "SIBTTxCyclingEnabled_k6k"},
+    {"EMSIGNALLINGTYPE", "EmCyclingType", &kSignals, kBySignals},
+    {"EMSIGNALLINGTYPE", "EmCyclingNumber", &kSignalsCyclesFixed, kBySignals},
+    {"EMSIGNALLINGTYPE", "EmCyclingRxTime", &kSignalsCycles, kBySignals},
+    {"EMSIGNALLINGTYPE", "EmCyclingTxTime", &kSignalsCycles, kBySignals},
+    {"EMSIGNALLINGTYPE", "EmCyclingANI", &kSignals, kBySignals},
+    {"EMSIGNALLINGTYPE", "EmCyclingAlertTone", &kSignals, kBySignals},
+    {"EMSIGNALLINGTYPE", "EmCyTxBeginToneFreq", &kSignals, kBySignals},
+    {"EMSIGNALLINGTYPE", "EmCyTxEndToneFreq", &kSignals, kBySignals},
+    {"EMSIGNALLINGTYPE", "EmCyTxBeginToneDuration", &kSignals, kBySignals},
+    {"EMSIGNALLINGTYPE", "EmCyTxEndToneDuration", &kSignals, kBySignals},
+    {"EMCHANNELTYPE", "EmChannel", &kNotCurrentChannel, kByTypeAlone},
+    {"EMCYCLINGTYPE", "EmCyclingNumber", &kCyclesFixed, kByTypeAlone},
+    {"EMCYCLINGTYPE", "EmCyclingRxTime", &kCyclesAtAll, kByTypeAlone},
+    {"EMCYCLINGTYPE", "EmCyclingTxTime", &kCyclesAtAll, kByTypeAlone},
+    {"EMCYCLINGALERTTONE", "EmCyTxBeginToneFreq"},
+    {"EMCYCLINGALERTTONE", "EmCyTxBeginToneDuration"},
+    {"EMCYCLINGALERTTONE", "EmCyTxEndToneFreq"},
+    {"EMCYCLINGALERTTONE", "EmCyTxEndToneDuration"},
+    {"EMCALLOUTTYPE", "EmCalloutNumber"},
+    {"EMCALLOUTTYPE", "EmCalloutRepeatInterval"},
+    {"EMCALLOUTNUMBER", "EmCalloutRepeatInterval"},
+    // data
+    {"DATAOPTIONSENABLED", "DataIgnoreEsc"},
+    {"DATAOPTIONSENABLED", "TModeUARTWriteDelay"},
+    {"DATAOPTIONSENABLED", "FFSKMaximumInitialFrameLength", &kCheckedTransparentMode, "the length is that of checked frames"},
+    {"DATAOPTIONSENABLED", "DataVHSDModemEnabled"},
+    {"DATAOPTIONSENABLED", "DataTMBaudRate"},
+    {"DATAOPTIONSENABLED", "DataTMFlowControl"},
+    {"DATAOPTIONSENABLED", "FFSKChecking"},
+    {"DATAVHSDMODEMENABLED", "DataHSDBaudRate"},
+    {"DATAVHSDMODEMENABLED", "DataHSDFlowControl"},
+    {"DATAVHSDMODEMENABLED", "DataVHSDLayer2Enabled"},
+    {"DATAVHSDMODEMENABLED", "VHSDForwardErrorCorrection"},
+    {"DATAVHSDMODEMENABLED", "VHSDLeadInDelay"},
+    {"DATAVHSDMODEMENABLED", "VHSDLeadOutDelay"},
+    {"DATAVHSDMODEMENABLED", "VornWidebandModem"},
+    {"DATAVHSDMODEMENABLED", "DataVHSDNumFECCodewords"},
+    {"DATAVHSDMODEMENABLED", "dataTotalModeService"},
+    {"DATAVHSDMODEMENABLED", "dataTotalRadioIdHex"},
+    {"DATAVHSDMODEMENABLED", "dataTotalSystemIdHex"},
+    {"DATAVHSDMODEMENABLED", "dataTotalDestinationIdHex"},
+    {"DATAVHSDMODEMENABLED", "dataTotalLinkIdHex"},
+    {"DATAVHSDMODEMENABLED", "dataTotalMtuSize"},
+    {"DATAVHSDMODEMENABLED", "dataTotalValidateCrc"},
+    {"DATAVHSDMODEMENABLED", "dataTotalConfirmedModeRetries"},
+    {"DATAVHSDMODEMENABLED", "dataTotalConfirmedModeTimeout"},
+    {"DATAVHSDMODEMENABLED", "dataTxBackoffOnBusyPeriod"},
+    {"DATAVHSDMODEMENABLED", "dataTxBackoffTimeMin"},
+    {"DATAVHSDMODEMENABLED", "dataTxBackoffTimeMax"},
+    {"DATAVHSDMODEMENABLED", "dataChannelAccessMethod"},
+    {"DATASDMOPTIONSENABLED", "CCDISDMOutputEnabled", &kSDM, kBySDMAlone},
+    {"DATASDMOPTIONSENABLED", "CCDISDMTextOnly", &kSDMOutput, kBySDMAlone},
+    {"DATASDMOPTIONSENABLED", "SDMEncodeCallerIDEnabled"},
+    {"DATASDMOPTIONSENABLED", "DataIdentity"},
+    {"DATASDMOPTIONSENABLED", "GPSSDMCompatibility"},
+    {"DATASDMOPTIONSENABLED", "AllowSDMOverwrite"},
+    {"DATASDMOPTIONSENABLED", "TextSDMAutoAckTransmission"},
+    {"DATASDMOPTIONSENABLED", "TextSDMAutoAckReception"},
+    {"DATASDMOPTIONSENABLED", "TextSDMIndicator"},
+    {"DATASDMOPTIONSENABLED", "DataSDMWaitForAck", &kSDM, kBySDMAlone},
+    {"DATASDMOPTIONSENABLED", "DataSDMAutoAckDelay", &kSDM, kBySDMAlone},
+    {"DATASDMAUTOACK", "DataSDMAutoAckDelay", &kAutoAckOfSDM, kByBoxAlone},
+    {"TEXTSDMAUTOACKTRANSMISSION", "DataSDMAutoAckDelay", &kAckTransmission, kByBoxAlone},
+    {"TEXTSDMAUTOACKRECEPTION", "DataSDMWaitForAck", &kAckReception, kByBoxAlone},
+    {"CCDISDMOUTPUTENABLED", "CCDISDMTextOnly"},
+    // GPS
+    {"GPSENABLED", "GPSSerialPort"},
+    {"GPSENABLED", "GPSBaudRate"},
+    {"GPSENABLED", "GPSNMEAStringType"},
+    {"GPSENABLED", "GPSConnectionTimeOut"},
+    {"GPSENABLED", "GPSAlarmCalloutInterval"},
+    {"GPSENABLED", "GPSMaxNumberCallouts"},
+    {"GPSENABLED", "GPSPollResponseChannelType"},
+    {"GPSENABLED", "GPSPollResponseChannel"},
+    {"GPSENABLED", "GPSAVLDespatcherAddress"},
+    {"GPSENABLED", "GPSSDMLeadInDelay"},
+    {"GPSPOLLRESPONSECHANNELTYPE", "GPSPollResponseChannel", &kPollDedicated, "the form switches by the type alone, GPS on or off"},
+    {"GPSNETWORKSENDPOSONPTT", "PttGPSSuppressionTime"},
+    {"GPSNETWORKSENDPOSONEPTT1", "PttGPSSuppressionTime"},
+    {"GPSNETWORKSENDPOSONEPTT2", "PttGPSSuppressionTime"},
+    // options of the radio
+    {"BAND_K6K", "RFCompliance"},
+    {"SECURITYLOCKONPOWERUP", "SecurityPIN1"},
+    {"SECURITYLOCKONPOWERUP", "SecurityPIN2"},
+    {"SECURITYLOCKONPOWERUP", "SecurityPIN3"},
+    {"GROUPACTIVITYONPOWERUP_K6K", "ChannelGroupIDForRadioStartup"},
+    {"GLOBALENCRYPTION", "ChannelEncryption"},
+};
+// clang-format on
+
+// What the rest of SIGNALLINGTYPE is, the conditions themselves tell.
+
+constexpr bool ReadsSignalling(const Condition& condition) {
+  constexpr std::string_view kSignalling[] = {"SignallingType", "53.SignallingTypeUI", "CallMute"};
+  if (!condition.IsTest()) {
+    return std::ranges::any_of(condition.parts, [](const Condition* part) { return ReadsSignalling(*part); });
+  }
+  return condition.at == At::Network &&
+         std::ranges::find(kSignalling, condition.field) != std::end(kSignalling);
+}
+
+constexpr bool IsNamed(std::string_view control) {
+  return std::ranges::any_of(kRows, [&](const SwitchRow& row) {
+    return row.edited == "SIGNALLINGTYPE" && EqualsIgnoringCase(row.control, control);
+  });
+}
+
+constexpr bool IsMore(const modvalEnablement::EnablementRow& row) {
+  return ReadsSignalling(*row.enabledWhen) && !IsNamed(row.uiid);
+}
+
+constexpr std::size_t kMoreCount = std::ranges::count_if(modvalEnablement::kRows, IsMore);
+constexpr auto kMore = [] {
+  std::array<std::string_view, kMoreCount> more;
+  auto* next = more.begin();
+  for (const auto& row : modvalEnablement::kRows) {
+    if (IsMore(row)) *next++ = row.uiid;
+  }
+  return more;
+}();
+
+/// Where the rows of one field stand.
+struct Group {
+  std::string_view edited;
+  const SwitchRow* first = nullptr;
+  const SwitchRow* last = nullptr;  ///< behind the last one
+  bool readsItself = false;         ///< a condition of its controls goes by the field's own value
+};
+
+/// A condition about the current network reads the number of its record.
+constexpr bool ReadsField(const Condition& condition, std::string_view field) {
+  if (!condition.IsTest()) {
+    return std::ranges::any_of(condition.parts,
+                               [&](const Condition* part) { return ReadsField(*part, field); });
+  }
+  return EqualsIgnoringCase(condition.field, field) ||
+         (condition.at == At::Network && EqualsIgnoringCase(field, "CurrentNetworkNr"));
+}
+
+constexpr const Condition* OwnCondition(std::string_view control) {
+  const auto* row = std::ranges::find_if(
+      modvalEnablement::kRows, [&](const auto& one) { return EqualsIgnoringCase(one.uiid, control); });
+  return row == std::end(modvalEnablement::kRows) ? nullptr : row->enabledWhen;
+}
+
+constexpr bool ReadsItself(const SwitchRow& row) {
+  const Condition* condition = row.wanted != nullptr ? row.wanted : OwnCondition(row.control);
+  return condition != nullptr && ReadsField(*condition, row.edited);
+}
+
+constexpr bool StartsGroup(const SwitchRow& row) { return &row == kRows || (&row - 1)->edited != row.edited; }
+constexpr std::size_t kGroupCount = std::ranges::count_if(kRows, StartsGroup);
+
+struct Groups {
+  Group rows[kGroupCount];
+};
+constexpr Groups kGroups = [] {
+  Groups groups{};
+  Group* next = groups.rows;
+  for (const SwitchRow& row : kRows) {
+    if (StartsGroup(row)) *next++ = {row.edited, &row};
+    Group& group = *(next - 1);
+    group.last = &row + 1;
+    group.readsItself = group.readsItself || ReadsItself(row);
+  }
+  return groups;
+}();
+constexpr NameIndex kByEdited(kGroups.rows,
+                              &Group::edited);  // a field whose rows stand apart does not compile
+
+void StoreValue(FieldEdit& edit) {
+  const ProviderRef provider = edit.validator.CurrentProvider();
+  if (provider.HasField(edit.uiid) && provider.Field(edit.uiid).HasRecord(edit.record)) edit.StoreNow();
+}
+
+/// By its own condition; a control without one may always be edited.
+bool IsEnabled(ConditionReader& reader, const Condition* condition) {
+  return condition == nullptr || reader.IsMet(*condition);
+}
+}  // namespace
+
+std::span<const SwitchRow> Rows() { return kRows; }
+
+std::span<const std::string_view> MoreOfSignallingType() { return kMore; }
+
+void SwitchControls(FieldEdit& edit) {
+  const Group* group = kByEdited.Find(edit.uiid);
+  if (group == nullptr) return;
+  if (group->readsItself && !edit.isStored) StoreValue(edit);
+  ConditionReader reader(edit.validator.CurrentProvider(), edit.record);
+  const auto push = [&](std::string_view control, const Condition* wanted) {
+    const Condition* condition = wanted != nullptr ? wanted : modvalEnablement::FindCondition(control);
+    edit.writes.Enable(control, IsEnabled(reader, condition));
+  };
+  for (const SwitchRow& row : std::span(group->first, group->last)) push(row.control, row.wanted);
+  if (edit.uiid != "SIGNALLINGTYPE") return;
+  for (const std::string_view control : kMore) push(control, nullptr);
+}
+}  // namespace modvalSwitches
