@@ -17,7 +17,6 @@ struct SlotRange {
   std::int32_t count;
 };
 constexpr SlotRange kSlots[] = {{1, 5}, {6, 2}, {8, 100}, {108, 24}, {132, 5}, {137, 5}};
-constexpr std::int32_t kRepeater = 0, kCallerId = 1, kTxCall = 2, kStatus = 3;
 constexpr std::int32_t kSlotsPerSystem = 141;
 
 /// Record 1 of table 30 belongs to no system.
@@ -25,14 +24,7 @@ RecordNr BurstRecord(std::int32_t system, std::int32_t slot) {
   return (system - 1) * kSlotsPerSystem + 1 + slot;
 }
 
-/// A raw array of one column, row 0 unused.
-Variant Rows(const std::vector<std::int32_t>& values) {
-  auto rows = std::make_shared<XArrayDBObject>();
-  rows->Redim(0, static_cast<std::int32_t>(values.size()), 0, 0);
-  std::int32_t row = 0;
-  for (const std::int32_t value : values) rows->SetValue(++row, 0, value);
-  return ArrayObject(std::move(rows));
-}
+std::int32_t NumberOf(std::int32_t given, RecordNr place) { return given == 0 ? place : given; }
 
 /// A raw sequence: each character of `text` as its place in `alphabet`.
 Variant Sequence(const std::string& text, std::string_view alphabet) {
@@ -40,8 +32,6 @@ Variant Sequence(const std::string& text, std::string_view alphabet) {
   for (const char c : text) codes.push_back(static_cast<std::int32_t>(alphabet.find(c)));
   return Rows(codes);
 }
-Variant Tones(const std::string& text) { return Sequence(text, "0123456789ABCDEF-GV"); }
-Variant Keys(const std::string& text) { return Sequence(text, "0123456789ABCD#*-"); }
 Variant Format(const std::string& text) { return Sequence(text, "RCS-B"); }
 
 /// In the order of their records in table 51, six for each network.
@@ -84,7 +74,8 @@ void AddNetworks(Provider& content, const Personality& personality) {
   content.SetCount(68, 4 * count);
   for (RecordNr record = 1; record <= count; ++record) {
     const Network& network = networks[static_cast<std::size_t>(record - 1)];
-    content.Set("21.NetworkPointer", record, record);
+    const std::int32_t number = NumberOf(network.number, record);
+    content.Set("21.NetworkPointer", record, number);
     content.Set("21.SIBTPointer", record, record - 1);
     content.Set("21.EmergencyPointer", record, record - 1);
     content.Set("21.SignallingType", record, network.signallingType);
@@ -92,12 +83,12 @@ void AddNetworks(Provider& content, const Personality& personality) {
     content.Set("53.NetworkId", record, record - 1);
     content.Set("53.SignallingType", record, network.signallingType);
     if (network.emergency) AddEmergency(content, record, network.emergencyChannel, personality.channels);
-    content.Set("67.DTMFPatchNetworkID", record, record);
+    content.Set("67.DTMFPatchNetworkID", record, number);
     content.Set("67.DTMFPatchToneSetupPointer", record, record - 1);
-    content.Set("72.DTMFPatchTonesNetworkID", record, record);
-    content.Set("75.SIBTNetworkID", record, record);
+    content.Set("72.DTMFPatchTonesNetworkID", record, number);
+    content.Set("75.SIBTNetworkID", record, number);
     for (std::int32_t kind = 0; kind < 4; ++kind) {
-      content.Set("68.DTMFPatchSeqNetworkID", 4 * (record - 1) + kind + 1, record);
+      content.Set("68.DTMFPatchSeqNetworkID", 4 * (record - 1) + kind + 1, number);
       content.Set("68.DTMFPatchSeqSequenceType", 4 * (record - 1) + kind + 1, kind);
     }
   }
@@ -134,12 +125,13 @@ void AddDTMFSystems(Provider& content, const std::vector<DTMFSystem>& systems) {
   content.SetCount(65, 1 + kPresetsPerSystem * count);
   content.SetCount(66, count * static_cast<RecordNr>(kSequenceTypes.size()));
   RecordNr sequence = 0;
-  for (std::int32_t number = 1; number <= count; ++number) {
-    const DTMFSystem& system = systems[static_cast<std::size_t>(number - 1)];
-    content.Set("64.DTMFNetworkSigSystemID", number, number);
-    content.Set("64.DTMFNetworkToneSetupRecord", number, number - 1);
+  for (RecordNr place = 1; place <= count; ++place) {
+    const DTMFSystem& system = systems[static_cast<std::size_t>(place - 1)];
+    const std::int32_t number = NumberOf(system.number, place);
+    content.Set("64.DTMFNetworkSigSystemID", place, number);
+    content.Set("64.DTMFNetworkToneSetupRecord", place, place - 1);
     for (std::int32_t position = 1; position <= kPresetsPerSystem; ++position) {
-      const RecordNr record = PresetRecord(number, position);
+      const RecordNr record = PresetRecord(place, position);
       const auto index = static_cast<std::size_t>(position - 1);
       content.Set("65.DTMFChannelPresetSeqSigSysID", record, number);
       content.Set("65.DTMFChannelPresetSequence", record,
@@ -154,14 +146,14 @@ void AddDTMFSystems(Provider& content, const std::vector<DTMFSystem>& systems) {
   }
 }
 
-void AddBursts(Provider& content, std::int32_t system, std::int32_t type,
+void AddBursts(Provider& content, RecordNr system, std::int32_t number, std::size_t type,
                const std::vector<std::string>& bursts) {
   for (std::int32_t i = 0; i < kSlots[type].count; ++i) {
     const std::int32_t slot = kSlots[type].first + i;
     const RecordNr record = BurstRecord(system, slot);
     const auto index = static_cast<std::size_t>(i);
-    content.Set("30.FixedFormatSigSystemID", record, system);
-    content.Set("30.FixedFormatBurstType", record, type);
+    content.Set("30.FixedFormatSigSystemID", record, number);
+    content.Set("30.FixedFormatBurstType", record, static_cast<std::int32_t>(type));
     content.Set("30.FixedFormatBurstID", record, slot);
     content.Set("30.FixedFormatBurstSeq", record, Tones(index < bursts.size() ? bursts[index] : ""));
   }
@@ -172,27 +164,23 @@ void AddSystems(Provider& content, const std::vector<SelcallSystem>& systems) {
   for (const std::int32_t table : {29, 31, 48}) content.SetCount(table, count);
   content.SetCount(30, 1 + kSlotsPerSystem * count);
   content.Set("30.FixedFormatBurstSeq", 1, Tones(""));
-  for (std::int32_t number = 1; number <= count; ++number) {
-    const SelcallSystem& system = systems[static_cast<std::size_t>(number - 1)];
-    content.Set("29.SelcallID", number, number);
-    content.Set("29.TxFormat", number, Format(system.txFormat));
-    content.Set("29.RxFormat", number, Format(system.rxFormat));
-    content.Set("29.RxSeqOne", number, Tones(system.receive));
-    content.Set("29.RxSeqTwo", number, Tones(""));
-    content.Set("29.RMRBurst", number, Tones(""));
-    content.Set("31.SelcallToneSignalSystemId", number, number);
-    content.Set("31.ToneSetPointer", number, number - 1);
-    const std::array<std::vector<std::string>, 6> bursts = {system.repeaters, system.callerIds,
-                                                            system.txCalls, system.statuses};
-    for (std::int32_t type = 0; type < 6; ++type) {
-      AddBursts(content, number, type, bursts[static_cast<std::size_t>(type)]);
+  for (RecordNr place = 1; place <= count; ++place) {
+    const SelcallSystem& system = systems[static_cast<std::size_t>(place - 1)];
+    const std::int32_t number = NumberOf(system.number, place);
+    content.Set("29.SelcallID", place, number);
+    content.Set("29.TxFormat", place, Format(system.txFormat));
+    content.Set("29.RxFormat", place, Format(system.rxFormat));
+    content.Set("29.RxSeqOne", place, Tones(system.receive));
+    content.Set("29.RxSeqTwo", place, Tones(""));
+    content.Set("29.RMRBurst", place, Tones(""));
+    content.Set("31.SelcallToneSignalSystemId", place, number);
+    content.Set("31.ToneSetPointer", place, place - 1);
+    const std::array bursts = {system.repeaters, system.callerIds,   system.txCalls,
+                               system.statuses,  system.accessTones, system.leadIns};
+    for (std::size_t type = 0; type < bursts.size(); ++type) {
+      AddBursts(content, place, number, type, bursts[type]);
     }
   }
-}
-
-/// The raw pointer to a burst of the channel's system, an index from 0; 0 for none.
-std::int32_t BurstPointer(std::int32_t system, std::int32_t type, std::int32_t position) {
-  return position == 0 ? 0 : BurstRecord(system, kSlots[type].first + position - 1) - 1;
 }
 
 void AddChannels(Provider& content, const Personality& personality) {
@@ -208,16 +196,37 @@ void AddChannels(Provider& content, const Personality& personality) {
     content.Set("5.ChannelTxFreq", record, channel.txHertz);
     content.Set("5.ChannelNetworkId", record, channel.network - 1);
     content.Set("5.TxPower_k6k", record, channel.power);
-    content.Set("5.RepeaterBurst", record, BurstPointer(network.system, kRepeater, channel.repeater));
-    content.Set("5.CallerIDBurst", record, BurstPointer(network.system, kCallerId, channel.callerId));
-    content.Set("5.TXCallBurst", record, BurstPointer(network.system, kTxCall, channel.txCall));
-    content.Set("5.StatusBurst", record, BurstPointer(network.system, kStatus, channel.status));
+    const auto pointTo = [&](std::string_view field, Burst type, std::int32_t position) {
+      content.Set(field, record, BurstPointer(network.system, type, position));
+    };
+    pointTo("5.RepeaterBurst", Burst::Repeater, channel.repeater);
+    pointTo("5.CallerIDBurst", Burst::CallerId, channel.callerId);
+    pointTo("5.TXCallBurst", Burst::TxCall, channel.txCall);
+    pointTo("5.StatusBurst", Burst::Status, channel.status);
+    pointTo("5.RepeaterAccessTone", Burst::AccessTone, channel.accessTone);
+    pointTo("5.Lead-In-Tone", Burst::LeadIn, channel.leadIn);
     const RecordNr preset = channel.preset == 0 ? 1 : PresetRecord(network.system, channel.preset);
     content.Set("5.DTMFPresetCallPointer", record, preset - 1);
   }
 }
 
 }  // namespace
+
+Variant Tones(const std::string& text) { return Sequence(text, "0123456789ABCDEF-GV"); }
+
+Variant Keys(const std::string& text) { return Sequence(text, "0123456789ABCD#*-"); }
+
+Variant Rows(const std::vector<std::int32_t>& values) {
+  auto rows = std::make_shared<XArrayDBObject>();
+  rows->Redim(0, static_cast<std::int32_t>(values.size()), 0, 0);
+  std::int32_t row = 0;
+  for (const std::int32_t value : values) rows->SetValue(++row, 0, value);
+  return ArrayObject(std::move(rows));
+}
+
+std::int32_t BurstPointer(std::int32_t system, Burst type, std::int32_t position) {
+  return position == 0 ? 0 : BurstRecord(system, kSlots[static_cast<int>(type)].first + position - 1) - 1;
+}
 
 void FillStored(Provider& content, const Personality& personality) {
   content.Set("34.Band", 1, personality.band);

@@ -5,12 +5,15 @@
 #include <string>
 #include <vector>
 
+#include "platform/Variant.h"
+
 class Provider;
 
 /// The sample personalities: what they are described by, and how that becomes their content.
 namespace Samples {
 
-// What channels, networks and systems are made of. Numbers of networks and systems count from 1.
+// What channels, networks and systems are made of. Networks and systems refer to each other by their place,
+// from 1; the number that a person knows them by is that place, too, where none is given.
 struct Channel {
   std::int32_t number;
   double rxHertz;
@@ -18,12 +21,14 @@ struct Channel {
   std::string rxTone = "None";
   std::string txTone = "None";
   std::int32_t network = 1;
-  std::int32_t power = 4;     // 1 Very Low to 4 High
-  std::int32_t txCall = 0;    // position among the Tx call bursts of the network's system, 0 for none
-  std::int32_t callerId = 0;  // among its caller ID bursts
-  std::int32_t repeater = 0;  // among its repeater bursts
-  std::int32_t status = 0;    // among its status bursts
-  std::int32_t preset = 0;    // among the presets of the network's DTMF system
+  std::int32_t power = 4;       // 1 Very Low to 4 High
+  std::int32_t txCall = 0;      // position among the Tx call bursts of the network's system, 0 for none
+  std::int32_t callerId = 0;    // among its caller ID bursts
+  std::int32_t repeater = 0;    // among its repeater bursts
+  std::int32_t status = 0;      // among its status bursts
+  std::int32_t accessTone = 0;  // among its repeater access tones
+  std::int32_t leadIn = 0;      // among its lead-in tones
+  std::int32_t preset = 0;      // among the presets of the network's DTMF system
 };
 /// When a network sends the radio's position: 0 never, 1 always, 2 with a suppression time.
 struct Positions {
@@ -38,17 +43,21 @@ struct Network {
   bool emergency = false;
   std::int32_t emergencyChannel = 0;  // number of the dedicated one, 0 for the current one
   Positions positions = {};
+  std::int32_t number = 0;
 };
 struct SelcallSystem {
   std::string txFormat, rxFormat;
   std::string receive;  // the radio's own identity
   std::vector<std::string> repeaters, callerIds, txCalls, statuses;
+  std::vector<std::string> accessTones = {}, leadIns = {};
+  std::int32_t number = 0;
 };
 /// Each DTMF system has room for so many presets.
 constexpr std::int32_t kPresetsPerSystem = 10;
 struct DTMFSystem {
   std::vector<std::string> presets;
   std::array<std::string, 6> sequences;  // four of the network's, the ANI, the emergency
+  std::int32_t number = 0;
 };
 struct Personality {
   std::int32_t band;
@@ -58,6 +67,17 @@ struct Personality {
   std::vector<Channel> channels;
   bool gps = false;
 };
+
+/// A raw sequence of Selcall tones ("0123456789ABCDEF-GV"), of DTMF keys ("0123456789ABCD#*-").
+Variant Tones(const std::string& text);
+Variant Keys(const std::string& text);
+/// A raw array of one column, row 0 unused.
+Variant Rows(const std::vector<std::int32_t>& values);
+
+/// The bursts of a Selcall system, in the order of their codes.
+enum class Burst { Repeater, CallerId, TxCall, Status, AccessTone, LeadIn };
+/// The raw pointer to a burst of the system, an index from 0; 0 for position 0, none.
+std::int32_t BurstPointer(std::int32_t system, Burst type, std::int32_t position);
 
 /// Writes the tables as the radio stores them.
 void FillStored(Provider& content, const Personality& personality);
