@@ -74,8 +74,7 @@ void AddNetworks(Provider& content, const Personality& personality) {
   content.SetCount(68, 4 * count);
   for (RecordNr record = 1; record <= count; ++record) {
     const Network& network = networks[static_cast<std::size_t>(record - 1)];
-    const std::int32_t number = NumberOf(network.number, record);
-    content.Set("21.NetworkPointer", record, number);
+    content.Set("21.NetworkPointer", record, record);
     content.Set("21.SIBTPointer", record, record - 1);
     content.Set("21.EmergencyPointer", record, record - 1);
     content.Set("21.SignallingType", record, network.signallingType);
@@ -83,12 +82,12 @@ void AddNetworks(Provider& content, const Personality& personality) {
     content.Set("53.NetworkId", record, record - 1);
     content.Set("53.SignallingType", record, network.signallingType);
     if (network.emergency) AddEmergency(content, record, network.emergencyChannel, personality.channels);
-    content.Set("67.DTMFPatchNetworkID", record, number);
+    content.Set("67.DTMFPatchNetworkID", record, record);
     content.Set("67.DTMFPatchToneSetupPointer", record, record - 1);
-    content.Set("72.DTMFPatchTonesNetworkID", record, number);
-    content.Set("75.SIBTNetworkID", record, number);
+    content.Set("72.DTMFPatchTonesNetworkID", record, record);
+    content.Set("75.SIBTNetworkID", record, record);
     for (std::int32_t kind = 0; kind < 4; ++kind) {
-      content.Set("68.DTMFPatchSeqNetworkID", 4 * (record - 1) + kind + 1, number);
+      content.Set("68.DTMFPatchSeqNetworkID", 4 * (record - 1) + kind + 1, record);
       content.Set("68.DTMFPatchSeqSequenceType", 4 * (record - 1) + kind + 1, kind);
     }
   }

@@ -12,8 +12,8 @@ class Provider;
 /// The sample personalities: what they are described by, and how that becomes their content.
 namespace Samples {
 
-// What channels, networks and systems are made of. Networks and systems refer to each other by their place,
-// from 1; the number that a person knows them by is that place, too, where none is given.
+// What channels, networks and systems are made of. Networks and systems are referred to by their place, from
+// 1; the number of one without its own is that place.
 struct Channel {
   std::int32_t number;
   double rxHertz;
@@ -43,7 +43,6 @@ struct Network {
   bool emergency = false;
   std::int32_t emergencyChannel = 0;  // number of the dedicated one, 0 for the current one
   Positions positions = {};
-  std::int32_t number = 0;
 };
 struct SelcallSystem {
   std::string txFormat, rxFormat;

@@ -10,16 +10,14 @@
 
 #include "workbench/Provider.h"
 #include "workbench/SampleContent.h"
+#include "workbench/SampleFull.h"
 #include "workbench/Schema.h"
 #include "workbench/Workplace.h"
 
 namespace {
 
 using Samples::Channel;
-using Samples::DTMFSystem;
-using Samples::Network;
 using Samples::Personality;
-using Samples::SelcallSystem;
 
 constexpr std::string_view kVersion = "KD4410.0094";
 constexpr std::int32_t kBandB1 = 1;
@@ -46,9 +44,9 @@ void RequireAll(const Provider& described, const Provider& saved) {
   }
 }
 
+/// `content` holds what is stored of the personality.
 void Save(const std::string& path, const Personality& personality, std::shared_ptr<Provider> content,
           Workplace& workplace) {
-  Samples::FillStored(*content, personality);
   const std::shared_ptr<Provider> described = content->Copy();
   OpenedFile opened(workplace, AtomicFile(path), std::move(content), std::make_shared<SilentMessenger>());
   opened.GetSession().ConvertToForms();
@@ -164,118 +162,17 @@ Personality CityFleet() {
   return city;
 }
 
-std::string Digits(std::int32_t value, std::size_t count) {
-  const std::string text = std::to_string(value);
-  return std::string(count - text.size(), '0') + text;
-}
-
-/// Channels and scan groups share a limit of 100 records.
-constexpr std::int32_t kFullChannels = 90;
-constexpr std::int32_t kFullGroups = 10;
-
-/// Three networks of four are Selcall, which has the most that depends on it; the fourth is DTMF or MDC1200
-/// by turn.
-Network FullNetwork(std::int32_t index) {
-  constexpr std::int32_t kOtherTypes[] = {2, 4, 2, 4};
-  const bool isSelcall = index % 4 != 3;
-  return {.signallingType = isSelcall ? 1 : kOtherTypes[index / 4],
-          .system = index / 4 + 1,
-          .emergency = true,
-          .positions = {.onPTT = index % 3, .onEPTT1 = 1, .onEPTT2 = 2, .suppressionSeconds = 10 + index}};
-}
-
-DTMFSystem FullDTMFSystem(std::int32_t number) {
-  const std::string prefix = "*" + std::to_string(number);
-  DTMFSystem system{.presets = {},
-                    .sequences = {prefix + "1", prefix + "2", prefix + "3", prefix + "4", "A7" + prefix + "#",
-                                  prefix + "112#"}};
-  for (std::int32_t i = 1; i <= Samples::kPresetsPerSystem; ++i)
-    system.presets.push_back(prefix + Digits(i, 3) + "#");
-  return system;
-}
-
-/// Every channel, network, system and burst that the version has room for.
-Personality Full() {
-  constexpr const char* kTones[] = {"C67.0", "D023", "C103.5", "D754", "C254.1", "D331"};
-  Personality full{.band = kBandH5, .networks = {}, .systems = {}, .channels = {}, .gps = true};
-  for (std::int32_t i = 0; i < 16; ++i) full.networks.push_back(FullNetwork(i));
-  for (std::int32_t n = 1; n <= 4; ++n) {
-    full.dtmfSystems.push_back(FullDTMFSystem(n));
-    SelcallSystem system{.txFormat = "BBBBB-RRRRR-CCCCC-SS",
-                         .rxFormat = "RRRRR-CCCCC-SS",
-                         .receive = std::to_string(n) + "0000",
-                         .repeaters = {},
-                         .callerIds = {std::to_string(n) + "0000", std::to_string(n) + "0001"},
-                         .txCalls = {},
-                         .statuses = {}};
-    for (std::int32_t i = 1; i <= 5; ++i) system.repeaters.push_back(std::to_string(n) + "9" + Digits(i, 3));
-    for (std::int32_t i = 1; i <= 100; ++i) system.txCalls.push_back(std::to_string(n) + "1" + Digits(i, 3));
-    for (std::int32_t i = 1; i <= 24; ++i) system.statuses.push_back(Digits(i, 2));
-    full.systems.push_back(system);
-  }
-  for (std::int32_t i = 0; i < kFullChannels; ++i) {
-    Channel channel{.number = i + 1,
-                    .rxHertz = 430.0125e6 + i * 25e3,
-                    .txHertz = 420.0125e6 + i * 25e3,
-                    .rxTone = kTones[i % 6],
-                    .txTone = kTones[(i + 1) % 6],
-                    .network = i % 16 + 1,
-                    .power = i % 4 + 1};
-    const std::int32_t type = full.networks[static_cast<std::size_t>(i % 16)].signallingType;
-    if (type == 1) {
-      channel.txCall = i + 1;
-      channel.callerId = i % 2 + 1;
-      channel.repeater = i % 5 + 1;
-      channel.status = i % 24 + 1;
-    } else if (type == 2) {
-      channel.preset = i % Samples::kPresetsPerSystem + 1;
-    }
-    full.channels.push_back(channel);
-  }
-  return full;
-}
-
-/// Identities and owners that have to be there in tables which are full of new records.
-void FillTables(Provider& content) {
-  for (const SchemaTable& table : content.GetSchema().Tables()) {
-    if (table.IsRaw()) content.SetCount(table.number, table.maximum);
-  }
-  content.SetCount(16, kFullGroups);
-  content.SetCount(18, kFullGroups * kFullChannels);
-  content.SetCount(76, kFullChannels);
-  const auto number = [&](std::string_view field, auto value) {
-    for (RecordNr record = 1; record <= content.Count(content.FieldOf(field).table); ++record) {
-      content.Set(field, record, static_cast<std::int32_t>(value(record)));
-    }
-  };
-  number("16.GroupIdentity", [](RecordNr r) { return 100 + r; });
-  number("16.FirstGroupMember", [](RecordNr r) { return kFullChannels * (r - 1); });
-  number("18.GroupIDNumber", [](RecordNr r) { return 101 + (r - 1) / kFullChannels; });
-  number("18.GroupRecordNumber", [](RecordNr r) { return (r - 1) / kFullChannels; });
-  number("18.GroupChannelRecordNum", [](RecordNr r) { return (r - 1) % kFullChannels; });
-  number("32.SignalSystemId", [](RecordNr r) { return (r - 1) / 16 + 1; });
-  number("32.Value", [](RecordNr r) { return (r - 1) % 16; });
-  number("37.T99NetworkID", [](RecordNr r) { return r; });
-  number("49.FreeFormSigSysID", [](RecordNr r) { return (r - 1) / 7 + 1; });
-  number("49.FreeFormSeqID", [](RecordNr r) { return (r - 1) % 7; });
-  number("51.CallAlertType", [](RecordNr r) { return r % 3; });
-  number("51.CallAlertInternalDuration", [](RecordNr r) { return r; });
-  number("76.DSDBM_PRESET_CALL_CHANNEL_REF", [](RecordNr r) { return r; });
-  number("80.MDC1200SignallingSystemID", [](RecordNr r) { return r; });
-  number("80.MDC1200RadioID", [](RecordNr r) { return 4096 + r; });
-  number("81.MDC1200NetworkPresetSeqSigSystemID", [](RecordNr r) { return (r - 1) / 2 + 1; });
-  number("81.MDC1200NetworkPresetSeqSeqType", [](RecordNr r) { return r % 2 == 1 ? 4 : 6; });
-  number("81.MDC1200NetworkPresetSeqSequence", [](RecordNr r) { return 1024 + r; });
-}
-
 void WriteAll(const std::string& folder, Workplace& workplace) {
-  const SchemaFiles& schemas = workplace.Schemas();
-  Save(folder + "/minimal.json", Minimal(), NewPersonality(schemas, kVersion), workplace);
-  Save(folder + "/marine-harbour.json", MarineHarbour(), NewPersonality(schemas, kVersion), workplace);
-  Save(folder + "/city-fleet.json", CityFleet(), NewPersonality(schemas, kVersion), workplace);
-  const std::shared_ptr<Provider> full = NewPersonality(schemas, kVersion);
-  FillTables(*full);
-  Save(folder + "/full.json", Full(), full, workplace);
+  using Fill = void(Provider&, const Personality&);
+  const auto write = [&](const char* name, const Personality& personality, Fill fill) {
+    std::shared_ptr<Provider> content = NewPersonality(workplace.Schemas(), kVersion);
+    fill(*content, personality);
+    Save(folder + "/" + name + ".json", personality, std::move(content), workplace);
+  };
+  write("minimal", Minimal(), Samples::FillStored);
+  write("marine-harbour", MarineHarbour(), Samples::FillStored);
+  write("city-fleet", CityFleet(), Samples::FillStored);
+  write("full", Samples::Full(), Samples::FillFull);
 }
 
 }  // namespace

@@ -90,7 +90,7 @@ TEST_F(ConversionTest, WhatAVersionCanNotHoldIsTold) {
                      (loss.field ? loss.field->id : std::to_string(loss.table->number)) + " " +
                      std::to_string(loss.record) + "-" + std::to_string(loss.last));
       if (loss.field == nullptr && loss.table->number == 5) {
-        EXPECT_EQ(loss.identities.front() + "-" + loss.identities.back(), "25-90");
+        EXPECT_EQ(loss.identities.front() + "-" + loss.identities.back(), "247-897");
         EXPECT_THAT(loss.identities, SizeIs(66));
       }
     }
@@ -99,7 +99,7 @@ TEST_F(ConversionTest, WhatAVersionCanNotHoldIsTold) {
                         {"0085 5 25-90", "0085 7 25-90", "0085 16 2-10", "0029 69.GPSSDMCompatibility 1-1"}));
   EXPECT_EQ(conversion.result->Count(5), 24);
   ASSERT_THAT(conversion.hops[0].outside, SizeIs(1));
-  EXPECT_EQ(conversion.hops[0].outside[0].field->id, "9.DataVHSDNumFECCodewords");
+  EXPECT_EQ(conversion.hops[0].outside[0].field->id, "9.DataVHSDLayer2Enabled");
 }
 
 TEST_F(ConversionTest, AStepWorksOnCopiesAndAllThatItWritesIsKept) {

@@ -98,8 +98,10 @@ TEST_F(DifferenceTest, TheOrderOfChannelsAndTonesIsNone) {
   const auto b = a->Copy();
   const Order channels = Reversed(2, a->Count(5));
   for (const std::int32_t table : {5, 7}) Reorder(*b, table, channels);
-  EXPECT_THAT(Told(Between(a, b)), testing::Contains("16.Priority1Channel 103 8>84"));
-  for (const char* pointer : {"7.CibChannelRec", "16.Priority1Channel", "18.GroupChannelRecordNum"}) {
+  EXPECT_THAT(Told(Between(a, b)), testing::Contains("16.Priority1Channel 927 77>837"));
+  for (const char* pointer : {"7.CibChannelRec", "16.Priority1Channel", "16.Priority2Channel",
+                              "16.ScanPresetTxChannel", "16.VotePresetTxChannel", "18.GroupChannelRecordNum",
+                              "53.ChannelRecordNr", "69.GPSPollResponseChannel"}) {
     Repoint(*b, pointer, channels);
   }
   Repoint(*b, "76.DSDBM_PRESET_CALL_CHANNEL_REF", channels, 1);

@@ -1,0 +1,124 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iterator>
+#include <set>
+
+#include "provider/modTransformations.h"
+#include "tests/support/TierFixture.h"
+#include "tests/workbench/FileHelpers.h"
+#include "workbench/Journal.h"
+#include "workbench/PersonalityFile.h"
+
+/// A conversion that goes the wrong way round, reads another record or fills another field shows in a round
+/// trip only where the values differ: the largest sample has to tell them apart.
+namespace {
+using Names = std::set<std::string>;
+
+/// Fields that hold the value of a new record in all records.
+const Names kAtDefault = {
+    "0.RadioTier",               // the model
+    "5.HiddenChannel",           // every save clears it
+    "10.IndicatorDuration",      // every save lays it out, as 0
+    "34.RFCompliance",           // another band has it
+    "34.GlobalEncryption",       // the channels encrypt one by one
+    "34.StartUpInLowPowerMode",  // no function key ends it
+    "34.KeypadMic",              // the data have the port of the mic
+    "34.SilentMode",             // the radio is quiet
+    "69.GPSSDMCompatibility",    // positions are reported
+};
+/// Fields that hold the same as the one before them, record by record.
+const Names kTwins = {
+    "5.ReceptionExpansion",     // one box of the form stands for both
+    "9.DataPowerupState",       // the third state is not for a radio that starts scanning
+    "9.DataVHSDLayer2Enabled",  // a port without hardware flow control leaves both but one other value
+    "21.EmergencyPointer",      // both point at what belongs to the network
+};
+/// Tables whose codes and pointers mean nothing yet, and the field whose conversion will tell.
+constexpr struct Unknown {
+  std::int32_t table;
+  std::string_view field;
+} kUnknown[] = {
+    {4, "1117.AudibleIndicators_k6k"},
+    {15, "15.FnKeyShortPressActionID"},
+    {24, "0.HomeChannel"},
+    {25, "25.PTTPriority"},
+    {55, "55.DigitalIOInputPinID"},
+    {56, "55.DigitalIOInputPinID"},
+    {57, "55.DigitalIOInputPinID"},
+    {59, "59.AudioIOMicLabels"},
+    {60, "1118.SelcallIndivCallRxCadence1"},
+    {74, "74.CustomFrequencies"},
+};
+
+class FullSample : public testing::Test {
+ protected:
+  const std::shared_ptr<Provider> content =
+      PersonalityFile::Parse("full", ContentOf(Sample("full")), *ProjectSchemas());
+  const Schema& schema = content->GetSchema();
+
+  /// The fields of the known tables that could hold more than one value.
+  std::vector<const SchemaField*> FieldsOf(const SchemaTable& table) const {
+    std::vector<const SchemaField*> fields;
+    const bool isKnown = std::ranges::find(kUnknown, table.number, &Unknown::table) == std::end(kUnknown);
+    for (const SchemaField& field : schema.FieldsOf(table)) {
+      const bool isNumber = field.type == FieldType::Integer || field.type == FieldType::Number;
+      const bool isFixed = isNumber && field.minimum == field.maximum;
+      if (isKnown && field.IsRaw() && !isFixed) fields.push_back(&field);
+    }
+    return fields;
+  }
+
+  template <typename Test>
+  bool InAllRecords(const SchemaField& field, Test test) const {
+    for (RecordNr record = 1; record <= content->Count(field.table); ++record) {
+      if (!test(record)) return false;
+    }
+    return true;
+  }
+  bool IsAtDefault(const SchemaField& field) const {
+    return InAllRecords(field, [&](RecordNr r) { return SameCell(content->Get(field, r), field.standard); });
+  }
+  bool IsConstant(const SchemaField& field) const {
+    return content->Count(field.table) > 1 && InAllRecords(field, [&](RecordNr r) {
+             return SameCell(content->Get(field, r), content->Get(field, 1));
+           });
+  }
+  /// Two flags in one record can not both be set and differ.
+  bool IsTwinOf(const SchemaField& field, const SchemaField& left) const {
+    const bool isFlag = field.type == FieldType::Integer && field.maximum - field.minimum == 1;
+    const bool isPinned = isFlag && left.maximum == field.maximum && left.minimum == field.minimum &&
+                          content->Count(field.table) == 1;
+    return field.type == left.type && !isPinned && InAllRecords(field, [&](RecordNr r) {
+             return SameCell(content->Get(field, r), content->Get(left, r));
+           });
+  }
+};
+
+TEST_F(FullSample, TellsEachStoredFieldFromItsDefaultItsNeighbourAndTheRecordsBesideIt) {
+  Names atDefault, constant, twins;
+  for (const SchemaTable& table : schema.Tables()) {
+    const SchemaField* left = nullptr;
+    for (const SchemaField* field : FieldsOf(table)) {
+      const bool tells = !IsAtDefault(*field);
+      if (!tells) atDefault.insert(field->id);
+      if (tells && IsConstant(*field)) constant.insert(field->id);
+      if (tells && left != nullptr && IsTwinOf(*field, *left)) twins.insert(field->id);
+      left = tells ? field : nullptr;
+    }
+  }
+  EXPECT_EQ(atDefault, kAtDefault);
+  EXPECT_EQ(constant, Names());
+  EXPECT_EQ(twins, kTwins);
+}
+
+TEST_F(FullSample, LeavesATableUnfilledNoLongerThanItsConversionIsMissing) {
+  for (const auto& [table, name] : kUnknown) {
+    const SchemaField* field = schema.Find(name);
+    ASSERT_NE(field, nullptr) << name;
+    EXPECT_EQ(modTransformations::Find(field->transform, name), nullptr)
+        << "fill table " << table << ": " << field->transform << " says now what its values mean";
+  }
+}
+}  // namespace

@@ -1,0 +1,145 @@
+#include "workbench/SampleFull.h"
+
+#include "workbench/Provider.h"
+#include "workbench/SampleFiller.h"
+#include "workbench/Schema.h"
+
+namespace Samples {
+namespace {
+
+constexpr std::int32_t kBandB1 = 1;
+constexpr std::int32_t kSystems = 4;  // of each type
+
+std::string Digits(std::int32_t value, std::size_t count) {
+  const std::string text = std::to_string(value);
+  return std::string(count - text.size(), '0') + text;
+}
+
+/// No number of a channel or system is its place; networks, which the forms sort, have none to leave out.
+std::int32_t ChannelNumber(std::int32_t index) { return 10 * index + 7; }
+
+/// Three networks of four are Selcall, which has the most that depends on it; the fourth is DTMF or MDC1200
+/// by turn.
+Network FullNetwork(std::int32_t index) {
+  constexpr std::int32_t kOtherTypes[] = {2, 4, 2, 4};
+  const bool isSelcall = index % 4 != 3;
+  return {.signallingType = isSelcall ? 1 : kOtherTypes[index / 4],
+          .system = (index + index / 4) % kSystems + 1,
+          .positions = {.onPTT = index % 3,
+                        .onEPTT1 = (index + 1) % 3,
+                        .onEPTT2 = (index + 2) % 3,
+                        .suppressionSeconds = 10 + index}};
+}
+
+DTMFSystem FullDTMFSystem(std::int32_t place) {
+  const std::string prefix = "*" + std::to_string(place);
+  DTMFSystem system{.presets = {},
+                    .sequences = {prefix + "1", prefix + "2", prefix + "3", prefix + "4", "A7" + prefix + "#",
+                                  prefix + "112#"},
+                    .number = 4 * place - 1};
+  for (std::int32_t i = 1; i <= kPresetsPerSystem; ++i) system.presets.push_back(prefix + Digits(i, 3) + "#");
+  return system;
+}
+
+/// `count` bursts of five tones.
+std::vector<std::string> Bursts(const std::string& prefix, std::int32_t count) {
+  std::vector<std::string> bursts;
+  for (std::int32_t i = 1; i <= count; ++i) bursts.push_back(prefix + Digits(i, 5 - prefix.size()));
+  return bursts;
+}
+
+SelcallSystem FullSelcallSystem(std::int32_t place) {
+  constexpr const char* kTxFormats[] = {"BBBBB-RRRRR-CCCCC-SS", "RRRRR-CCCCC-SS", "BBBBB-RRRRR-CCCCC",
+                                        "RRRRR-CCCCC"};
+  constexpr const char* kRxFormats[] = {"RRRRR-CCCCC-SS", "RRRRR-CCCCC", "RRRRR-SS", "RRRRR"};
+  const std::string prefix = std::to_string(place);
+  SelcallSystem system{.txFormat = kTxFormats[place - 1],
+                       .rxFormat = kRxFormats[place - 1],
+                       .receive = prefix + "0000",
+                       .repeaters = Bursts(prefix + "9", 5),
+                       .callerIds = {prefix + "0000", prefix + "0001"},
+                       .txCalls = Bursts(prefix + "1", 100),
+                       .statuses = {},
+                       .accessTones = Bursts(prefix + "A", 5),
+                       .leadIns = Bursts(prefix + "E", 5),
+                       .number = 4 * place - 2};
+  for (std::int32_t i = 1; i <= 24; ++i) system.statuses.push_back(Digits(i, 2));
+  return system;
+}
+
+Channel FullChannel(std::int32_t index, std::int32_t signallingType) {
+  constexpr const char* kTones[] = {"C67.0", "D023", "C103.5", "D754", "C254.1", "D331"};
+  Channel channel{.number = ChannelNumber(index),
+                  .rxHertz = 146.003125e6 + index * 25e3,
+                  .txHertz = 138.00625e6 + index * 37.5e3,
+                  .rxTone = kTones[index % 6],
+                  .txTone = kTones[(index + 1) % 6],
+                  .network = index % kFullNetworks + 1,
+                  .power = index % 4 + 1};
+  if (signallingType == 1) {
+    channel.txCall = index + 1;
+    channel.callerId = index % 2 + 1;
+    channel.repeater = index % 5 + 1;
+    channel.status = index % 24 + 1;
+    channel.accessTone = (index + 2) % 5 + 1;
+    channel.leadIn = (index + 4) % 5 + 1;
+  } else if (signallingType == 2) {
+    channel.preset = index % kPresetsPerSystem + 1;
+  }
+  return channel;
+}
+
+const Network& NetworkOf(const Personality& personality, const Channel& channel) {
+  return personality.networks[static_cast<std::size_t>(channel.network - 1)];
+}
+
+/// The first is for the last channel. Those of a network without Selcall are empty.
+void AddPresetCalls(Provider& content, const Personality& personality) {
+  const auto count = static_cast<RecordNr>(personality.channels.size());
+  content.SetCount(76, count);
+  for (RecordNr record = 1; record <= count; ++record) {
+    const RecordNr place = count + 1 - record;
+    const Network& network =
+        NetworkOf(personality, personality.channels[static_cast<std::size_t>(place - 1)]);
+    content.Set("76.DSDBM_PRESET_CALL_CHANNEL_REF", record, place);
+    const auto pointTo = [&](const char* kind, Burst type, std::int32_t position) {
+      const std::string field = "76.DSDBM_CHANNEL_SEL_" + std::string(kind) + "_INDEX_POINTER";
+      content.Set(field, record,
+                  BurstPointer(network.system, type, network.signallingType == 1 ? position : 0));
+    };
+    pointTo("RPT_BURST", Burst::Repeater, record % 5 + 1);
+    pointTo("CALLER_ID", Burst::CallerId, record % 2 + 1);
+    pointTo("TXCALL", Burst::TxCall, record);
+    pointTo("STATUS", Burst::Status, record % 24 + 1);
+  }
+}
+
+}  // namespace
+
+Personality Full() {
+  Personality full{.band = kBandB1, .networks = {}, .systems = {}, .channels = {}, .gps = true};
+  for (std::int32_t i = 0; i < kFullNetworks; ++i) full.networks.push_back(FullNetwork(i));
+  for (std::int32_t place = 1; place <= kSystems; ++place) {
+    full.dtmfSystems.push_back(FullDTMFSystem(place));
+    full.systems.push_back(FullSelcallSystem(place));
+  }
+  for (std::int32_t i = 0; i < kFullChannels; ++i) {
+    const auto network = static_cast<std::size_t>(i % kFullNetworks);
+    full.channels.push_back(FullChannel(i, full.networks[network].signallingType));
+  }
+  return full;
+}
+
+void FillFull(Provider& content, const Personality& full) {
+  for (const SchemaTable& table : content.GetSchema().Tables()) {
+    if (table.IsRaw()) content.SetCount(table.number, table.maximum);
+  }
+  content.SetCount(16, kFullGroups);
+  content.SetCount(18, kFullGroups * kFullChannels);
+  FillTelling(content);
+  FillStored(content, full);
+  AddPresetCalls(content, full);
+  FillTied(content);
+}
+
+}  // namespace Samples

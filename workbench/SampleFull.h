@@ -1,0 +1,22 @@
+#pragma once
+
+#include "workbench/SampleContent.h"
+
+namespace Samples {
+
+constexpr std::int32_t kFullNetworks = 16;
+// Channels and scan groups share a limit of 100 records.
+constexpr std::int32_t kFullChannels = 90;
+constexpr std::int32_t kFullGroups = 10;
+
+/// Every channel, network, system and burst that the version has room for.
+Personality Full();
+/// Makes a new personality that one, all its other tables filled as well: where the rules leave a stored
+/// field another value it holds not only its default, nor only the values of the field beside it.
+void FillFull(Provider& content, const Personality& full);
+
+/// Writes what the rules of the forms tie together, and the numbers and pointers of the tables that are not
+/// described.
+void FillTied(Provider& content);
+
+}  // namespace Samples

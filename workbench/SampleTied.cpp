@@ -1,0 +1,258 @@
+#include <algorithm>
+#include <numeric>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "workbench/Provider.h"
+#include "workbench/SampleFull.h"
+#include "workbench/Schema.h"
+
+namespace Samples {
+namespace {
+
+/// A field in all records of its table, each by its number.
+struct Column {
+  std::string_view field;
+  std::int32_t (*value)(RecordNr r);
+};
+
+template <std::size_t count>
+void Fill(Provider& content, const Column (&columns)[count]) {
+  for (const auto& [field, value] : columns) {
+    for (RecordNr r = 1; r <= content.Count(content.FieldOf(field).table); ++r)
+      content.Set(field, r, value(r));
+  }
+}
+
+constexpr bool IsSelcall(RecordNr network) { return network % 4 != 0; }
+constexpr bool HasEmergency(RecordNr network) { return network % 4 != 2; }
+
+constexpr std::int32_t kTransparentMode = 1, kSoftware = 2, kMic = 0, kInternal = 2;  // codes of tables 9, 69
+
+// clang-format off
+constexpr Column kRadio[] = {
+    {"34.PATimerRaw",                        [](RecordNr) { return 5430; }},  // 90.5 minutes
+    {"34.FrontPanelChannelSelectionLockout", [](RecordNr) { return 2; }},
+    {"34.UiPreCarrierIndicationTime",        [](RecordNr) { return 45; }},    // 0 or 10 to 90
+    {"17.ChannelGroupRecordForRadioStartup", [](RecordNr) { return kFullGroups - 3; }},
+    {"52.ExternalAlertID",                   [](RecordNr r) { return r - 1; }},
+};
+
+constexpr Column kData[] = {
+    {"9.DataPowerupState",          [](RecordNr) { return kTransparentMode; }},  // a modem would not scan
+    // One of the two ports is the mic's, which has no lines for hardware flow control.
+    {"9.DataCCDIPort",              [](RecordNr) { return kMic; }},
+    {"69.GPSSerialPort",            [](RecordNr) { return kInternal; }},
+    {"9.DataCMFlowControl",         [](RecordNr) { return kSoftware; }},
+    {"9.DataTMFlowControl",         [](RecordNr) { return kSoftware; }},
+    {"9.DataHSDFlowControl",        [](RecordNr) { return kSoftware; }},
+    {"9.DataTMBaudRate",            [](RecordNr) { return 14400; }},
+    {"9.FFSKBaudRate",              [](RecordNr) { return 2400; }},
+    {"9.DataHSDBaudRate",           [](RecordNr) { return 28800; }},
+    {"69.GPSBaudRate",              [](RecordNr) { return 9600; }},
+    {"9.DataXon",                   [](RecordNr) { return 0x0B; }},
+    {"9.DataXoff",                  [](RecordNr) { return 0xE7; }},
+    {"9.dataTotalRadioId",          [](RecordNr) { return 0x0ABC; }},
+    {"9.dataTotalSystemId",         [](RecordNr) { return 0x0D; }},
+    {"9.dataTotalDestinationId",    [](RecordNr) { return 0xF00E; }},
+    {"9.dataTotalLinkId",           [](RecordNr) { return 0xC5; }},
+    {"9.dataTotalMtuSize",          [](RecordNr) { return 4321; }},  // for the second service without FEC
+    {"9.dataTxBackoffTimeMin",      [](RecordNr) { return 250; }},
+    {"9.dataTxBackoffTimeMax",      [](RecordNr) { return 1750; }},
+    {"9.TextSDMIndicator",          [](RecordNr) { return 2; }},
+    {"69.GPSPollResponseChannel",   [](RecordNr) { return 41; }},
+};
+
+constexpr Column kChannels[] = {
+    // Companding is both directions, and no noise reduction.
+    {"5.TxCompression",      [](RecordNr r) { return r / 2 % 2; }},
+    {"5.ReceptionExpansion", [](RecordNr r) { return r / 2 % 2; }},
+    {"5.ChannelANR",         [](RecordNr r) { return r % 4 == 0 ? 1 : 0; }},
+};
+
+/// Beyond those of the channels.
+constexpr std::int32_t GroupNumber(RecordNr group) { return 900 + 9 * group; }
+
+constexpr Column kGroups[] = {
+    {"16.GroupIdentity",    GroupNumber},
+    {"16.FirstGroupMember", [](RecordNr r) { return kFullChannels * (r - 1); }},
+    {"16.Priority1Channel",    [](RecordNr r) { return 7 * r; }},
+    {"16.Priority2Channel",    [](RecordNr r) { return 7 * r + 3; }},
+    {"16.ScanPresetTxChannel", [](RecordNr r) { return kFullChannels - 5 * r; }},
+    {"16.VotePresetTxChannel", [](RecordNr r) { return 3 * r + 1; }},
+    // A group that is scanned in the background (1) shows the Tx channel and calls on the selected one.
+    {"16.ScanType",         [](RecordNr r) { return r % 3; }},
+    {"16.ScanGroupDisplayIndicator", [](RecordNr r) { return r % 3 == 1 ? 2 : r % 2; }},
+    {"16.ScanDefaultTxChannel_k6k",  [](RecordNr r) { return r % 3 == 1 ? 4 : r % 4; }},
+    // The members of a group are a ring.
+    {"18.GroupIDNumber",     [](RecordNr r) { return GroupNumber((r - 1) / kFullChannels + 1); }},
+    {"18.GroupRecordNumber", [](RecordNr r) { return (r - 1) / kFullChannels; }},
+    {"18.GroupNextMemberRecordNum",
+     [](RecordNr r) { return r % kFullChannels == 0 ? r - kFullChannels : r; }},
+    {"18.GroupChannelRecordNum",
+     [](RecordNr r) { return (7 * r + (r - 1) / kFullChannels) % kFullChannels; }},
+};
+
+constexpr Column kNetworks[] = {
+    // Monitors open all mutes where calls are muted.
+    {"21.CallMute",             [](RecordNr r) { return r % 2; }},
+    {"21.MonitorOverrides_k6k", [](RecordNr r) { return r % 2 == 1 ? 1 : r / 2 % 2; }},
+    {"21.HookswitchMonitorOverrides_k6k", [](RecordNr r) { return r % 2 == 1 ? 1 : (r / 2 + 1) % 2; }},
+    // What is acknowledged, at least one call where anything is.
+    {"21.AutoAckType",          [](RecordNr r) { return r % 3; }},
+    {"21.SelcallIndAutoAckOne", [](RecordNr r) { return r % 3 == 0 ? 0 : r % 2; }},
+    {"21.SelcallIndAutoAckTwo", [](RecordNr r) { return r % 3 == 0 ? 0 : (r + 1) % 2; }},
+    {"21.PriorityAutoAck_k6k",  [](RecordNr r) { return r % 3 == 0 ? 0 : r / 2 % 2; }},
+    {"21.DeferredCalling_k6k",  [](RecordNr r) { return r % 2; }},
+    {"21.TimeRadioAttemptsDeferredCall", [](RecordNr r) { return r % 2 == 0 ? 0 : 5 * r; }},
+    // Nothing, the ANI or a tone, on a press of Selcall alone.
+    {"21.LeadingANI",                 [](RecordNr r) { return IsSelcall(r) && r % 3 == 1 ? 2 : 0; }},
+    {"21.PTTPressRepeaterAccessTone", [](RecordNr r) { return IsSelcall(r) && r % 3 == 2 ? 1 : 0; }},
+    {"21.TrailingANI",                [](RecordNr r) { return r % 3 == 0 ? 1 : 0; }},
+    {"21.AutoOverBeep",               [](RecordNr r) { return r % 3 == 1 ? 1 : 0; }},
+    {"21.TxDurationTimer",         [](RecordNr r) { return r % 5 == 0 ? 0 : 20 + 9 * r; }},
+    {"21.TxDurationTimingEnabled", [](RecordNr r) { return r % 5 == 0 ? 0 : 1; }},
+    {"51.CallAlertType",             [](RecordNr r) { return r % 3; }},
+    {"51.CallAlertInternalDuration", [](RecordNr r) { return r; }},
+};
+
+/// The record of one of the channels on the network; the networks take turns.
+constexpr RecordNr OwnChannel(RecordNr network) { return network + kFullNetworks * (1 + (network - 1) % 4); }
+
+/// None, continuous where an acknowledgement ends it, a fixed number.
+constexpr std::int32_t CalloutType(RecordNr network) {
+  if (!HasEmergency(network) || network % 8 == 5) return 0;
+  return network % 8 == 1 ? 1 : 2;
+}
+
+constexpr Column kEmergencies[] = {
+    // A dedicated channel is one of the network's own. An emergency calls out or cycles, and no cycling is for ever.
+    {"53.ChannelType",      [](RecordNr r) { return r % 2; }},
+    {"53.ChannelRecordNr",  [](RecordNr r) { return r % 2 == 0 ? 0 : OwnChannel(r) - 1; }},
+    {"53.EmergencyEnabled", [](RecordNr r) { return HasEmergency(r) ? 1 : 0; }},
+    {"53.EmCalloutType",    CalloutType},
+    {"53.EmCalloutNumber",  [](RecordNr r) { return 3 + 7 * r; }},
+    {"53.EmCyclingType",    [](RecordNr r) { return r % 8 == 3 ? 0 : 2; }},
+    {"53.EmCyclingNumber",  [](RecordNr r) { return 3 + r; }},
+    {"53.EmCyclingRxTime",  [](RecordNr r) { return 20 + r; }},
+    {"53.EmCyclingTxTime",  [](RecordNr r) { return 5 + 2 * r; }},
+    {"53.TxBeginToneFreq",  [](RecordNr r) { return 3000 + 370 * r; }},  // whole hertz
+    {"53.TxEndToneFreq",    [](RecordNr r) { return 30000 - 410 * r; }},
+    {"53.StealthFalsePowerdown", [](RecordNr r) { return r % 4 == 1 || r % 4 == 2 ? 1 : 0; }},  // of Selcall
+};
+
+constexpr std::int32_t InBandTone(RecordNr network) { return 10 * (500 + 97 * network); }
+
+constexpr Column kInBandTones[] = {
+    // Not beside Selcall: the data are too fast.
+    {"75.SIBTRawEnabled",  [](RecordNr r) { return IsSelcall(r) ? 0 : 1 + r / 4 % 2; }},
+    {"75.SIBTFrequency",   [](RecordNr r) { return InBandTone(r); }},
+    {"75.SIBTLowerBound",  [](RecordNr r) { return InBandTone(r) - InBandTone(r) * 3 / 800; }},
+    {"75.SIBTUpperBound",  [](RecordNr r) { return InBandTone(r) + InBandTone(r) * 3 / 800; }},
+    {"75.SIBTToneEncodeDuration_k6k",    [](RecordNr r) { return 1000 + 100 * r; }},
+    {"75.SIBTMinimumDecodeDuration_k6k", [](RecordNr r) { return 100 + 30 * r; }},
+};
+
+constexpr Column kSystems[] = {
+    {"29.TonePeriod",           [](RecordNr r) { return r == 1 ? 1 : r + 1; }},
+    {"29.GapPeriod",            [](RecordNr r) { return std::min(r + 3, 7); }},
+    {"29.ThirdToneReset_k6k",   [](RecordNr r) { return r % 2; }},
+    {"29.InvalidCallReset_k6k", [](RecordNr r) { return (r + 1) % 2; }},
+    {"31.GroupTone",  [](RecordNr r) { return 10 + r; }},
+    {"31.RepeatTone", [](RecordNr r) { return r == 1 ? 15 : 8 + r; }},
+    {"32.SignalSystemId",   [](RecordNr r) { return 4 * ((r - 1) / 16) + 2; }},
+    {"32.Value",            [](RecordNr r) { return 3 * ((r - 1) % 16) + 5; }},
+    {"49.FreeFormSigSysID", [](RecordNr r) { return 4 * ((r - 1) / 7) + 2; }},
+    {"49.FreeFormSeqID",    [](RecordNr r) { return (r - 1) % 7; }},
+    {"37.T99NetworkID",            [](RecordNr r) { return 4 * r - 3; }},
+    {"37.T99MinFirstTonePeriod",   [](RecordNr r) { return 5 + 2 * r; }},
+    {"37.T99MaxFirstTonePeriod",   [](RecordNr r) { return 80 + 9 * r; }},
+    {"37.T99MinGapPeriod",         [](RecordNr r) { return r; }},
+    {"37.T99MaxGapPeriod",         [](RecordNr r) { return 10 + 2 * r; }},
+    {"37.T99MinSecondTonePeriod",  [](RecordNr r) { return 30 + 5 * r; }},
+    {"37.T99MaxSecondTonePeriod",  [](RecordNr r) { return 200 + 7 * r; }},
+    {"37.T99MinAllCallTonePeriod", [](RecordNr r) { return 100 + 9 * r; }},
+    {"37.T99MaxAllCallTonePeriod", [](RecordNr r) { return 180 + 11 * r; }},
+    {"80.MDC1200SignallingSystemID", [](RecordNr r) { return 4 * r; }},
+    {"80.MDC1200RadioID",            [](RecordNr r) { return 0x0ABC + 9241 * (r - 1); }},
+    {"81.MDC1200NetworkPresetSeqSigSystemID", [](RecordNr r) { return 4 * ((r + 1) / 2); }},
+    {"81.MDC1200NetworkPresetSeqSeqType",     [](RecordNr r) { return r % 2 == 1 ? 4 : 6; }},
+    {"81.MDC1200NetworkPresetSeqSequence",    [](RecordNr r) { return 4011 * r; }},
+};
+// clang-format on
+
+/// Rows of `first`, and `step` more in each.
+Variant Series(std::int32_t rows, std::int32_t first, std::int32_t step) {
+  std::vector<std::int32_t> values(static_cast<std::size_t>(rows));
+  for (std::int32_t& value : values) value = std::exchange(first, first + step);
+  return Rows(values);
+}
+
+/// Each code once; the one that comes first has moved `by` places.
+Variant Turned(std::int32_t lowest, std::int32_t count, std::int32_t by) {
+  std::vector<std::int32_t> codes(static_cast<std::size_t>(count));
+  std::iota(codes.begin(), codes.end(), lowest);
+  std::ranges::rotate(codes, codes.begin() + by);
+  return Rows(codes);
+}
+
+/// Tones with their limits, and the order in which the codes stand for them.
+void FillToneSets(Provider& content) {
+  for (RecordNr r = 1; r <= content.Count(37); ++r) {
+    content.Set("37.T99TableFreq", r, Series(4, 5000 + 100 * r, 1500));
+    content.Set("37.T99ToneSetLowerBound", r, Series(4, 4925 + 100 * r, 1500));
+    content.Set("37.T99ToneSetUpperBound", r, Series(4, 5075 + 100 * r, 1500));
+    content.Set("37.T99ToneSetRemapTable", r, Turned(1, 4, r % 4));
+  }
+  for (RecordNr r = 1; r <= content.Count(48); ++r) {
+    content.Set("48.CustomFrequencies", r, Series(16, 400 + 10 * r, 217));
+    content.Set("48.ToneSetLowFreq", r, Series(16, 395 + 10 * r, 217));
+    content.Set("48.ToneSetHighFreq", r, Series(16, 405 + 10 * r, 217));
+    content.Set("48.ToneSetRemapTable", r, Turned(0, 16, r));
+  }
+}
+
+void FillSequences(Provider& content) {
+  for (RecordNr r = 1; r <= content.Count(29); ++r) {
+    content.Set("29.RxSeqTwo", r, Tones("2F" + std::to_string(100 + r)));
+    content.Set("29.RMRBurst", r, Tones("3A" + std::to_string(200 + r)));
+  }
+  constexpr const char* kStatuses[] = {"07", "V", "C", "VV", "5"};
+  for (RecordNr r = 1; r <= content.Count(49); ++r)
+    content.Set("49.FreeFormStatus", r, Tones(kStatuses[r % 5]));
+  for (RecordNr r = 1; r <= content.Count(68); ++r) {
+    const std::string number = std::to_string(100 + r);
+    content.Set("68.DTMFPatchSeqSequence", r, Keys("*" + number));
+    content.Set("68.DTMFPatchSeqLineCapturedSeq", r, Keys("A" + number + "#"));
+    content.Set("68.DTMFPatchSeqLineReleaseSeq", r, Keys("B" + number + "-"));
+  }
+  content.Set("22.SecurityPIN", 1, Rows({4, 7, 1}));
+  content.Set("44.MaxAudioLevel", 1, Rows({140, 99}));
+}
+
+void FillTexts(Provider& content) {
+  content.Set("9.DataIdentity", 1, "40960713");
+  content.Set("69.GPSAVLDespatcherAddress", 1, "21043567");
+  for (RecordNr r = 1; r <= content.Count(16); ++r)
+    content.Set("16.GroupAlias", r, "G" + std::to_string(r % 10));
+  for (RecordNr r = 1; r <= content.Count(78); ++r) content.Set("78.CWIDString", r, "CW" + std::to_string(r));
+}
+
+}  // namespace
+
+void FillTied(Provider& content) {
+  Fill(content, kRadio);
+  Fill(content, kData);
+  Fill(content, kChannels);
+  Fill(content, kGroups);
+  Fill(content, kNetworks);
+  Fill(content, kEmergencies);
+  Fill(content, kInBandTones);
+  Fill(content, kSystems);
+  FillToneSets(content);
+  FillSequences(content);
+  FillTexts(content);
+}
+
+}  // namespace Samples
