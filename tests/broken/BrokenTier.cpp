@@ -106,6 +106,15 @@ Status ReadAhead(BorderCall& call, Trace::Objects& objects) {
   if (preset != nullptr) static_cast<void>(preset->Value(1, ignored));
   return Real(call);
 }
+/// What is read to be shown is stored again.
+Status StoreWhileShowing(BorderCall& call, Trace::Objects& objects) {
+  Variant value;
+  const auto field = CalleeOf<Ifield>(call, objects);
+  if (within == "IproviderOwner.TransformToUI" && field->Value(1, value).Ok()) {
+    static_cast<void>(field->SetValue(1, value));
+  }
+  return Real(call);
+}
 Status ShowGarbage(BorderCall& call, Trace::Objects& objects) {
   std::int32_t ignored = 0;
   static_cast<void>(
@@ -140,6 +149,7 @@ constexpr struct {
     {"asks for another version",  "Iprovider.Field",                         AskForeignName},
     {"loses what it shows",       "Ifield.SetValue",                         SkipWhileShowing},
     {"reads ahead",               "Iprovider.Field",                         ReadAhead},
+    {"stores while showing",      "Ifield.Value",                            StoreWhileShowing},
     {"changes its mind",          "ItierValidator.GetEnabledStatebyUIID",    Whimsical},
     {"reads small letters",       "ItierValidator.GetEnabledStatebyUIID",    CapitalsOnly},
     {"shows garbage",             "Imessenger.ShowMessage",                  ShowGarbage},

@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <string>
@@ -89,36 +91,78 @@ constexpr Direction kDirections[] = {
     {"to the radio", &Schema::ConvertedToRadio, &IproviderOwner::TransformFromUI, StorageKind::Raw},
 };
 
-void Convert(CheckRun& run, std::string_view personality, Session& session, const Direction& direction) {
-  const Schema& schema = session.Content().GetSchema();
+/// Converts a whole personality; `judge` takes the calls of each conversion and tells what is wrong with
+/// them.
+template <typename Judge>
+void Convert(CheckRun& run, std::string_view personality, Session& session, const Direction& direction,
+             Judge judge) {
   const TierHost& host = session.Host();
   CallMonitor& monitor = session.Content().Monitor();
-  Pass pass(schema, direction.filled);
-  for (const SchemaField* field : (schema.*direction.fields)()) {
+  for (const SchemaField* field : (session.Content().GetSchema().*direction.fields)()) {
     for (RecordNr record = 1; HasConversion(session.Content(), *field, record); ++record) {
       monitor.Clear();
       Boolean converted = kFalse;
       host.Require((host.Owner().*direction.convert)(session.SharedContent(), field->id, record, converted));
       const std::string at = std::string(personality) + ", " + std::string(direction.name) + ": " +
                              field->id + " record " + std::to_string(record);
-      run.Judge(at, pass.Take(*field, record, monitor.Calls()));
+      run.Judge(at, judge(*field, record, monitor.Calls()));
+    }
+  }
+}
+
+/// Both directions on each personality; `makeJudge` makes the judge of one.
+template <typename MakeJudge>
+void ConvertAll(CheckRun& run, MakeJudge makeJudge) {
+  for (const Personality& personality : run.Personalities()) {
+    Session session(run.Parts(), personality.stored->StoredCopy(), std::make_shared<WatchfulMessenger>());
+    session.Content().Monitor().Record(true);
+    session.Host().Require(session.Host().Owner().PostReadProcessing(session.SharedContent(), Variant()));
+    for (const Direction& direction : kDirections) {
+      Convert(run, personality.name, session, direction, makeJudge(session.Content().GetSchema(), direction));
     }
   }
 }
 
 void OrderOfConversions(CheckRun& run) {
-  for (const Personality& personality : run.Personalities()) {
-    Session session(run.Parts(), personality.stored->StoredCopy(), std::make_shared<WatchfulMessenger>());
-    session.Content().Monitor().Record(true);
-    session.Host().Require(session.Host().Owner().PostReadProcessing(session.SharedContent(), Variant()));
-    for (const Direction& direction : kDirections) Convert(run, personality.name, session, direction);
-  }
+  ConvertAll(run, [](const Schema& schema, const Direction& direction) {
+    return [pass = Pass(schema, direction.filled)](const auto&... conversion) mutable {
+      return pass.Take(conversion...);
+    };
+  });
 }
 
+/// What a conversion to the forms mends in the stored tables.
+constexpr std::string_view kMended[] = {"49.FreeFormSeqID",          // the place of a sequence in its system
+                                        "68.DTMFPatchSeqNetworkID",  // the number of the network that
+                                        "72.DTMFPatchTonesNetworkID"};  // the record belongs to
+
+/// A conversion whose directions are exchanged writes what it should read.
+std::string WrongSide(const Schema& schema, StorageKind filled, const std::vector<std::string>& calls) {
+  for (const std::string& call : calls) {
+    const auto access = AccessOf(call);
+    const bool isMended = access && std::ranges::find(kMended, access->fieldId) != std::end(kMended);
+    if (!access || !access->isWrite || isMended) continue;
+    if (schema.Find(access->fieldId)->kind != filled) return "writes to the other side: " + access->fieldId;
+  }
+  return {};
+}
+
+void SidesOfConversions(CheckRun& run) {
+  ConvertAll(run, [](const Schema& schema, const Direction& direction) {
+    return [&](const SchemaField&, RecordNr, const std::vector<std::string>& calls) {
+      return WrongSide(schema, direction.filled, calls);
+    };
+  });
+}
+
+// clang-format off
 constexpr Check kChecks[] = {
     {"conversion-order", 5, "in the order of the contract no conversion reads what a later one fills",
      OrderOfConversions},
+    {"conversion-sides", 5, "to the forms no stored field is written, to the radio none of the forms",
+     SidesOfConversions},
 };
+// clang-format on
 
 }  // namespace
 
