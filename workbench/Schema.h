@@ -52,6 +52,7 @@ struct SchemaField {
   std::string units;
   std::int32_t transform = 0;  // 0 for none
   std::string validation;
+  std::int32_t width = 0;  // the characters that a text takes at most; 0 for no limit
 
   bool IsRaw() const { return kind == StorageKind::Raw; }
   /// The name without the table number.

@@ -20,9 +20,9 @@ enum : std::size_t { kTable, kTitle, kKind, kMinimum, kMaximum, kFirst, kLast };
 }  // namespace table_columns
 
 namespace field_columns {
-constexpr std::string_view kNames[] = {"table",     "field",   "uiid",       "kind",  "type",
-                                       "default",   "minimum", "maximum",    "scale", "units",
-                                       "transform", "scope",   "validation", "first", "last"};
+constexpr std::string_view kNames[] = {"table",      "field",   "uiid",  "kind",  "type",      "default",
+                                       "minimum",    "maximum", "scale", "units", "transform", "scope",
+                                       "validation", "width",   "first", "last"};
 enum : std::size_t {
   kTable,
   kField,
@@ -37,6 +37,7 @@ enum : std::size_t {
   kTransform,
   kScope,
   kValidation,
+  kWidth,
   kFirst,
   kLast
 };
@@ -120,6 +121,15 @@ bool IsIdentity(const TabbedFile& file, const SchemaField& field) {
   return standard < field.minimum || standard > field.maximum;
 }
 
+std::int32_t WidthOf(const TabbedFile& file, const SchemaField& field) {
+  using namespace field_columns;
+  if (file.Cell(kWidth).empty()) return 0;
+  const std::int32_t width = file.Integer(kWidth);
+  if (width < 1) file.Fail(kWidth, "less than 1");
+  if (field.type != FieldType::Text) file.Fail(kWidth, "only a text has a width");
+  return width;
+}
+
 SchemaField FieldOfRow(const TabbedFile& file) {
   using namespace field_columns;
   SchemaField field;
@@ -138,6 +148,7 @@ SchemaField FieldOfRow(const TabbedFile& file) {
   field.transform = file.Integer(kTransform, 0);
   field.scope = static_cast<FieldScope>(file.Choice(kScope, kScopes, 0));
   field.validation = file.Cell(kValidation);
+  field.width = WidthOf(file, field);
   field.isIdentity = IsIdentity(file, field);
   return field;
 }

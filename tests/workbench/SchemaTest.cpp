@@ -13,7 +13,7 @@ using testing::HasSubstr;
 constexpr const char* kTableHeader = "table\ttitle\tkind\tminimum\tmaximum\tfirst\tlast\n";
 constexpr const char* kFieldHeader =
     "table\tfield\tuiid\tkind\ttype\tdefault\tminimum\tmaximum\tscale\tunits\ttransform\tscope\tvalidation"
-    "\tfirst\tlast\n";
+    "\twidth\tfirst\tlast\n";
 constexpr const char* kTables = "5\tChannels\traw\t0\t100\t0029\t0094\n7\tOthers\tform\t1\t1\t0029\t0094\n";
 
 struct SchemaFolder {
@@ -52,9 +52,9 @@ TEST(Schema, AVersionHasTheRowsWhoseRangeHoldsIt) {
   const SchemaFolder files(
       "5\tChannels\traw\t0\t24\t0029\t0085\n5\tChannels\traw\t0\t100\t0086\t0094\n"
       "7\tNew\traw\t1\t1\t0090\t\n",
-      "7\tLate\t\traw\tinteger\t\t\t\t\t\t\t\t\t0090\n"
-      "5\tPower\t\traw\tinteger\t2\t\t\t\t\t\t\t\t0029\t0085\n"
-      "5\tPower\t\traw\tinteger\t3\t\t\t\t\t\t\t\t0086\t0094\n");
+      "7\tLate\t\traw\tinteger\t\t\t\t\t\t\t\t\t\t0090\n"
+      "5\tPower\t\traw\tinteger\t2\t\t\t\t\t\t\t\t\t0029\t0085\n"
+      "5\tPower\t\traw\tinteger\t3\t\t\t\t\t\t\t\t\t0086\t0094\n");
   const auto old = files.At("KD4410.0085");
   const auto current = files.At("KE2210 Rx.0090");
   EXPECT_EQ(old->FindTable(5)->maximum, 24);
@@ -87,17 +87,20 @@ TEST(Schema, FieldsAreConvertedInTheOrderOfTheContractAndElseAsTheyStand) {
   EXPECT_EQ(idsOf(schema->ConvertedToRadio()), "5.Burst 7.Texts 7.Last 5.Preset 5.Network ");
 }
 
-TEST(Schema, DefaultsHaveTheTypeOfTheirField) {
+TEST(Schema, DefaultsHaveTheTypeOfTheirFieldAndATextMayHaveAWidth) {
   const SchemaFolder files(kTables,
                            "5\tInteger\t\traw\tinteger\n5\tNumber\t\traw\tnumber\t1.5\n"
                            "5\tText\t\traw\ttext\n5\tFlag\t\traw\tboolean\ttrue\n"
                            "5\tCodes\t\traw\tarray\t7 -1\n5\tIdentity\t\traw\tinteger\t0\t1\t9\n"
-                           "5\tInside\t\traw\tinteger\t1\t1\t9\n5\tNoRange\t\traw\tinteger\t5\n");
+                           "5\tInside\t\traw\tinteger\t1\t1\t9\n5\tNoRange\t\traw\tinteger\t5\n"
+                           "5\tCode\t\traw\ttext\t\t\t\t\t\t\t\t01\t4\t0029\n");
   const auto schema = files.At("KD4410.0094");
   EXPECT_EQ(std::get<std::int32_t>(schema->Find("Integer")->standard), 0);
   EXPECT_EQ(std::get<double>(schema->Find("Number")->standard), 1.5);
   EXPECT_EQ(std::get<std::string>(schema->Find("Text")->standard), "");
   EXPECT_TRUE(std::get<bool>(schema->Find("Flag")->standard));
+  EXPECT_EQ(schema->Find("Code")->width, 4);
+  EXPECT_EQ(schema->Find("Text")->width, 0);
   const XArrayDBObject& codes = CArray(schema->Find("Codes")->standard);
   ASSERT_EQ(codes.UpperBound(1), 2);  // row 0 is not used
   EXPECT_EQ(CLng(codes.GetValue(2, 0)), -1);
@@ -116,6 +119,8 @@ TEST(Schema, DamagedFilesAreRefusedWithLineAndColumn) {
       {kTables, "# told\n5\tA\t\traw\tword\n", "fields.tsv:3: type: not one of integer"},
       {kTables, "5\tA\t\traw\tinteger\t99999999999\n", "fields.tsv:2: default: not an integer"},
       {kTables, "5\tA\t\traw\tarray\t1  2\n", "fields.tsv:2: default: not integers"},
+      {kTables, "5\tA\t\traw\ttext\t\t\t\t\t\t\t\t01\t-1\n", "fields.tsv:2: width: less than 1"},
+      {kTables, "5\tA\t\traw\tinteger\t\t\t\t\t\t\t\t\t4\n", "fields.tsv:2: width: only a text has"},
       {kTables, "5\t\t\traw\tinteger\n", "fields.tsv:2: field: a field needs a name"},
       {kTables, "5\tA\t\traw\tinteger\n5\ta\t\traw\ttext\n", "fields.tsv:3: 5.a: the name is taken"},
       {kTables, "5\tA\tX\traw\tinteger\n7\tB\tY|x\tform\ttext\n", "fields.tsv:3: x: the name is taken"},
