@@ -177,7 +177,12 @@ std::string AtomicFile::Read() {
   return content;
 }
 
+void AtomicFile::RequireRegular() const {
+  if (found_ && !S_ISREG(found_->mode)) throw FileError(name_, 0, "write", "not a regular file");
+}
+
 void AtomicFile::Write(std::string_view content) {
+  RequireRegular();
   // A rename would replace a write-protected file all the same.
   if (found_ && ::access(path_.c_str(), W_OK) != 0 && errno != ENOENT) Fail("write");
   {

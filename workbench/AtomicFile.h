@@ -34,6 +34,8 @@ class AtomicFile {
   const std::string& Name() const { return name_; }
   bool Exists() const { return found_.has_value(); }
   std::string Read();
+  /// Refuses to write over what is no regular file: a rename would replace it all the same.
+  void RequireRegular() const;
   /// Refuses when the file is no longer the one that was found on construction or last read or written.
   void Write(std::string_view content);
 

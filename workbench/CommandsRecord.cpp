@@ -1,6 +1,5 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <filesystem>
 #include <iostream>
 #include <memory>
 
@@ -25,9 +24,11 @@ struct RecordArguments {
 ExitCode Record(const RecordArguments& arguments, Workplace& workplace) {
   if (workplace.IsRecorded()) throw UsageError("this is being recorded already");
   if (arguments.verb.empty()) throw UsageError("record needs a command behind " + arguments.trace);
-  if (std::filesystem::exists(arguments.trace) && !arguments.force) {
+  const AtomicFile trace(arguments.trace);
+  if (trace.Exists() && !arguments.force) {
     throw UsageError(arguments.trace + " is there already; --force overwrites it");
   }
+  trace.RequireRegular();
   const auto recorder = std::make_shared<Trace::Recorder>(arguments.trace, arguments.verb);
   workplace.RecordBy(recorder);
   const ExitCode code = RunCommand(arguments.words, workplace, arguments.prefix);

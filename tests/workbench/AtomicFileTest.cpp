@@ -104,6 +104,19 @@ TEST_F(AtomicFileTest, KeepsTheAccessModeAndFollowsALink) {
   EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms{0640});
 }
 
+TEST_F(AtomicFileTest, ReplacesNothingButARegularFile) {
+  ASSERT_EQ(::mkfifo(folder.PathOf("pipe").c_str(), 0600), 0);
+  std::filesystem::create_directory(folder.PathOf("folder"));
+  std::filesystem::create_symlink("pipe", folder.PathOf("link"));
+  for (const char* name : {"pipe", "folder", "link"}) {
+    const std::string special = folder.PathOf(name);
+    const auto type = std::filesystem::status(special).type();
+    EXPECT_EQ(RefusalOf([&] { AtomicFile(special).Write("new"); }), special + ": write: not a regular file");
+    EXPECT_EQ(std::filesystem::status(special).type(), type);
+  }
+  EXPECT_EQ(FileCount(), 4) << "nothing is left beside them";
+}
+
 TEST_F(AtomicFileTest, RefusesToSaveOverWhatSomeoneElseDid) {
   AtomicFile file(path);
   folder.Write("p.json", "theirs");
