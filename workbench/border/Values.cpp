@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "workbench/Utf8.h"
+
 namespace Trace {
 namespace {
 
@@ -45,18 +47,9 @@ std::string BytesOf(const std::string& hex) {
   return bytes;
 }
 
-bool IsUtf8(const std::string& text) {
-  try {
-    static_cast<void>(Json(text).dump());
-    return true;
-  } catch (const Json::type_error&) {
-    return false;
-  }
-}
-
 /// Gives every text that is no UTF-8 as its bytes.
 void MakePrintable(Json& json) {
-  if (json.is_string() && !IsUtf8(json.get_ref<const std::string&>())) {
+  if (json.is_string() && !Utf8::IsValid(json.get_ref<const std::string&>())) {
     json = Tagged(kBytes, HexOf(json.get_ref<const std::string&>()));
   } else if (json.is_structured()) {
     for (Json& one : json) MakePrintable(one);
