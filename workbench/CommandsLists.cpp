@@ -3,8 +3,7 @@
 #include <memory>
 #include <ostream>
 
-#include "platform/Conversions.h"
-#include "platform/XArrayDBObject.h"
+#include "workbench/ComboList.h"
 #include "workbench/Commands.h"
 #include "workbench/Provider.h"
 #include "workbench/Report.h"
@@ -15,45 +14,24 @@ namespace {
 
 using Json = Workplace::Json;
 
-constexpr std::int32_t kRows = 1;
-constexpr std::int32_t kColumns = 2;
-
-/// The tier's list for a field. The tier is handed a copy: a list is asked for, nothing is changed.
-std::shared_ptr<XArrayDBObject> ItemsOf(Session& session, const std::string& uiid, RecordNr record) {
-  std::shared_ptr<XArrayDBObject> items;
-  Boolean done = kFalse;
-  const TierHost& host = session.Host();
-  host.Require(host.Owner().GetComboItemsByUIID(session.Content().Copy(), uiid, record, items, done));
-  return items;
-}
-
-bool HasCodes(const XArrayDBObject& items) { return items.Count(kColumns) > 1; }
-
-void PrintItems(const XArrayDBObject& items, std::ostream& out) {
-  TextTable table(HasCodes(items)
-                      ? std::vector<TextTable::Column>{{"Item"}, {"Code", TextTable::Align::Right}}
-                      : std::vector<TextTable::Column>{{""}});
-  for (std::int32_t row = 0; row <= items.UpperBound(kRows); ++row) {
-    std::vector<std::string> cells = {CStr(items.GetValue(row, 0))};
-    if (HasCodes(items)) cells.push_back(CStr(items.GetValue(row, 1)));
+void Print(const ComboList& list, std::ostream& out) {
+  TextTable table(list.hasCodes ? std::vector<TextTable::Column>{{"Item"}, {"Code", TextTable::Align::Right}}
+                                : std::vector<TextTable::Column>{{""}});
+  for (const ComboItem& item : list.items) {
+    std::vector<std::string> cells = {item.text};
+    if (item.code) cells.push_back(std::to_string(*item.code));
     table.Add(std::move(cells));
   }
   table.Print(out);
 }
 
-Json ItemsAsJson(const XArrayDBObject& items) {
-  Json list = Json::array();
-  for (std::int32_t row = 0; row <= items.UpperBound(kRows); ++row) {
-    Json item = {{"item", CStr(items.GetValue(row, 0))}};
-    if (HasCodes(items)) item["code"] = CLng(items.GetValue(row, 1));
-    list.push_back(std::move(item));
+Json JsonOf(const ComboList& list) {
+  Json items = Json::array();
+  for (const ComboItem& item : list.items) {
+    items.push_back({{"item", item.text}});
+    if (item.code) items.back()["code"] = *item.code;
   }
-  return list;
-}
-
-/// The tier answers a field without list with this one item.
-bool IsNoList(const XArrayDBObject& items) {
-  return items.Count(kRows) == 1 && CStr(items.GetValue(0, 0)) == "Undefined";
+  return items;
 }
 
 struct ComboArguments {
@@ -67,18 +45,18 @@ ExitCode Combo(const ComboArguments& arguments, Workplace& workplace) {
   opened.GetSession().ConvertToForms();
   const SchemaField& field = Report::FieldNamed(opened.Content().GetSchema(), arguments.uiid);
   const std::string& uiid = Report::NameOf(field);
-  const auto items = ItemsOf(opened.GetSession(), uiid, arguments.record);
+  const ComboList list = ComboListOf(opened.GetSession().Host(), opened.Content(), uiid, arguments.record);
   if (workplace.options.json) {
     workplace.Emit({{"uiid", uiid},
                     {"fieldId", field.id},
                     {"record", arguments.record},
-                    {"hasList", !IsNoList(*items)},
-                    {"items", ItemsAsJson(*items)}});
+                    {"hasList", !list.IsNone()},
+                    {"items", JsonOf(list)}});
   } else {
-    PrintItems(*items, workplace.Out());
+    Print(list, workplace.Out());
   }
-  if (IsNoList(*items)) std::cerr << uiid << " has no list.\n";
-  if (items->Count(kRows) == 0) std::cerr << "The list of " << uiid << " is empty.\n";
+  if (list.IsNone()) std::cerr << uiid << " has no list.\n";
+  if (list.items.empty()) std::cerr << "The list of " << uiid << " is empty.\n";
   return ExitCode::Done;
 }
 

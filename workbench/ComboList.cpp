@@ -1,0 +1,23 @@
+#include "workbench/ComboList.h"
+
+#include <memory>
+
+#include "platform/Conversions.h"
+#include "platform/XArrayDBObject.h"
+#include "workbench/Provider.h"
+#include "workbench/TierHost.h"
+
+ComboList ComboListOf(const TierHost& host, const Provider& content, std::string_view uiid, RecordNr record) {
+  constexpr std::int32_t kRows = 1;
+  constexpr std::int32_t kColumns = 2;
+  std::shared_ptr<XArrayDBObject> rows;
+  Boolean done = kFalse;
+  host.Require(host.Owner().GetComboItemsByUIID(content.Copy(), uiid, record, rows, done));
+  ComboList list;
+  list.hasCodes = rows->Count(kColumns) > 1;
+  for (std::int32_t row = 0; row <= rows->UpperBound(kRows); ++row) {
+    ComboItem& item = list.items.emplace_back(ComboItem{CStr(rows->GetValue(row, 0))});
+    if (list.hasCodes) item.code = CLng(rows->GetValue(row, 1));
+  }
+  return list;
+}
