@@ -32,8 +32,7 @@ std::size_t Distance(std::string_view a, std::string_view b) {
 }
 
 bool IsLike(std::string_view known, std::string_view typed) {
-  const std::string upper = UpperCase(known);
-  if (typed.size() >= 3 && upper.starts_with(UpperCase(typed))) return true;
+  if (typed.size() >= 2 && FindIgnoringCase(known, typed) != std::string_view::npos) return true;
   return Distance(known, typed) <= 1 + typed.size() / 4;
 }
 
@@ -168,7 +167,7 @@ std::string Suggestion(std::string_view typed, std::vector<std::string> names) {
   std::ranges::stable_sort(names, {}, [&](const std::string& name) { return Distance(name, typed); });
   if (names.size() > kMost) names.resize(kMost);
   std::string text;
-  for (const std::string& name : names) text += (text.empty() ? "; do you mean " : ", ") + name;
+  for (const std::string& name : names) text += (text.empty() ? "; did you mean " : ", ") + name;
   return text.empty() ? text : text + "?";
 }
 

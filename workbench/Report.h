@@ -50,8 +50,8 @@ void Print(const Outcome& outcome, const Session& session, std::ostream& out);
 /// Adds to the data what else changed and the boxes that were shown.
 void AddTo(Json& data, const Outcome& outcome, const Session& session, const std::vector<Shown>& boxes);
 
-/// "; do you mean A, B?" with those of the names that are spelled like `typed`, the nearest first; empty
-/// when none is.
+/// "; did you mean A, B?" with those of the names that are spelled like `typed` or contain it, the nearest
+/// first; empty when none does.
 std::string Suggestion(std::string_view typed, std::vector<std::string> names);
 /// The field that a name on the command line means. An unknown one is a UsageError that suggests names
 /// that are spelled alike.

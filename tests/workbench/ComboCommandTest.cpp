@@ -36,7 +36,7 @@ TEST_F(ComboCommand, SaysWhenThereIsNoListOrNothingInIt) {
 
 TEST_F(ComboCommand, RefusesAnUnknownFieldAndAListToCome) {
   EXPECT_EQ(Run({"combo", file, "TapOutTypes"}), ExitCode::CouldNot);
-  EXPECT_THAT(messages, HasSubstr("do you mean TapOutType?"));
+  EXPECT_THAT(messages, HasSubstr("did you mean TapOutType?"));
   EXPECT_EQ(Run({"combo", file, "TapOutType", "0"}), ExitCode::CouldNot);
   EXPECT_EQ(Run({"combo", file, "CustomFrequencies0"}), ExitCode::CouldNot);
   EXPECT_THAT(messages, HasSubstr("the tier does not support it yet: Object doesn't support this action"));

@@ -123,7 +123,7 @@ TEST_F(Conformance, AHangIsEndedAndTold) {
 
 TEST_F(Conformance, WrongUseRunsNothing) {
   const std::tuple<const char*, const char*> cases[] = {
-      {"conform --check loud", "do you mean load"},
+      {"conform --check loud", "did you mean load"},
       {"conform --level 9", "9"},
       {"--tier /nowhere/tier.so conform", "/nowhere/tier.so"},
       {"conform --here", "--check"},
