@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "workbench/Commands.h"
+#include "workbench/FiledEdit.h"
 #include "workbench/Forms.h"
 #include "workbench/Provider.h"
 #include "workbench/Report.h"
@@ -55,23 +56,90 @@ const std::string& EditedName(const SchemaField& field, const std::string& given
   return field.uiids.front();
 }
 
-std::string WouldBeLost(const SchemaField& field) {
-  return std::string("a save would lose the value, for the tier ") +
-         (field.IsRaw() ? "makes the field from another one of the forms"
-                        : "does not convert the field for the radio");
-}
-
 /// An edit and what came of it.
 struct Edited {
   const EditArguments& arguments;
   const SchemaField& field;
   const std::string& uiid;
   EditResult result;
-  bool survives = true;  // a save would keep the value
+  std::optional<LostValue> lost = {};  // what a save would not keep
+  std::vector<CellDifference> stored = {};
   bool saved = false;
-  bool IsGranted() const { return result.accepted && !result.IsLost() && survives; }
+  bool IsGranted() const { return result.accepted && !result.IsLost() && !lost; }
   Report::Outcome Outcome() const { return {result.accepted, IsGranted(), saved, result.others}; }
 };
+
+std::string NotHeld(const EditResult& result) {
+  return "\"" + Report::TextOf(result.left) + "\" is no value that the radio can hold here; it keeps \"" +
+         Report::TextOf(result.now) + "\"";
+}
+
+/// Why the value does not come back.
+std::string ReasonOf(const LostValue& lost) {
+  const bool isAsBefore = lost.back.IsEmpty() || SameCell(lost.back, lost.before);
+  if (!isAsBefore || SameCell(lost.back, lost.now)) {
+    return ", which comes back as \"" + Report::TextOf(lost.back) + "\"";
+  }
+  return lost.field->IsRaw() ? ", for the tier makes the field from another one of the forms"
+                             : ", for the tier does not convert the field for the radio";
+}
+
+std::string WouldBeLost(const Edited& edited, const Session& session) {
+  const LostValue& lost = *edited.lost;
+  if (lost.field == &edited.field && lost.record == edited.arguments.record) {
+    return "a save would lose the value" + ReasonOf(lost);
+  }
+  const std::string place = session.LabelOf(*lost.field) + " (" + Report::NameOf(*lost.field) + "), record " +
+                            std::to_string(lost.record);
+  const std::string value = "\"" + Report::TextOf(lost.now) + "\"";
+  if (SameCell(lost.before, lost.now)) {
+    return "a save would make \"" + Report::TextOf(lost.back) + "\" of the value " + value + " of " + place;
+  }
+  return "a save would lose the value " + value + " that the edit gives to " + place + ReasonOf(lost);
+}
+
+Json JsonOf(const Session& session, const std::vector<CellDifference>& stored) {
+  Json list = Json::array();
+  for (const CellDifference& cell : stored) {
+    list.push_back({{"table", cell.table->number},
+                    {"title", cell.table->title},
+                    {"record", cell.record},
+                    {"fieldId", cell.field->id},
+                    {"label", session.LabelOf(*cell.shownAs)},
+                    {"before", Report::JsonOf(cell.a)},
+                    {"after", Report::JsonOf(cell.b)},
+                    {"storedBefore", Report::JsonOf(cell.storedA)},
+                    {"storedAfter", Report::JsonOf(cell.storedB)}});
+  }
+  return list;
+}
+
+/// By its meaning, and behind it what is stored where that is something else.
+std::string TextOf(const CellDifference& cell) {
+  const auto text = [](const Variant& value) {
+    return value.IsEmpty() ? "(no record)" : Report::TextOf(value);
+  };
+  const std::string meant = text(cell.a) + " -> " + text(cell.b);
+  const std::string stored = text(cell.storedA) + " -> " + text(cell.storedB);
+  const bool tellsMore = stored != meant && text(cell.storedA) != text(cell.storedB);
+  return tellsMore ? meant + " (stored: " + stored + ")" : meant;
+}
+
+void PrintStored(const Edited& edited, const Session& session, std::ostream& out) {
+  if (!edited.IsGranted()) return;
+  if (edited.stored.empty()) {
+    out << "The file holds the same values as before.\n";
+    return;
+  }
+  out << (edited.saved ? "Changed in the file:\n" : "Would change in the file:\n");
+  TextTable table({{""}, {""}, {""}, {""}});
+  for (const CellDifference& cell : edited.stored) {
+    const std::string label = session.LabelOf(*cell.shownAs);
+    table.Add({cell.field->id, label == cell.field->id ? "" : label, cell.table->title + " " + cell.record,
+               TextOf(cell)});
+  }
+  table.Print(out, 2);
+}
 
 void EmitEdit(const Edited& edited, const Session& session, const std::vector<Shown>& boxes,
               Workplace& workplace) {
@@ -84,10 +152,12 @@ void EmitEdit(const Edited& edited, const Session& session, const std::vector<Sh
                {"record", edited.arguments.record},
                {"before", Report::JsonOf(result.before)},
                {"entered", edited.arguments.value},
-               {"now", Report::JsonOf(result.accepted ? result.now : result.before)}};
+               {"now", Report::JsonOf(edited.IsGranted() ? result.now : result.before)}};
   if (!result.refusal.empty()) data["refusal"] = result.refusal;
-  if (!edited.survives) data["refusal"] = WouldBeLost(edited.field);
+  if (result.IsLost()) data["refusal"] = NotHeld(result);
+  if (edited.lost) data["refusal"] = WouldBeLost(edited, session);
   Report::AddTo(data, edited.Outcome(), session, boxes);
+  data["stored"] = JsonOf(session, edited.stored);
   workplace.Emit(std::move(data));
 }
 
@@ -97,17 +167,33 @@ void PrintEdit(const Edited& edited, const Session& session, std::ostream& out) 
   out << label << (label == edited.uiid ? "" : " (" + edited.uiid + ")") << ", record "
       << edited.arguments.record << ": ";
   if (result.IsLost()) {
-    out << "\"" << Report::TextOf(result.left) << "\" is no value that the radio can hold here; it keeps \""
-        << Report::TextOf(result.now) << "\"\n";
-  } else if (!edited.survives) {
-    out << "\"" << edited.arguments.value << "\": " << WouldBeLost(edited.field) << '\n';
+    out << NotHeld(result) << '\n';
+  } else if (edited.lost) {
+    out << "\"" << edited.arguments.value << "\": " << WouldBeLost(edited, session) << '\n';
   } else if (result.accepted) {
     out << Report::TextOf(result.before) << " -> " << Report::TextOf(result.now) << '\n';
+  } else if (result.refusal.starts_with('"')) {  // it names the value itself
+    out << result.refusal << '\n';
   } else {
     out << "\"" << edited.arguments.value << "\" is refused"
         << (result.refusal.empty() ? "" : ": " + result.refusal) << '\n';
   }
   Report::Print(edited.Outcome(), session, out);
+  PrintStored(edited, session, out);
+}
+
+/// What the edit makes of the file, and the save unless something would be lost.
+void FileAndSave(Edited& edited, OpenedFile& opened, const ComparedPersonality& before) {
+  const std::string document = opened.Document();
+  const ComparedPersonality after = opened.Reopened(document);
+  const FiledEdit filed{edited.field, edited.arguments.record, edited.result.others, opened.Content(), before,
+                        after};
+  edited.lost = LostValueOf(filed);
+  if (edited.lost) return;
+  edited.stored = StoredChanges(filed);
+  if (edited.arguments.dryRun) return;
+  opened.Save(document);
+  edited.saved = true;
 }
 
 ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
@@ -116,7 +202,9 @@ ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
   Session& session = opened.GetSession();
   const SchemaField& field = Report::FieldNamed(opened.Content().GetSchema(), arguments.name);
   const std::string& uiid = EditedName(field, arguments.name);
+  ComparedPersonality before{opened.Content().Copy(), nullptr};
   session.ConvertToForms();
+  before.forms = opened.Content().Copy();
   Report::RequireRecord(opened.Content(), field, arguments.record);
 
   if (!Forms::TurnTo(session, field.table, arguments.record)) {
@@ -126,11 +214,7 @@ ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
   messenger->Clear();
   Edited edited{arguments, field, uiid, session.Edit(field, uiid, arguments.record, arguments.value)};
   const std::vector<Shown> boxes = messenger->Boxes();
-  edited.survives = !edited.IsGranted() || session.Survives(field, arguments.record);
-  if (edited.IsGranted() && !arguments.dryRun) {
-    opened.Save();
-    edited.saved = true;
-  }
+  if (edited.IsGranted()) FileAndSave(edited, opened, before);
   if (workplace.options.json) {
     EmitEdit(edited, session, boxes, workplace);
   } else {
@@ -156,6 +240,10 @@ void AddSet(CLI::App& app, Action& action) {
   auto given = std::make_shared<EditArguments>();
   CLI::App* command = app.add_subcommand(
       "set", "Edit a field as on its form: ask the rule, store, convert, list what changed, save");
+  command->footer(
+      "A field with a list takes an entry of it, by its name or its number (see: kd4410 combo FILE UIID "
+      "RECORD).\n"
+      "An edit that the file would not give back is refused; what changes in the file is listed.");
   command->add_option("FILE", given->file, "The personality")->required();
   command->add_option("UIID", given->name, "The field (see: kd4410 fields)")->required();
   command->add_option("RECORD", given->record, "Record, from 1; 1 for a field of a single-record table")

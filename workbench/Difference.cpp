@@ -34,19 +34,6 @@ constexpr FormName kFormNames[] = {
 // clang-format on
 constexpr std::string_view kFormEndings[] = {"UI", "_UI", "Seq", "Hex", "Derived", "_k6k"};
 
-/// The form field that shows a stored one; the stored one itself where there is none.
-const SchemaField* ShownAs(const Schema& schema, const SchemaField& field) {
-  const auto isForm = [](const SchemaField* form) { return form != nullptr && !form->IsRaw(); };
-  if (!field.uiids.empty()) return &field;
-  const auto* row = std::ranges::find(kFormNames, field.id, &FormName::stored);
-  if (row != std::end(kFormNames) && isForm(schema.Find(row->form))) return schema.Find(row->form);
-  for (const std::string_view ending : kFormEndings) {
-    const SchemaField* form = schema.Find(field.id + std::string(ending));
-    if (isForm(form)) return form;
-  }
-  return &field;
-}
-
 const SchemaField* StoredField(const Schema& schema, const SchemaField& like) {
   const SchemaField* field = schema.Find(like.id);
   return field != nullptr && field->IsRaw() ? field : nullptr;
@@ -171,6 +158,18 @@ class Comparison {
 };
 
 }  // namespace
+
+const SchemaField* ShownAs(const Schema& schema, const SchemaField& field) {
+  const auto isForm = [](const SchemaField* form) { return form != nullptr && !form->IsRaw(); };
+  if (!field.uiids.empty()) return &field;
+  const auto* row = std::ranges::find(kFormNames, field.id, &FormName::stored);
+  if (row != std::end(kFormNames) && isForm(schema.Find(row->form))) return schema.Find(row->form);
+  for (const std::string_view ending : kFormEndings) {
+    const SchemaField* form = schema.Find(field.id + std::string(ending));
+    if (isForm(form)) return form;
+  }
+  return &field;
+}
 
 ComparedPersonality ForComparison(const HostParts& parts, std::shared_ptr<Provider> content,
                                   std::shared_ptr<Imessenger> messenger) {

@@ -7,6 +7,7 @@
 #include "workbench/RecordKeys.h"
 
 struct HostParts;
+class Schema;
 class Imessenger;
 
 /// A cell of a record that both personalities have.
@@ -51,6 +52,9 @@ struct Difference {
 /// Converts a copy of the content for the forms. A fault of the tier leaves by a TierFault.
 ComparedPersonality ForComparison(const HostParts& parts, std::shared_ptr<Provider> content,
                                   std::shared_ptr<Imessenger> messenger);
+
+/// The form field that shows a stored one; the stored one itself where there is none.
+const SchemaField* ShownAs(const Schema& schema, const SchemaField& field);
 
 /// Compares what is stored, record by record as RecordKeys tells them, in schema order. The lists of codes in
 /// use are left out: what points at them is compared by the codes. A record whose owner the other does not

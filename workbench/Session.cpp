@@ -1,66 +1,9 @@
 #include "workbench/Session.h"
 
-#include <cmath>
-
-#include "platform/CaseText.h"
 #include "platform/Conversions.h"
-#include "platform/DecimalText.h"
+#include "workbench/Control.h"
 #include "workbench/Provider.h"
 #include "workbench/Schema.h"
-#include "workbench/ValueLists.h"
-
-namespace {
-
-bool IsFlagText(std::string_view text) {
-  return EqualsIgnoringCase(text, "true") || EqualsIgnoringCase(text, "false") || IsNumeric(text);
-}
-
-/// Selcall tones and formats are judged by the tier, in its own words.
-bool HasAlphabet(const SchemaField& field) {
-  return field.type == FieldType::Text && !field.validation.empty() &&
-         field.validation.find_first_of("GRV") == std::string::npos;
-}
-
-/// What the user typed as the control takes it: in capitals where it knows no other letters.
-std::string Entered(const SchemaField& field, std::string_view typed) {
-  const bool isWord = EqualsIgnoringCase(typed, "None");
-  return HasAlphabet(field) && !isWord ? UpperCase(typed) : std::string(typed);
-}
-
-/// What a form's control does not let through to the tier; empty for a value that it does.
-std::string ControlRefusal(const SchemaField& field, std::string_view typed) {
-  if (field.type == FieldType::Array) return "the field can not be typed";
-  if (HasAlphabet(field) && typed != "None" && typed.find_first_not_of(field.validation) != typed.npos) {
-    return "the field takes the characters " + field.validation;
-  }
-  if (field.type == FieldType::Flag && !IsFlagText(typed)) return "the field takes true or false";
-  if (field.type != FieldType::Integer && field.type != FieldType::Number) return {};
-  if (!IsNumeric(typed)) return "the field takes a number";
-  const Limits limits = LimitsOf(field);
-  const double value = *ParseNumber(typed);  // infinite for more digits than a number has
-  if (limits.Hold(value) && std::isfinite(value)) return {};
-  return "the field takes values from " + CStr(limits.lowest) + " to " + CStr(limits.highest);
-}
-
-/// An identity is chosen from the free numbers: where another record holds the one that is typed; empty for a
-/// number that is free. The typed number is within the limits of the field.
-std::string InUseRefusal(const Provider& content, const SchemaField& field, RecordNr record,
-                         std::string_view typed) {
-  if (!field.isIdentity) return {};
-  const Variant number = CLng(typed);
-  for (const SchemaField* one : NumberSetOf(content.GetSchema(), field)) {
-    for (RecordNr other = 1; other <= content.Count(one->table); ++other) {
-      const bool isItself = one == &field && other == record;
-      if (isItself || !SameValue(content.Get(*one, other), number)) continue;
-      const SchemaTable& table = content.GetSchema().TableOf(*one);
-      return "number " + CStr(number) + " is in use by record " + std::to_string(other) +
-             (one == &field ? "" : " of table " + std::to_string(table.number) + " (" + table.title + ")");
-    }
-  }
-  return {};
-}
-
-}  // namespace
 
 Limits LimitsOf(const SchemaField& field) {
   return {static_cast<double>(field.minimum), static_cast<double>(field.maximum)};
@@ -98,14 +41,13 @@ EditResult Session::Edit(const SchemaField& field, std::string_view uiid, Record
   EditResult result;
   result.before = provider_->Get(field, record);
   result.now = result.before;
-  const std::string entered = Entered(field, typed);
-  result.refusal = ControlRefusal(field, entered);
-  if (result.refusal.empty()) result.refusal = InUseRefusal(*provider_, field, record, entered);
+  Entry entry = EnteredIn(*this, field, uiid, record, typed);
+  result.refusal = std::move(entry.refusal);
   if (!result.refusal.empty()) return result;
 
   Journal journal(*provider_);
   host_.Require(provider_->SetAutoUpdate(kTrue));
-  Variant value(entered);
+  Variant value(std::move(entry.value));
   Boolean accepted = kFalse;
   host_.Require(host_.Validator().ValidateByUIID(uiid, value, record, accepted));
   result.accepted = accepted != kFalse;
@@ -127,14 +69,8 @@ void Session::Store(const SchemaField& field, RecordNr record, Variant value) {
   ConvertToForm(provider_, field, record);
 }
 
-bool Session::Survives(const SchemaField& field, RecordNr record) {
-  const std::shared_ptr<Provider> reopened = Reopened();
-  return record <= reopened->Count(field.table) &&
-         SameCell(reopened->Get(field, record), provider_->Get(field, record));
-}
-
 bool Session::KeepsRecords(const SchemaTable& table) {
-  const std::shared_ptr<Provider> reopened = Reopened();
+  const std::shared_ptr<Provider> reopened = FormsOf(*ConvertedToRaw());
   const RecordNr count = provider_->Count(table);
   if (reopened->Count(table) != count) return false;
   const SchemaField* identity = provider_->GetSchema().IdentityOf(table);
@@ -144,12 +80,12 @@ bool Session::KeepsRecords(const SchemaTable& table) {
   return true;
 }
 
-std::shared_ptr<Provider> Session::Reopened() {
-  std::shared_ptr<Provider> reopened = ConvertedToRaw()->StoredCopy();
-  host_.UseStore(reopened);
-  ConvertToForms(reopened);
+std::shared_ptr<Provider> Session::FormsOf(const Provider& stored) {
+  std::shared_ptr<Provider> forms = stored.StoredCopy();
+  host_.UseStore(forms);
+  ConvertToForms(forms);
   host_.UseStore(provider_);
-  return reopened;
+  return forms;
 }
 
 std::shared_ptr<Provider> Session::ConvertedToRaw() {

@@ -63,12 +63,11 @@ class Session {
   /// The content as the radio holds it, for the file: made on a copy, the forms stay as they are.
   std::shared_ptr<Provider> ConvertedToRaw();
 
-  /// Whether the value of a field would come back from a file of the content as it stands now. It does not
-  /// where the tier has no conversion for a field of the forms, or not yet, and where a stored field is made
-  /// from another one of the forms.
-  bool Survives(const SchemaField& field, RecordNr record);
+  /// What a session shows that opens a file with this content.
+  std::shared_ptr<Provider> FormsOf(const Provider& stored);
 
-  /// Whether the records of a table, told apart by their identities, would come back from such a file.
+  /// Whether the records of a table, told apart by their identities, would come back from a file of the
+  /// content as it stands now.
   bool KeepsRecords(const SchemaTable& table);
 
   Provider& Content() const { return *provider_; }
@@ -85,8 +84,6 @@ class Session {
   void ConvertToForms(const std::shared_ptr<Provider>& provider);
   void ConvertToForm(const std::shared_ptr<Provider>& provider, const SchemaField& field, RecordNr record);
   void ConvertToRaw(const std::shared_ptr<Provider>& provider, const SchemaField& field, RecordNr record);
-  /// The forms of a file of the content as it stands now.
-  std::shared_ptr<Provider> Reopened();
 
   std::shared_ptr<Provider> provider_;
   TierHost host_;

@@ -50,12 +50,22 @@ std::shared_ptr<RecordingMessenger> Workplace::Messenger() {
 
 OpenedFile::OpenedFile(Workplace& workplace, const std::string& path,
                        std::shared_ptr<RecordingMessenger> messenger)
-    : file_(path),
-      session_(workplace.Parts(), ReadContent(file_, workplace.Schemas(), workplace.options.factory),
+    : schemas_(workplace.Parts().schemas),
+      file_(path),
+      session_(workplace.Parts(), ReadContent(file_, *schemas_, workplace.options.factory),
                std::move(messenger)) {}
 
 OpenedFile::OpenedFile(Workplace& workplace, AtomicFile file, std::shared_ptr<Provider> content,
                        std::shared_ptr<RecordingMessenger> messenger)
-    : file_(std::move(file)), session_(workplace.Parts(), std::move(content), std::move(messenger)) {}
+    : schemas_(workplace.Parts().schemas),
+      file_(std::move(file)),
+      session_(workplace.Parts(), std::move(content), std::move(messenger)) {}
 
-void OpenedFile::Save() { file_.Write(PersonalityFile::Format(file_.Name(), *session_.ConvertedToRaw())); }
+std::string OpenedFile::Document() {
+  return PersonalityFile::Format(file_.Name(), *session_.ConvertedToRaw());
+}
+
+ComparedPersonality OpenedFile::Reopened(const std::string& document) {
+  const std::shared_ptr<Provider> stored = PersonalityFile::Parse(file_.Name(), document, *schemas_);
+  return {stored, session_.FormsOf(*stored)};
+}

@@ -9,6 +9,7 @@
 
 #include "workbench/AtomicFile.h"
 #include "workbench/Messengers.h"
+#include "workbench/RecordKeys.h"
 #include "workbench/Session.h"
 
 /// How a command ends. Of several commands the highest counts.
@@ -78,12 +79,18 @@ class OpenedFile {
   OpenedFile(Workplace& workplace, AtomicFile file, std::shared_ptr<Provider> content,
              std::shared_ptr<RecordingMessenger> messenger);
 
-  void Save();
+  /// The document that a save writes.
+  std::string Document();
+  /// What a session finds that opens the document instead of the file.
+  ComparedPersonality Reopened(const std::string& document);
+  void Save() { Save(Document()); }
+  void Save(const std::string& document) { file_.Write(document); }
 
   Session& GetSession() { return session_; }
   Provider& Content() { return session_.Content(); }
 
  private:
+  std::shared_ptr<const SchemaFiles> schemas_;
   AtomicFile file_;
   Session session_;
 };

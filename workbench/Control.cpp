@@ -1,0 +1,205 @@
+#include "workbench/Control.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <optional>
+
+#include "platform/CaseText.h"
+#include "platform/Conversions.h"
+#include "platform/DecimalText.h"
+#include "workbench/ComboList.h"
+#include "workbench/Provider.h"
+#include "workbench/RecordKeys.h"
+#include "workbench/Report.h"
+#include "workbench/Schema.h"
+#include "workbench/Session.h"
+#include "workbench/TabbedFile.h"
+#include "workbench/Utf8.h"
+#include "workbench/ValueLists.h"
+
+namespace {
+
+Entry Refuse(std::string why) { return {std::move(why), {}}; }
+Entry HandOn(std::string value) { return {{}, std::move(value)}; }
+
+// Texts
+
+/// What no text field takes, whatever else it takes.
+std::string TextRefusal(std::string_view typed) {
+  constexpr char32_t kHighest = 0xFF;  // of the radio's character set, one byte a character
+  const std::string_view foreign = Utf8::FirstAbove(typed, kHighest);
+  if (foreign.empty()) return {};
+  char code[8];
+  const auto end =
+      std::to_chars(std::begin(code), std::end(code), std::uint32_t{Utf8::CodeOf(foreign)}, 16).ptr;
+  return "the radio has no character \"" + std::string(foreign) + "\" (U+" +
+         UpperCase(std::string_view(code, end)) + ")";
+}
+
+/// In capitals where the field knows no other letters.
+Entry TextEntered(const SchemaField& field, std::string_view typed) {
+  const bool hasAlphabet = !field.validation.empty();
+  std::string text = hasAlphabet ? UpperCase(typed) : std::string(typed);
+  if (hasAlphabet && text.find_first_not_of(field.validation) != std::string::npos) {
+    return Refuse("the field takes the characters " + field.validation);
+  }
+  if (field.width > 0 && std::cmp_greater(Utf8::Length(text), field.width)) {
+    return Refuse("the field takes at most " + std::to_string(field.width) + " characters");
+  }
+  return HandOn(std::move(text));
+}
+
+// Numbers
+
+/// Digits with a sign before and blanks around them.
+std::optional<std::int32_t> WholeNumber(std::string_view typed) {
+  typed = Trim(typed);
+  const bool hasPlus = typed.starts_with('+');
+  if (hasPlus) typed.remove_prefix(1);
+  return hasPlus && typed.starts_with('-') ? std::nullopt : ParseInteger(typed);
+}
+
+std::string RangeOf(const Limits& limits) {
+  return " from " + CStr(limits.lowest) + " to " + CStr(limits.highest);
+}
+
+Entry IntegerEntered(const SchemaField& field, std::string_view typed) {
+  using Range = std::numeric_limits<std::int32_t>;
+  Limits limits = LimitsOf(field);
+  if (limits.lowest >= limits.highest) limits = {Range::min(), Range::max()};
+  const auto number = WholeNumber(typed);
+  if (number && limits.Hold(*number)) return HandOn(std::to_string(*number));
+  return Refuse("the field takes whole numbers" + RangeOf(limits));
+}
+
+Entry NumberEntered(const SchemaField& field, std::string_view typed) {
+  const Limits limits = LimitsOf(field);
+  const bool isLimited = limits.lowest < limits.highest;
+  const double number = IsNumericText(typed) ? *ParseNumber(typed) : HUGE_VAL;  // also for too many digits
+  if (std::isfinite(number) && limits.Hold(number)) return HandOn(std::string(Trim(typed)));
+  return Refuse("the field takes plain numbers" + (isLimited ? RangeOf(limits) : ""));
+}
+
+Entry FlagEntered(std::string_view typed) {
+  constexpr std::string_view kFlags[] = {"true", "false", "1", "0", "-1"};
+  const bool isFlag =
+      std::ranges::any_of(kFlags, [&](std::string_view flag) { return EqualsIgnoringCase(flag, typed); });
+  return isFlag ? HandOn(std::string(typed)) : Refuse("the field takes true or false");
+}
+
+// Identities
+
+/// Where another record holds the number that is typed; empty for one that is free.
+std::string InUseRefusal(const Provider& content, const SchemaField& field, RecordNr record,
+                         const std::string& number) {
+  for (const SchemaField* one : NumberSetOf(content.GetSchema(), field)) {
+    for (RecordNr other = 1; other <= content.Count(one->table); ++other) {
+      const bool isItself = one == &field && other == record;
+      if (isItself || !SameValue(content.Get(*one, other), number)) continue;
+      const SchemaTable& table = content.GetSchema().TableOf(*one);
+      return "number " + number + " is in use by record " + std::to_string(other) +
+             (one == &field ? "" : " of table " + std::to_string(table.number) + " (" + table.title + ")");
+    }
+  }
+  return {};
+}
+
+// Lists
+
+/// No value for a field without list, and where the tier does not have it yet.
+std::optional<ComboList> ListOffered(Session& session, std::string_view uiid, RecordNr record) {
+  try {
+    ComboList list = ComboListOf(session.Host(), session.Content(), uiid, record);
+    if (!list.IsNone()) return list;
+  } catch (const UnsupportedByTier&) {
+    // The other checks of the control apply alone.
+  }
+  return {};
+}
+
+/// What the field stores for an entry: its text or, in a field of numbers, its code, the number that it is,
+/// or its row.
+std::string StoredFor(const SchemaField& field, const ComboList& list, const ComboItem& item) {
+  if (field.type == FieldType::Text) return item.text;
+  if (item.code) return std::to_string(*item.code);
+  return IsNumericText(item.text) ? item.text : std::to_string(&item - list.items.data());
+}
+
+/// Digits that are tones or codes are no number: "012" is not "12".
+bool IsSameNumber(const SchemaField& field, const std::string& stored, std::string_view typed) {
+  if (field.type == FieldType::Integer && !WholeNumber(typed)) return false;
+  return field.validation.empty() && IsNumericText(stored) && IsNumericText(typed) &&
+         SameValue(stored, typed);
+}
+
+/// The entry that is meant: by its spelling, by its letters where one alone has them, or by its number.
+const ComboItem* EntryMeant(const SchemaField& field, const ComboList& list, std::string_view typed) {
+  const auto find = [&](auto isMeant) {
+    const auto found = std::ranges::find_if(list.items, isMeant);
+    return found == list.items.end() ? nullptr : &*found;
+  };
+  const auto hasLetters = [&](const ComboItem& item) { return EqualsIgnoringCase(item.text, typed); };
+  if (const ComboItem* spelled = find([&](const ComboItem& item) { return item.text == typed; }))
+    return spelled;
+  if (std::ranges::count_if(list.items, hasLetters) == 1) return find(hasLetters);
+  return find(
+      [&](const ComboItem& item) { return IsSameNumber(field, StoredFor(field, list, item), typed); });
+}
+
+/// What of the list is near or, where nothing is, what it has when that is short.
+std::string Hint(const ComboList& list, std::string_view typed) {
+  constexpr std::size_t kLongest = 100;
+  if (list.items.empty()) return ", which is empty";
+  std::vector<std::string> texts;
+  for (const ComboItem& item : list.items) texts.push_back(item.text);
+  const bool areNumbers = std::ranges::all_of(texts, IsNumericText);
+  std::string near = areNumbers ? "" : Report::Suggestion(typed, texts);
+  if (!near.empty()) return near;
+  const std::string all = ListOf(texts);
+  return all.size() > kLongest ? "" : "; it has " + all;
+}
+
+Entry Chosen(const Session& session, const SchemaField& field, const ComboList& list, std::string_view uiid,
+             RecordNr record, std::string_view typed) {
+  const ComboItem* item = EntryMeant(field, list, typed);
+  if (item != nullptr) return HandOn(StoredFor(field, list, *item));
+  return Refuse("\"" + std::string(typed) + "\" is not in the list of " + session.LabelOf(uiid) +
+                Hint(list, typed) + " (kd4410 combo FILE " + std::string(uiid) + " " +
+                std::to_string(record) + " lists them)");
+}
+
+Entry Typed(const SchemaField& field, std::string_view typed) {
+  switch (field.type) {
+    case FieldType::Integer:
+      return IntegerEntered(field, typed);
+    case FieldType::Number:
+      return NumberEntered(field, typed);
+    case FieldType::Text:
+      return TextEntered(field, typed);
+    case FieldType::Flag:
+      return FlagEntered(typed);
+    case FieldType::Array:
+      break;
+  }
+  return Refuse("the field can not be typed");
+}
+
+}  // namespace
+
+Entry EnteredIn(Session& session, const SchemaField& field, std::string_view uiid, RecordNr record,
+                std::string_view typed) {
+  if (!Utf8::IsValid(typed)) return Refuse("the text is not valid UTF-8");
+  if (field.isIdentity) {
+    Entry entry = Typed(field, typed);
+    if (entry.refusal.empty()) entry.refusal = InUseRefusal(session.Content(), field, record, entry.value);
+    return entry;
+  }
+  if (field.type == FieldType::Text) {
+    if (std::string refusal = TextRefusal(typed); !refusal.empty()) return Refuse(std::move(refusal));
+  }
+  const std::optional<ComboList> list = ListOffered(session, uiid, record);
+  return list ? Chosen(session, field, *list, uiid, record, typed) : Typed(field, typed);
+}

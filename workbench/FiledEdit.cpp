@@ -1,0 +1,134 @@
+#include "workbench/FiledEdit.h"
+
+#include <algorithm>
+
+#include "platform/CaseText.h"
+#include "platform/Conversions.h"
+#include "workbench/Provider.h"
+#include "workbench/Schema.h"
+
+namespace {
+
+/// Collects what two personalities of one version store differently.
+class Changes {
+ public:
+  Changes(const ComparedPersonality& before, const ComparedPersonality& after)
+      : before_(before), after_(after), keysBefore_(before), keysAfter_(after) {}
+
+  std::vector<CellDifference> ByKey() {
+    Difference difference = Compare(before_, after_);
+    cells_ = std::move(difference.cells);
+    for (const auto& [table, key] : difference.onlyInA) AddRecord(*table, keysBefore_.Find(*table, key), 0);
+    for (const auto& [table, key] : difference.onlyInB) AddRecord(*table, 0, keysAfter_.Find(*table, key));
+    return std::move(cells_);
+  }
+
+  std::vector<CellDifference> ByPlace() {
+    for (const SchemaTable& table : before_.stored->GetSchema().Tables()) {
+      if (!table.IsRaw() || RecordKeys::IsCodeList(table)) continue;
+      const RecordNr lastBefore = before_.stored->Count(table);
+      const RecordNr lastAfter = after_.stored->Count(table);
+      for (RecordNr record = 1; record <= std::max(lastBefore, lastAfter); ++record) {
+        AddRecord(table, record > lastBefore ? 0 : record, record > lastAfter ? 0 : record);
+      }
+    }
+    return std::move(cells_);
+  }
+
+  /// Whether the record stays where it is, but is known by another key.
+  bool IsRenamed(const SchemaTable& table, RecordNr record) {
+    const RecordNr count = before_.stored->Count(table);
+    if (record > count || count != after_.stored->Count(table)) return false;
+    const auto place = static_cast<std::size_t>(record - 1);
+    return keysBefore_.Of(table)[place] != keysAfter_.Of(table)[place];
+  }
+
+ private:
+  /// What differs between the two; 0 for a record that is not there.
+  void AddRecord(const SchemaTable& table, RecordNr before, RecordNr after) {
+    const auto place = static_cast<std::size_t>(std::max(before, after) - 1);
+    const std::string& key = (before > 0 ? keysBefore_ : keysAfter_).Of(table)[place];
+    for (const SchemaField& field : before_.stored->GetSchema().FieldsOf(table)) {
+      if (!field.IsRaw()) continue;
+      const Variant a = before > 0 ? before_.stored->Get(field, before) : Variant();
+      const Variant b = after > 0 ? after_.stored->Get(field, after) : Variant();
+      const bool isSame = before > 0 && after > 0 && SameCell(a, b);
+      if (!isSame) cells_.push_back({&table, &field, &field, key, a, b, a, b});
+    }
+  }
+
+  const ComparedPersonality& before_;
+  const ComparedPersonality& after_;
+  RecordKeys keysBefore_;
+  RecordKeys keysAfter_;
+  std::vector<CellDifference> cells_;
+};
+
+/// Of a text that is a number in hexadecimal: without the zeros at its head. No text is no number.
+std::string_view WithoutZeros(std::string_view hex) {
+  while (hex.size() > 1 && hex.front() == '0') hex.remove_prefix(1);
+  return hex;
+}
+
+bool ReadsTheSame(const SchemaField& field, const Variant& a, const Variant& b) {
+  if (field.validation.empty()) return SameCell(a, b);
+  const bool isHexadecimal = field.width > 0 && field.validation == "0123456789ABCDEF";
+  if (isHexadecimal) return EqualsIgnoringCase(WithoutZeros(CStr(a)), WithoutZeros(CStr(b)));
+  return CStr(a) == CStr(b);  // tones: "012" is not "12"
+}
+
+bool IsOnForms(const SchemaField& field) { return !field.IsRaw() || !field.uiids.empty(); }
+
+/// Empty for a record that is not there.
+Variant ValueIn(const Provider& content, const SchemaField& field, RecordNr record) {
+  return record > content.Count(field.table) ? Variant() : content.Get(field, record);
+}
+
+/// No value for one that comes back.
+std::optional<LostValue> LostIn(const FiledEdit& edit, const SchemaField& field, RecordNr record) {
+  if (record > edit.forms.Count(field.table)) return {};  // the edit has deleted it
+  LostValue value{&field, record, ValueIn(*edit.before.forms, field, record), edit.forms.Get(field, record),
+                  ValueIn(*edit.after.forms, field, record)};
+  if (!value.back.IsEmpty() && ReadsTheSame(field, value.now, value.back)) return {};
+  return value;
+}
+
+/// The file holds another value than before, and the forms show it as the edit of nobody.
+std::optional<LostValue> ChangedByNobody(const FiledEdit& edit, const SchemaField& stored, RecordNr record) {
+  if (SameCell(edit.before.stored->Get(stored, record), edit.after.stored->Get(stored, record))) return {};
+  const SchemaField& shown = *ShownAs(edit.before.stored->GetSchema(), stored);
+  if (!IsOnForms(shown)) return {};
+  std::optional<LostValue> lost = LostIn(edit, shown, record);
+  const bool isUntouched = lost && ReadsTheSame(shown, lost->before, lost->now);
+  return isUntouched ? lost : std::nullopt;
+}
+
+std::optional<LostValue> ChangedByNobody(const FiledEdit& edit) {
+  const Provider& before = *edit.before.stored;
+  for (const SchemaField& field : before.GetSchema().Fields()) {
+    const RecordNr count = field.IsRaw() ? before.Count(field.table) : 0;
+    if (count != edit.after.stored->Count(field.table)) continue;
+    for (RecordNr record = 1; record <= count; ++record) {
+      if (auto lost = ChangedByNobody(edit, field, record)) return lost;
+    }
+  }
+  return {};
+}
+
+}  // namespace
+
+std::vector<CellDifference> StoredChanges(const FiledEdit& edit) {
+  Changes changes(edit.before, edit.after);
+  // What is known by the number of a renamed record has another key, too, and keeps its place.
+  const SchemaTable& table = edit.before.stored->GetSchema().TableOf(edit.field);
+  return changes.IsRenamed(table, edit.record) ? changes.ByPlace() : changes.ByKey();
+}
+
+std::optional<LostValue> LostValueOf(const FiledEdit& edit) {
+  if (auto lost = LostIn(edit, edit.field, edit.record)) return lost;
+  for (const Change& change : edit.others) {
+    if (change.field == nullptr || !IsOnForms(*change.field)) continue;
+    if (auto lost = LostIn(edit, *change.field, change.record)) return lost;
+  }
+  return ChangedByNobody(edit);
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "workbench/Difference.h"
+#include "workbench/Journal.h"
+
+/// What becomes of an edit in the file. Only a file that is opened again tells: the radio rounds values,
+/// makes some from others, and has no place for what the tier does not convert.
+struct FiledEdit {
+  const SchemaField& field;
+  RecordNr record;
+  const std::vector<Change>& others;  // what else it has changed in the session
+  const Provider& forms;              // the session after the edit
+  const ComparedPersonality& before;
+  const ComparedPersonality& after;
+};
+
+/// The stored values that an edit changes, as a comparison tells them. A record that is new or gone is told
+/// by each of its values; it has none (Empty) on the other side.
+std::vector<CellDifference> StoredChanges(const FiledEdit& edit);
+
+/// A value on the forms that does not come back from the file.
+struct LostValue {
+  const SchemaField* field;
+  RecordNr record;
+  Variant before;
+  Variant now;   // after the edit; as before where only the file changes it
+  Variant back;  // from the file; Empty when its record does not come back
+};
+
+/// The first of the edited field, of what its rule has written on the forms, and of what nobody has changed
+/// there though the file does. A value that is spelled in another way is not lost.
+std::optional<LostValue> LostValueOf(const FiledEdit& edit);
