@@ -228,7 +228,9 @@ TEST_F(CommandLine, AFormThatMayNotBeLeftIsANoWithItsReason) {
 /// From burst to sequence to the rules that ask for it, each step in a file of its own.
 TEST_F(CommandLine, AnEmergencyNeedsTheSequencesOfItsSystem) {
   auto personality = nlohmann::ordered_json::parse(ContentOf(Sample("full")));
-  for (const std::size_t blank : {4U, 6U}) personality["tables"]["49"][blank] = json::object();
+  for (const std::size_t blank : {4U, 6U}) {
+    personality["tables"]["49"][blank] = {{"FreeFormSigSysID", 2}, {"FreeFormSeqID", blank}};
+  }
   const std::string full = folder.Write("full.json", personality.dump());
   EXPECT_EQ(Run({"set", full, "EmCyclingANI", "1", "1"}).code, 1);
   EXPECT_EQ(Run({"set", full, "FreeFormBurstR1", "5", "12345"}).code, 0);

@@ -167,7 +167,7 @@ TEST(LostValueOf, NamesWhatTheFileChangesThoughNobodyDidOnTheForms) {
 TEST_F(SetCommand, AnotherSpellingOfTheSameValueIsNotLost) {
   const std::string path = CopyOf("full");
   const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
-      {"TxFreq_k6k", "1", "420.05", "420.050000"}, {"MDC1200ANISequence", "1", "a", "000A"},
+      {"TxFreq_k6k", "1", "140.05", "140.050000"}, {"MDC1200ANISequence", "1", "a", "000A"},
       {"dataTotalLinkIdHex", "1", "f", "0F"},      {"DTMFANISequence", "1", "012", "012"},
       {"EmTxOnHighPower", "1", "+01", "1"},
   };

@@ -195,7 +195,7 @@ TEST_F(TraceCommands, AFileThatCanNotBecomeATraceIsRefused) {
   EXPECT_EQ(Record({"record", folder.PathOf("u"), "check", file}), ExitCode::CouldNot);
   EXPECT_EQ(Run({"record", folder.PathOf("no/such/folder"), "check", file}), ExitCode::CouldNot);
   EXPECT_EQ(Run({"record", "--force", "/dev/full", "check", file}), ExitCode::CouldNot);
-  EXPECT_THAT(messages, HasSubstr("/dev/full: trace: is not complete"));
+  EXPECT_THAT(messages, HasSubstr("/dev/full: write: not a regular file"));
 }
 
 /// A host that calls the tier while the tier calls it.
