@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # prove.sh [SECONDS]: what takes longer than a change should have to wait for: clang-tidy with the static analyzer over
 # everything, the conformance of the tier at all levels, also under the sanitizers, many random sessions, 10,000 killed
-# saves, the benchmarks, and SECONDS (3600 when none are given) of fuzzing a target.
+# saves, the benchmarks, SECONDS (3600 when none are given) of fuzzing a target, and 150 faults of which the tests have
+# to catch nearly all.
 set -eu
 ROOT=$(cd "$(dirname "$0")/.." && pwd)
 . "$ROOT/scripts/setup.sh"
@@ -22,3 +23,4 @@ done
 "$ROOT/scripts/sanitize.sh"
 "$ROOT/build-sanitize/bin/kd4410" conform --level 8
 "$ROOT/scripts/fuzz.sh" "$seconds"
+"$ROOT/scripts/mutate.sh" 150 1
