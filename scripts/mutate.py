@@ -31,9 +31,10 @@ def tell(text):
 
 
 class Tests:
-    """The tests of the copy, their times and their reach, which are taken anew when something of it has changed."""
+    """The tests of the copy, their times and their reach, which are taken anew when something of it has changed. For a
+    few faults the reach of before will do: it decides about the order alone."""
 
-    def __init__(self, workplace):
+    def __init__(self, workplace, old_reach_will_do):
         self.workplace = workplace
         self.scratch = workplace.folder / "scratch"
         shutil.rmtree(self.scratch, ignore_errors=True)
@@ -43,32 +44,37 @@ class Tests:
         tell("building the tests without a fault")
         workplace.must_build("kd4410_tests")
         fingerprint = workplace.fingerprint()
-        if not self.load(fingerprint):
+        self.reach_is_old = self.load() != fingerprint
+        if self.reach_is_old:
+            self.time()
+        if self.reach_is_old and not (old_reach_will_do and self.reach.reached):
             self.measure()
             self.save(fingerprint)
 
     def executable(self, name):
         return self.workplace.build / "tests" / name
 
-    def load(self, fingerprint):
-        if not self.kept.is_file():
-            return False
-        kept = json.loads(self.kept.read_text())
-        self.suite = Suite(self.executable("kd4410_tests"), self.scratch, kept["seconds"])
-        self.reach = Reach(kept["counted"], kept["reached"])
-        return kept["fingerprint"] == fingerprint
+    def load(self):
+        """The fingerprint of what was kept."""
+        kept = json.loads(self.kept.read_text()) if self.kept.is_file() else {}
+        self.suite = Suite(self.executable("kd4410_tests"), self.scratch, kept.get("seconds", {}))
+        self.reach = Reach(kept.get("counted"), kept.get("reached"))
+        return kept.get("fingerprint")
 
-    def measure(self):
+    def time(self):
         tell("running the tests without a fault")
         self.suite, failed = timed(self.executable("kd4410_tests"), self.scratch)
         if failed or not self.suite.seconds:
             raise Failure(f"{failed or 'the start of the tests'} fails, and no fault was put in yet")
         tell(f"{len(self.suite.seconds)} tests take {self.suite.time_of(self.suite.seconds):.0f} s")
+
+    def measure(self):
         self.workplace.must_build("kd4410_coverage_tests")
         tell("running each test with the tier that counts")
         begin = time.monotonic()
         self.reach = measured(self.workplace, Suite(self.executable("kd4410_coverage_tests"), self.scratch,
                                                     self.suite.seconds, patience=20))
+        self.reach_is_old = False
         tell(f"what the tests reach took {time.monotonic() - begin:.0f} s to find out")
 
     def save(self, fingerprint):
@@ -76,8 +82,9 @@ class Tests:
                                          "counted": self.reach.counted, "reached": self.reach.reached}))
 
     def stages(self, fault):
-        """All tests: first those that reach the fault, and of them first the quick ones."""
-        reaching = set(self.reach.tests_at(fault.file, fault.line))
+        """All tests: first those that reach the fault or are new, and of them first the quick ones."""
+        new = self.suite.seconds.keys() - self.reach.reached.keys()
+        reaching = new.union(self.reach.tests_at(fault.file, fault.line))
         for reaches in (True, False):
             for quick in (True, False):
                 yield [test for test, seconds in self.suite.seconds.items()
@@ -85,6 +92,10 @@ class Tests:
 
     def caught(self, fault):
         return next(filter(None, map(self.suite.caught, self.stages(fault))), "")
+
+    def miss(self, fault):
+        """Whether no test reaches it, as far as that is known."""
+        return not self.reach_is_old and self.reach.misses(fault.file, fault.line)
 
 
 class Run:
@@ -123,16 +134,18 @@ class Run:
         print(f"{self.tried.total():4} {fault}  {verdict}  {time.monotonic() - begin:.0f} s", flush=True)
 
     def unreached(self, fault):
-        return " (no test reaches it)" if self.tests.reach.misses(fault.file, fault.line) else ""
+        return " (no test reaches it)" if self.tests.miss(fault) else ""
 
     def attempt_all(self, faults, wanted):
-        """As many as wanted of those that count."""
+        """As many as wanted of those that count, or all."""
         for fault in faults:
-            if self.tried.total() == wanted:
-                return
             self.attempt(fault)
             self.untried = [other for other in self.untried if other != fault]
             keep(self.workplace.folder, self.survivors + self.untried)
+            if self.tried.total() == wanted:
+                return
+        if wanted:
+            tell(f"there are no more than {self.tried.total()} faults that count")
 
     def summary(self):
         tried, caught = self.tried.total(), self.caught.total()
@@ -184,8 +197,10 @@ def parsed():
     parser.add_argument("--survivors", action="store_true",
                         help="try those again that survived the last run and whose lines still stand as they were")
     arguments = parser.parse_args()
-    if arguments.survivors == bool(arguments.N):
-        parser.error("N or --survivors, one of the two")
+    if arguments.survivors and (arguments.N or arguments.list or arguments.only != "src/"):
+        parser.error("--survivors stands alone")
+    if not arguments.survivors and not arguments.N:
+        parser.error("N, the number of faults, is missing")
     return arguments
 
 
@@ -203,7 +218,7 @@ def limit(what, most):
 
 
 def end(*_):
-    for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+    for number in (signal.SIGINT, signal.SIGTERM):
         signal.signal(number, signal.SIG_IGN)
     processes.end_all()
     raise KeyboardInterrupt
@@ -215,13 +230,14 @@ def attempted(arguments, root, files):
     workplace.refresh()
     faults = candidates(arguments, workplace.tree, files)
     again = kept_survivors(workplace.folder, faults) if arguments.survivors else []
-    run = Run(workplace, Tests(workplace), again)
+    if arguments.survivors and not again:
+        tell("the last run left no fault to be tried again")
+        return 0
+    run = Run(workplace, Tests(workplace, old_reach_will_do=arguments.survivors), again)
     try:
         run.attempt_all(again if arguments.survivors else drawn(faults, arguments.SEED), arguments.N)
-    except KeyboardInterrupt:
+    finally:
         run.summary()
-        raise
-    run.summary()
     return 0 if run.passed() else 1
 
 
@@ -234,7 +250,7 @@ def main():
         for number, fault in enumerate(islice(faults, arguments.N), 1):
             print(f"{number:4} {fault}")
         return 0
-    for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+    for number in (signal.SIGINT, signal.SIGTERM):
         signal.signal(number, end)
     limit(resource.RLIMIT_AS, 4 * GIGABYTE)
     limit(resource.RLIMIT_FSIZE, GIGABYTE)
