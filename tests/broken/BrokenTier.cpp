@@ -143,6 +143,7 @@ constexpr struct {
     {"leaves the process",        "IproviderOwner.BackwardsCompatibility",   Leave},
     {"fails before a save",       "ItierValidator.RunFinalValidation",       Fail},
     {"does not restore",          "Iprovider.SetAutoUpdate",                 MinusTheSecond},
+    {"writes aloud",              "Iprovider.SetAutoUpdate",                 Skip},
     {"reloads at any time",       "Iprovider.AutoUpdate",                    SkipAsTrue},
     {"keeps its provider",        "Itier.SetTierKey",                        Skip},
     {"asks for record 0",         "Ifield.Value",                            AskRecordZero},

@@ -83,6 +83,7 @@ TEST_F(Conformance, EveryCheckCatchesATierThatIsBrokenForIt) {
       {"version-pairs", "leaves the process", "ended", "without a result"},
       {"whole", "fails before a save", "failed", "RunFinalValidation"},
       {"auto-update", "does not restore", "failed", "leaves AutoUpdate changed"},
+      {"silent-conversions", "writes aloud", "failed", "writes while AutoUpdate is on"},
       {"silent-forms", "reloads at any time", "failed", "while AutoUpdate is off"},
       {"kept-provider", "keeps its provider", "failed", "asks the provider of the version before"},
       {"record-zero", "asks for record 0", "failed", "[0]"},

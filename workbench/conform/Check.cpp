@@ -59,8 +59,8 @@ void CheckRun::Run(const Check& check) {
 
 std::vector<Check> AllChecks() {
   std::vector<Check> all;
-  for (const auto checks : {LoadChecks(), LifeChecks(), CallChecks(), EffectChecks(), ContentChecks(),
-                            OrderChecks(), SessionChecks(), FaultChecks()}) {
+  for (const auto checks : {LoadChecks(), LifeChecks(), CallChecks(), EffectChecks(), OrderChecks(),
+                            ContentChecks(), SessionChecks(), FaultChecks()}) {
     all.insert(all.end(), checks.begin(), checks.end());
   }
   return all;

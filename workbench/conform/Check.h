@@ -74,8 +74,8 @@ std::span<const Check> LoadChecks();     // level 1
 std::span<const Check> LifeChecks();     // 2
 std::span<const Check> CallChecks();     // 3
 std::span<const Check> EffectChecks();   // 4
+std::span<const Check> OrderChecks();    // 4 and 5
 std::span<const Check> ContentChecks();  // 5
-std::span<const Check> OrderChecks();    // 5
 std::span<const Check> SessionChecks();  // 6
 std::span<const Check> FaultChecks();    // 7 and 8
 

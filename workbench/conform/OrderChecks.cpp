@@ -115,6 +115,7 @@ template <typename MakeJudge>
 void ConvertAll(CheckRun& run, MakeJudge makeJudge) {
   for (const Personality& personality : run.Personalities()) {
     Session session(run.Parts(), personality.stored->StoredCopy(), std::make_shared<WatchfulMessenger>());
+    ::Check(session.Content().SetAutoUpdate(kTrue));
     session.Content().Monitor().Record(true);
     session.Host().Require(session.Host().Owner().PostReadProcessing(session.SharedContent(), Variant()));
     for (const Direction& direction : kDirections) {
@@ -155,8 +156,27 @@ void SidesOfConversions(CheckRun& run) {
   });
 }
 
+/// A conversion writes in one batch: silently for the host's follow-up work.
+std::string LoudWrite(const std::vector<std::string>& calls) {
+  bool isSilent = false;
+  for (const std::string& call : calls) {
+    if (call.starts_with("Iprovider.SetAutoUpdate")) isSilent = call.ends_with(" 0");
+    const auto access = AccessOf(call);
+    if (access && access->isWrite && !isSilent) return "writes while AutoUpdate is on: " + access->fieldId;
+  }
+  return {};
+}
+
+void SilentConversions(CheckRun& run) {
+  ConvertAll(run, [](const Schema&, const Direction&) {
+    return
+        [](const SchemaField&, RecordNr, const std::vector<std::string>& calls) { return LoudWrite(calls); };
+  });
+}
+
 // clang-format off
 constexpr Check kChecks[] = {
+    {"silent-conversions", 4, "conversions write while AutoUpdate is off", SilentConversions},
     {"conversion-order", 5, "in the order of the contract no conversion reads what a later one fills",
      OrderOfConversions},
     {"conversion-sides", 5, "to the forms no stored field is written, to the radio none of the forms",
