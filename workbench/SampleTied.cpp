@@ -193,7 +193,7 @@ Variant Series(std::int32_t rows, std::int32_t first, std::int32_t step) {
 Variant Turned(std::int32_t lowest, std::int32_t count, std::int32_t by) {
   std::vector<std::int32_t> codes(static_cast<std::size_t>(count));
   std::iota(codes.begin(), codes.end(), lowest);
-  std::ranges::rotate(codes, codes.begin() + by);
+  std::rotate(codes.begin(), codes.begin() + by, codes.end());
   return Rows(codes);
 }
 

@@ -1,5 +1,9 @@
+#include <map>
+
 #include "host/IenablementReasons.h"
 #include "tests/channels/ChannelFixture.h"
+#include "tests/workbench/FileHelpers.h"
+#include "validation/modvalEnablement.h"
 
 namespace {
 using Settings = std::vector<std::pair<const char*, Variant>>;
@@ -110,6 +114,29 @@ TEST_F(Enablement, AControlWithoutItsRecordsIsEnabled) {
     EXPECT_TRUE(IsEnabled(uiid)) << uiid;
   }
   EXPECT_FALSE(IsEnabled("StealthIndicator"));
+}
+
+/// All conditions as a technician reads them, with the records that they ask: network 3, group 4 and Selcall
+/// system 2 are current, channel 5 is drawn, which is of network 1. What changes a condition changes a line
+/// of the file.
+TEST_F(Enablement, IsWhatTheListOfConditionsTells) {
+  provider.Set("CurrentNetworkNr", 1, 3);
+  provider.Set("CurrentScanGroupNr", 1, 4);
+  provider.Set("CurrentSelcallNumber", 1, 2);
+  for (const std::int32_t table : {29, 37, 48}) provider.SetCount(table, 4);
+  provider.SetCount(16, 5);
+  provider.SetCount(5, 5);
+  std::map<std::string, std::string> controls;
+  for (const auto& row : modvalEnablement::Rows()) {
+    const EnablementReason reason = ReasonOf(row.uiid, 5);
+    std::string words = reason.condition;
+    for (const EnablementReading& reading : reason.readings)
+      words += " [" + std::to_string(reading.record) + "]";
+    controls[words] += " " + std::string(row.uiid);
+  }
+  std::string told;
+  for (const auto& [words, names] : controls) told += words + ":" + names + "\n";
+  EXPECT_EQ(told, ContentOf(SOURCE_FOLDER "/../tests/validation/conditions.txt"));
 }
 
 TEST_F(Enablement, SaysWhyInTheWordsOfTheForms) {

@@ -9,6 +9,7 @@
 #include "validation/modvalEnablement.h"
 #include "validation/modvalFields.h"
 #include "validation/modvalSwitches.h"
+#include "workbench/Journal.h"
 
 /// The states that edits give to controls, beside what the controls' own conditions say then.
 namespace {
@@ -43,6 +44,7 @@ class Switches : public ChannelFixture {
   Variant DrawValue(const SchemaField& field) {
     if (FindIgnoringCase(field.id, "FreqUI") != std::string::npos)
       return Draw(0, 1) == 0 ? "000.000000" : "150.500000";
+    if (field.id == "53.ChannelIDTracker") return Draw(0, 1) == 0 ? "None" : "11";
     if (field.type == FieldType::Text) return Draw(0, 1) == 0 ? "None" : "C67.0";
     return Draw(std::max(field.minimum, 0), std::min(field.maximum, std::max(field.minimum, 0) + 4));
   }
@@ -62,11 +64,15 @@ class Switches : public ChannelFixture {
     EXPECT_TRUE(Validator()->GetEnabledStatebyUIID(uiid, record, enabled).Ok());
     return enabled != kFalse;
   }
+  RecordNr RecordOf(const SchemaField& field) const {
+    const bool isOfNetwork = field.table == 21 || field.table == 53 || field.table == 78;
+    return isOfNetwork ? CLng(provider.Get("CurrentNetworkNr")) : 1;
+  }
+  std::string Outcome(std::string_view uiid, const Variant& value, RecordNr record, Button answer);
   /// The pairs whose state was not that of the control's own condition, with the value stored.
   void Edit(std::string_view uiid, Pairs& different) {
     const SchemaField& field = provider.FieldOf(uiid);
-    const bool isOfNetwork = field.table == 21 || field.table == 53 || field.table == 78;
-    const RecordNr record = isOfNetwork ? CLng(provider.Get("CurrentNetworkNr")) : 1;
+    const RecordNr record = RecordOf(field);
     const Variant value = DrawValue(field);
     messenger.Clear();
     if (!Validate(uiid, value, record)) return;
@@ -122,6 +128,46 @@ TEST_F(OldSwitches, DifferForAReasonAlone) {
   const Pairs wanted = Wanted();
   EXPECT_TRUE(wanted.contains("DATASDMAUTOACK > DATASDMAUTOACKDELAY"));
   EXPECT_THAT(Different(), testing::IsSubsetOf(wanted));
+}
+
+/// Whose questions only a No declines; a box closed without an answer lets the edit go on.
+const std::set<std::string_view> kOnlyNoDeclines = {"EMCYCLINGTYPE", "TXPOWER_K6K"};
+
+/// What an edit came to, with every question answered so, and nothing kept.
+std::string Switches::Outcome(std::string_view uiid, const Variant& value, RecordNr record, Button answer) {
+  Journal journal(provider);
+  messenger.AlwaysAnswer(answer);
+  StartTrail();
+  std::string outcome = (Validate(uiid, value, record) ? "passes: " : "is refused: ") + Trail();
+  journal.Rollback();
+  return outcome;
+}
+
+/// What rules ask about beside the fields of conditions.
+constexpr const char* kAskedAbout[] = {
+    "ChannelCompanding", "ChannelANR",         "ChannelEncryption",    "TrailingANI_k6k",
+    "TxPower_k6k",       "ThirdToneReset_k6k", "MonitorOverrides_k6k", "HookswitchMonitorOverrides_k6k",
+    "DataTMFlowControl", "DataCCDIPort"};
+
+TEST_F(Switches, AQuestionClosedWithoutAnAnswerIsANoUnlessOnlyANoDeclines) {
+  for (const char* field : kAskedAbout) read_.insert(&provider.FieldOf(field));
+  std::set<std::string_view> asked;
+  for (int round = 0; round < 150; ++round) {
+    for (const std::string_view uiid : modvalFields::UIIDs()) {
+      if (provider.GetSchema().Find(uiid) == nullptr) continue;
+      DrawState();
+      provider.Set("5.TXCallBurstSeq", 1, Draw(0, 1) == 0 ? "None" : "12");
+      const SchemaField& field = provider.FieldOf(uiid);
+      const Variant value = DrawValue(field);
+      const RecordNr record = RecordOf(field);
+      const std::string closed = Outcome(uiid, value, record, Button::Cancel);
+      if (messenger.Questions().empty()) continue;
+      asked.insert(uiid);
+      const Button asIf = kOnlyNoDeclines.contains(uiid) ? Button::Yes : Button::No;
+      EXPECT_EQ(closed, Outcome(uiid, value, record, asIf)) << uiid;
+    }
+  }
+  EXPECT_GE(asked.size(), 14U) << testing::PrintToString(asked);
 }
 
 TEST_F(Switches, AreWhatTheConditionsOfSignallingReadBesideTheNamedOnes) {
