@@ -196,6 +196,8 @@ TEST_F(TraceCommands, AFileThatCanNotBecomeATraceIsRefused) {
   EXPECT_EQ(Run({"record", folder.PathOf("no/such/folder"), "check", file}), ExitCode::CouldNot);
   EXPECT_EQ(Run({"record", "--force", "/dev/full", "check", file}), ExitCode::CouldNot);
   EXPECT_THAT(messages, HasSubstr("/dev/full: write: not a regular file"));
+  Trace::Recorder full("/dev/full", "check");
+  EXPECT_THAT(RefusalOf([&] { full.End(0); }), HasSubstr("/dev/full: trace: is not complete"));
 }
 
 /// A host that calls the tier while the tier calls it.
