@@ -145,18 +145,18 @@ TEST_F(ChannelMapping, CompandingHasTwoHalvesOfWhichOneIsRead) {
 TEST_F(ChannelMapping, DTMFPresetsAreFoundBySystemAndExactTextFromRecordTwo) {
   const std::tuple<RecordNr, const char*, const char*> cases[] = {
       {1, "12", "3"},  {1, "34", "2"}, {1, "99", "0"}, {1, "", "0"},  {1, "None", "0"},
-      {1, "012", "0"}, {2, "12", "0"}, {3, "12", "0"}, {8, "12", "0"}};
+      {1, "012", "0"}, {2, "12", "0"}, {3, "12", "0"}, {8, "12", "0"}, {1, "56", "4"}};
   GiveNetworks({2, 1, 0});
   GiveChannels({11, 12});
   provider.Fill("65.DTMFChannelPresetSeqSigSysID", {4, 9, 4, 4, 4});
-  provider.Fill("65.DTMFChannelPresetSequenceUI", {"12", "12", "34", "12", "12"});
+  provider.Fill("65.DTMFChannelPresetSequenceUI", {"12", "12", "34", "12", "56"});
   for (const auto& [network, text, pointer] : cases) {
     provider.Set("5.ChannelNetworkIdUI", 2, network);
-    provider.Set("5.DTMFPresetCallPointer", 2, 4);
+    provider.Set("5.DTMFPresetCallPointer", 2, 1);
     EXPECT_EQ(InRadio("5.DTMFPresetCallSequence", text, "5.DTMFPresetCallPointer", 2), pointer) << text;
   }
   for (const auto& [pointer, shown] :
-       {std::pair{0, "None"}, {2, "34"}, {4, "12"}, {5, "None"}, {-1, "None"}}) {
+       {std::pair{0, "None"}, {2, "34"}, {4, "56"}, {5, "None"}, {-1, "None"}}) {
     EXPECT_EQ(OnForm("5.DTMFPresetCallPointer", pointer, "5.DTMFPresetCallSequence", 2), shown) << pointer;
   }
 }

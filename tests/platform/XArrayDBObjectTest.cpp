@@ -46,6 +46,7 @@ TEST(XArrayDBObject, RedimKeepsWhatLiesInsideTheNewBounds) {
 TEST(XArrayDBObject, RowsAreAppendedAndDeleted) {
   XArrayDBObject array = Rows({"a", "b", "c", "d"}, 1);
   array.AppendRows(1, 2);
+  EXPECT_EQ(ErrorNumberOf([&] { array.AppendRows(2, 1); }), 9);
   array.DeleteRows(2, 2);
   EXPECT_THAT(Column(array), ElementsAre("a", "d", "", ""));
   for (const auto& [row, count] : {std::pair{4, 2}, {0, 1}})

@@ -27,6 +27,11 @@ TEST(ToneSequences, ComeBackAsTheyWereAndOtherCharactersAreNoTones) {
   }
 }
 
+TEST(Periods, AreLengthsOfTheirCodesAndAnyOtherNumberIsALength) {
+  for (const auto& [period, length] : {std::pair{0, 0}, {1, 20}, {2, 33}, {7, 100}, {8, 8}, {-1, -1}})
+    EXPECT_EQ(PeriodMs(period), length) << period;
+}
+
 TEST(FixedFormatBursts, BelongToTheSystemOfTheirBlock) {
   const std::pair<RecordNr, RecordNr> cases[] = {{1, 0},   {2, 1},   {142, 1}, {143, 2},
                                                  {283, 2}, {284, 3}, {565, 4}};

@@ -42,6 +42,12 @@ TEST_F(FinalRules, AcknowledgementAndAlertsGoTogether) {
   messenger.Clear();
   EXPECT_TRUE(FinalValidation());
   EXPECT_THAT(Boxes(), IsEmpty());
+  CloseEveryBox();
+  provider.Set("AutoAckType", 2, 0);  // the second question alone
+  EXPECT_FALSE(FinalValidation());
+  provider.Set("AutoAckType", 2, 2);
+  provider.Set("SelcallIndAutoAckTwo", 2, 0);  // the first
+  EXPECT_FALSE(FinalValidation());
 }
 
 TEST_F(FinalRules, ASequenceThatANetworkUsesIsNotBlank) {

@@ -110,8 +110,9 @@ TEST_F(SetCommand, TellsWhatAPointerPointsAtThoughTheCodesAreLaidOutAnew) {
 TEST_F(SetCommand, ARecordThatTheEditAddsIsToldByItsValues) {
   const std::string path = CopyOf("full");
   EXPECT_EQ(Run({"set", path, "MDC1200ANISequence", "1", "", "--json"}), ExitCode::Done) << out.str();
-  for (const json& one : Told()["stored"]) EXPECT_TRUE(one["after"].is_null()) << one;
-  EXPECT_EQ(Told()["stored"].size(), 3U) << out.str();
+  const json stored = Told()["stored"];
+  for (const json& one : stored) EXPECT_TRUE(one["after"].is_null()) << one;
+  EXPECT_EQ(stored.size(), 3U) << stored;
   EXPECT_EQ(Run({"set", path, "MDC1200ANISequence", "1", "1f"}), ExitCode::Done);
   EXPECT_THAT(out.str(), HasSubstr("(no record) -> 31"));
 }
