@@ -46,7 +46,7 @@ Entry TextEntered(const SchemaField& field, std::string_view typed) {
   if (hasAlphabet && text.find_first_not_of(field.validation) != std::string::npos) {
     return Refuse("the field takes the characters " + field.validation);
   }
-  if (field.width > 0 && std::cmp_greater(Utf8::Length(text), field.width)) {
+  if (field.width > 0 && std::cmp_greater(CharacterCount(text), field.width)) {
     return Refuse("the field takes at most " + std::to_string(field.width) + " characters");
   }
   return HandOn(std::move(text));

@@ -3,22 +3,22 @@
 #include <algorithm>
 #include <ostream>
 
-#include "workbench/Utf8.h"
+#include "platform/CaseText.h"
 
 void TextTable::Print(std::ostream& out, std::size_t indent) const {
   std::vector<std::string> headings;
   std::vector<std::size_t> widths;
   for (const Column& column : columns_) {
     headings.push_back(column.heading);
-    widths.push_back(Utf8::Length(column.heading));
+    widths.push_back(CharacterCount(column.heading));
   }
   for (const auto& row : rows_) {
-    for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], Utf8::Length(row[i]));
+    for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], CharacterCount(row[i]));
   }
   const auto print = [&](const std::vector<std::string>& row) {
     std::string line(indent, ' ');
     for (std::size_t i = 0; i < row.size(); ++i) {
-      const std::string padding(widths[i] - Utf8::Length(row[i]), ' ');
+      const std::string padding(widths[i] - CharacterCount(row[i]), ' ');
       line += i > 0 ? "  " : "";
       line += columns_[i].align == Align::Right ? padding + row[i] : row[i] + padding;
     }

@@ -6,8 +6,6 @@
 
 namespace {
 
-bool IsStart(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }
-
 /// The ones at its head tell how many bytes a character has; one byte alone has none.
 int LeadingOnes(char start) { return std::countl_one(static_cast<unsigned char>(start)); }
 
@@ -22,10 +20,6 @@ bool IsValid(std::string_view text) {
   } catch (const nlohmann::json::type_error&) {
     return false;
   }
-}
-
-std::size_t Length(std::string_view text) {
-  return static_cast<std::size_t>(std::ranges::count_if(text, IsStart));
 }
 
 std::string_view FirstAbove(std::string_view text, char32_t highest) {

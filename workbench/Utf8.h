@@ -1,14 +1,11 @@
 #pragma once
 
-#include <cstddef>
 #include <string_view>
 
 /// Texts in UTF-8, as personalities hold them and as they are typed.
 namespace Utf8 {
 
 bool IsValid(std::string_view text);
-/// The number of characters.
-std::size_t Length(std::string_view text);
 /// The first character with a code above `highest`; empty for none. The text is valid.
 std::string_view FirstAbove(std::string_view text, char32_t highest);
 /// The code of a valid character.

@@ -144,7 +144,7 @@ TEST_F(ChannelMapping, CompandingHasTwoHalvesOfWhichOneIsRead) {
 
 TEST_F(ChannelMapping, DTMFPresetsAreFoundBySystemAndExactTextFromRecordTwo) {
   const std::tuple<RecordNr, const char*, const char*> cases[] = {
-      {1, "12", "3"},  {1, "34", "2"}, {1, "99", "0"}, {1, "", "0"},  {1, "None", "0"},
+      {1, "12", "3"},  {1, "34", "2"}, {1, "99", "0"}, {1, "", "0"},   {1, "None", "0"},
       {1, "012", "0"}, {2, "12", "0"}, {3, "12", "0"}, {8, "12", "0"}, {1, "56", "4"}};
   GiveNetworks({2, 1, 0});
   GiveChannels({11, 12});
