@@ -41,6 +41,8 @@ TEST(XArrayDBObject, RedimKeepsWhatLiesInsideTheNewBounds) {
   EXPECT_EQ(ErrorNumberOf([&] { array.Redim(0, -2, 0, 0); }), 9);
   EXPECT_EQ(ErrorNumberOf([&] { array.Redim(0, 0, 1, -1); }), 9);
   EXPECT_EQ(array.LowerBound(1), 5);
+  array.Redim(1, 1, 0, -1);  // a row of no columns
+  EXPECT_EQ(array.UpperBound(2), -1);
 }
 
 TEST(XArrayDBObject, RowsAreAppendedAndDeleted) {

@@ -30,6 +30,14 @@ TEST(ProgIOActions, AnInputIsFoundDespiteBlanksAndBeforeAnOutput) {
   }
 }
 
+TEST(ProgIOActions, ThatHappenOnceHaveNoCodeForTheirEnd) {
+  std::vector<int> once;
+  for (const clsProgIOActions& action : ProgIOInputActions) {
+    if (GetDigitalIODeactivationActionID(action.strName) == 0) once.push_back(action.bytActionID);
+  }
+  EXPECT_THAT(once, testing::ElementsAre(0, 4, 3, 5, 38, 39, 40, 21, 22, 24));
+}
+
 TEST(ProgIOActions, InputsAndOutputsAreNumberedApart) {
   EXPECT_EQ(GetDigitalIOActionName(1, true), "Power ON (Stand-by)");
   EXPECT_EQ(GetDigitalIOActionName(1, false), "Busy Status");
