@@ -25,16 +25,6 @@ std::vector<std::string> CutAtTabs(std::string_view line) {
   }
 }
 
-/// Open as long as it is read.
-class OpenedFile {
- public:
-  explicit OpenedFile(const std::string& path) : stream_(path, std::ios::binary) {}
-  std::istream& Stream() { return stream_; }
-
- private:
-  std::ifstream stream_;
-};
-
 std::string Plain(const std::string& line, bool isScrambled) {
   return isScrambled ? modCommonGlobals::DecryptString(line) : line;
 }
@@ -46,7 +36,7 @@ bool ReadLine(std::istream& file, std::string& line) {
 }
 }  // namespace
 
-DataFile::DataFile(std::string path, std::istream& file) : path_(std::move(path)) {
+DataFile::DataFile(std::string path, std::istream&& file) : path_(std::move(path)) {
   std::string line;
   if (!file || !ReadLine(file, line)) {
     throw Error(ErrorNumber::kFileNotFound, "DataFile", path_ + ": the file can not be read or is empty");
@@ -63,7 +53,7 @@ DataFile::DataFile(std::string path, std::istream& file) : path_(std::move(path)
   ReadRows(file, lineNumber, isScrambled);
 }
 
-DataFile::DataFile(std::string path) : DataFile(path, OpenedFile(path).Stream()) {}
+DataFile::DataFile(const std::string& path) : DataFile(path, std::ifstream(path, std::ios::binary)) {}
 
 void DataFile::ReadRows(std::istream& file, int lineNumber, bool isScrambled) {
   for (std::string line; ReadLine(file, line);) {

@@ -17,9 +17,9 @@ class DataFile {
   };
 
   /// Raises 53 for a file that can not be read to its end, 9 for a piece beyond the header.
-  explicit DataFile(std::string path);
+  explicit DataFile(const std::string& path);
   /// What an open file holds; `path` names it in errors.
-  DataFile(std::string path, std::istream& file);
+  DataFile(std::string path, std::istream&& file);
 
   const std::vector<std::string>& Columns() const { return columns_; }  ///< in upper case
   const std::vector<Row>& Rows() const { return rows_; }

@@ -236,13 +236,18 @@ constexpr SwitchRow kRows[] = {
 
 // What the rest of SIGNALLINGTYPE is, the conditions themselves tell.
 
+/// Whether `isMeant` one of the tests that the condition is made of.
+template <typename IsMeant>
+constexpr bool HasTest(const Condition& condition, IsMeant isMeant) {
+  if (condition.IsTest()) return isMeant(condition);
+  return std::ranges::any_of(condition.parts, [&](const Condition* part) { return HasTest(*part, isMeant); });
+}
+
 constexpr bool ReadsSignalling(const Condition& condition) {
   constexpr std::string_view kSignalling[] = {"SignallingType", "53.SignallingTypeUI", "CallMute"};
-  if (!condition.IsTest()) {
-    return std::ranges::any_of(condition.parts, [](const Condition* part) { return ReadsSignalling(*part); });
-  }
-  return condition.at == At::Network &&
-         std::ranges::find(kSignalling, condition.field) != std::end(kSignalling);
+  return HasTest(condition, [&](const Condition& test) {
+    return test.at == At::Network && std::ranges::find(kSignalling, test.field) != std::end(kSignalling);
+  });
 }
 
 constexpr bool IsNamed(std::string_view control) {
@@ -275,12 +280,10 @@ struct Group {
 
 /// A condition about the current network reads the number of its record.
 constexpr bool ReadsField(const Condition& condition, std::string_view field) {
-  if (!condition.IsTest()) {
-    return std::ranges::any_of(condition.parts,
-                               [&](const Condition* part) { return ReadsField(*part, field); });
-  }
-  return EqualsIgnoringCase(condition.field, field) ||
-         (condition.at == At::Network && EqualsIgnoringCase(field, "CurrentNetworkNr"));
+  return HasTest(condition, [&](const Condition& test) {
+    return EqualsIgnoringCase(test.field, field) ||
+           (test.at == At::Network && EqualsIgnoringCase(field, "CurrentNetworkNr"));
+  });
 }
 
 constexpr const Condition* OwnCondition(std::string_view control) {

@@ -23,7 +23,7 @@ class FailingDisk final : public std::stringbuf {
 std::string ErrorOf(std::streambuf& disk) {
   std::istream file(&disk);
   try {
-    const DataFile data("some.dat", file);
+    const DataFile data("some.dat", std::move(file));
     return "";
   } catch (const Error& error) {
     return error.Reason().description;
