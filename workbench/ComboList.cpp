@@ -21,3 +21,14 @@ ComboList ComboListOf(const TierHost& host, const Provider& content, std::string
   }
   return list;
 }
+
+std::optional<ComboList> ListOffered(const TierHost& host, const Provider& content, std::string_view uiid,
+                                     RecordNr record) {
+  try {
+    ComboList list = ComboListOf(host, content, uiid, record);
+    if (!list.IsNone()) return list;
+  } catch (const UnsupportedByTier&) {
+    // What else is known of the field applies alone.
+  }
+  return {};
+}

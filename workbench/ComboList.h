@@ -29,3 +29,7 @@ struct ComboList {
 /// The list of a field for a record, which may be one to come. The tier is handed a copy of the content: a
 /// list is asked for, nothing is changed. An UnsupportedByTier for a list that the tier does not have yet.
 ComboList ComboListOf(const TierHost& host, const Provider& content, std::string_view uiid, RecordNr record);
+
+/// No value for a field without list, and where the tier does not have it yet.
+std::optional<ComboList> ListOffered(const TierHost& host, const Provider& content, std::string_view uiid,
+                                     RecordNr record);

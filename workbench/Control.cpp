@@ -109,17 +109,6 @@ std::string InUseRefusal(const Provider& content, const SchemaField& field, Reco
 
 // Lists
 
-/// No value for a field without list, and where the tier does not have it yet.
-std::optional<ComboList> ListOffered(Session& session, std::string_view uiid, RecordNr record) {
-  try {
-    ComboList list = ComboListOf(session.Host(), session.Content(), uiid, record);
-    if (!list.IsNone()) return list;
-  } catch (const UnsupportedByTier&) {
-    // The other checks of the control apply alone.
-  }
-  return {};
-}
-
 /// What the field stores for an entry: its text or, in a field of numbers, its code, the number that it is,
 /// or its row.
 std::string StoredFor(const SchemaField& field, const ComboList& list, const ComboItem& item) {
@@ -200,6 +189,6 @@ Entry EnteredIn(Session& session, const SchemaField& field, std::string_view uii
   if (field.type == FieldType::Text) {
     if (std::string refusal = TextRefusal(typed); !refusal.empty()) return Refuse(std::move(refusal));
   }
-  const std::optional<ComboList> list = ListOffered(session, uiid, record);
+  const std::optional<ComboList> list = ListOffered(session.Host(), session.Content(), uiid, record);
   return list ? Chosen(session, field, *list, uiid, record, typed) : Typed(field, typed);
 }
