@@ -1,5 +1,4 @@
 #include "channels/modvalChannels.h"
-#include "networks/modvalEmergency.h"
 #include "platform/Conversions.h"
 #include "tier/Messages.h"
 #include "tier/Procedure.h"
@@ -77,7 +76,7 @@ bool ValidateNumber(FieldEdit& edit) {
 
 /// The same network again runs through all of it too.
 bool ValidateNetwork(FieldEdit& edit) {
-  if (!modvalEmergency::ValidateChannelID(edit.validator, edit.record)) return false;
+  if (!ValidateChannelID(edit.validator, edit.record)) return false;
   if (!ValidatePresetSelcallAgainstTxFormat(edit.validator, edit.record)) return false;
   edit.writes.Set(edit.uiid, edit.record, edit.value);
   ResetChannelSelcallPresets(edit.writes, edit.record);
@@ -89,6 +88,21 @@ bool ValidateNetwork(FieldEdit& edit) {
 bool ValidateChannelID(FieldEdit& edit) {
   return Procedure("ValidateChannelID", true, [&] {
     return edit.uiid == "CHANNELID_K6K" ? ValidateNumber(edit) : ValidateNetwork(edit);
+  });
+}
+
+bool ValidateChannelID(const ValidatorRef& validator, RecordNr channel) {
+  return Procedure("ValidateChannelID", true, [&] {
+    const ProviderRef provider = validator.CurrentProvider();
+    const Variant number = provider.Field("ChannelID_k6k").Value(channel);
+    const FieldRef emergencyChannel = provider.Field("EmChannel");
+    for (const RecordNr network : emergencyChannel.Records()) {
+      if (!SameValue(emergencyChannel.Value(network), number)) continue;
+      return Refuse(validator,
+                    "You can not change the Network this Channel belongs to because it is being used as an "
+                    "Emergency Dedicated Channel.");
+    }
+    return true;
   });
 }
 

@@ -17,6 +17,8 @@ bool ValidateFrequencyForSubBands(const ValidatorRef& validator, double frequenc
 /// A channel's number or its network. A new number moves all references, after one question; a new network
 /// enables what its signalling uses and clears the channel's presets.
 bool ValidateChannelID(FieldEdit& edit);
+/// Whether the channel may change its network: not while it is an emergency dedicated channel.
+bool ValidateChannelID(const ValidatorRef& validator, RecordNr channel);
 
 /// Turning off the Tx power of an emergency dedicated channel needs consent.
 bool ValidateTxPower(FieldEdit& edit);

@@ -15,6 +15,4 @@ bool ValidateEmCyclingType(FieldEdit& edit);
 bool ValidateEmChannel(FieldEdit& edit);
 /// Writes the shortest repeat interval, in ms, that the signalling of the network allows to its field.
 void ValidateRepeatInterval(FieldEdit& edit, std::string_view intervalField, RecordNr network);
-/// Whether the channel may change its network: not while it is an emergency dedicated channel.
-bool ValidateChannelID(const ValidatorRef& validator, RecordNr channel);
 }  // namespace modvalEmergency
