@@ -4,13 +4,13 @@
 #include <limits>
 #include <optional>
 
+#include "common/modCommonGlobals.h"
 #include "fuzz/Invariant.h"
 #include "platform/Conversions.h"
 #include "platform/DecimalText.h"
 #include "platform/Error.h"
 #include "platform/Locale.h"
 #include "platform/XArrayDBObject.h"
-#include "tier/modCommonGlobals.h"
 
 /// What holds between the conversions of any values and texts, with both decimal symbols.
 namespace {

@@ -15,7 +15,7 @@ BUTTONS = {"Yes": "No", "No": "Yes"}
 MOST_LINES = 4  # of a statement that is dropped
 NAMESPACE_OF_CODES = re.compile(r"^namespace (\w+) \{.*\n((?:(?!namespace|\}).*\n)*)\}", re.MULTILINE)
 CODE = re.compile(r"^inline constexpr std::int32_t (k\w+) = ", re.MULTILINE)
-FILES_OF_CODES = ["src/tier/RadioCodes.h", "src/tier/modProjectGlobals.h"]
+FILES_OF_CODES = ["src/common/RadioCodes.h", "src/common/modProjectGlobals.h"]
 
 
 @dataclass(frozen=True)

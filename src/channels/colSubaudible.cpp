@@ -1,9 +1,9 @@
 #include "channels/colSubaudible.h"
 
-#include "tier/DataFile.h"
-#include "tier/Procedure.h"
-#include "tier/modCommonGlobals.h"
-#include "tier/modProjectGlobals.h"
+#include "common/DataFile.h"
+#include "common/Procedure.h"
+#include "common/modCommonGlobals.h"
+#include "common/modProjectGlobals.h"
 
 namespace {
 constexpr std::string_view kNoneId = "127";

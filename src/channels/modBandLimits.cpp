@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "common/Procedure.h"
+#include "common/modCommonGlobals.h"
 #include "platform/Conversions.h"
-#include "tier/Procedure.h"
-#include "tier/modCommonGlobals.h"
 
 namespace modBandLimits {
 namespace {

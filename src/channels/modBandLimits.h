@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 /// A range in which a channel may receive or transmit, in Hz. The tolerances widen it into a range that
 /// is not refused outright but needs the user's consent.

@@ -3,13 +3,13 @@
 #include <string>
 
 #include "channels/modChannels.h"
+#include "common/Procedure.h"
+#include "common/modCommonErrorHandler.h"
+#include "common/modCommonGlobals.h"
+#include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "selcall/modSelcallMapping.h"
-#include "tier/Procedure.h"
-#include "tier/modCommonErrorHandler.h"
-#include "tier/modCommonGlobals.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modChannels {
 namespace {

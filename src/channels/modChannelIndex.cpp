@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <string>
 
+#include "common/Procedure.h"
+#include "common/RadioCodes.h"
+#include "common/modCommonErrorHandler.h"
+#include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
-#include "tier/Procedure.h"
-#include "tier/RadioCodes.h"
-#include "tier/modCommonErrorHandler.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modChannelIndex {
 namespace {

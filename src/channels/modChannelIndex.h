@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 /// References to a channel between the radio, which holds the index of its record, and the forms, which show
 /// its number as text: the emergency channel of a network, "53.ChannelIDTracker". Any other field gets a

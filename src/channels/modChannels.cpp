@@ -5,13 +5,13 @@
 #include <vector>
 
 #include "channels/modBandLimits.h"
+#include "common/Procedure.h"
+#include "common/modCommonErrorHandler.h"
+#include "common/modCommonGlobals.h"
+#include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "platform/DecimalText.h"
-#include "tier/Procedure.h"
-#include "tier/modCommonErrorHandler.h"
-#include "tier/modCommonGlobals.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modChannels {
 namespace {

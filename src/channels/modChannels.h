@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 /// The channel table between the radio and the forms. Each routine converts one record of table 5 (the
 /// burst routines also of table 76); `fieldId` names the form field. Get goes to the form, Set comes from

@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "common/Procedure.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
-#include "tier/Procedure.h"
 
 namespace modSubaudible {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 /// The radio's tone tables as a whole, and the calibration of the sub-audible deviation.
 namespace modSubaudible {

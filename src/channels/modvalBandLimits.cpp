@@ -3,9 +3,9 @@
 #include <string>
 
 #include "channels/modBandLimits.h"
+#include "common/Messages.h"
+#include "common/Procedure.h"
 #include "platform/Conversions.h"
-#include "tier/Messages.h"
-#include "tier/Procedure.h"
 
 namespace modvalBandLimits {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tier/FieldEdit.h"
+#include "common/FieldEdit.h"
 
 namespace modvalBandLimits {
 /// Clears the frequencies of all channels that lie outside the band at the new position, after one

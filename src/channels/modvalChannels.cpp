@@ -1,10 +1,10 @@
 #include "channels/modvalChannels.h"
 
+#include "common/Messages.h"
+#include "common/Procedure.h"
+#include "common/RadioCodes.h"
+#include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
-#include "tier/Messages.h"
-#include "tier/Procedure.h"
-#include "tier/RadioCodes.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modvalChannels {
 namespace {

@@ -3,7 +3,7 @@
 #include <span>
 
 #include "channels/modBandLimits.h"
-#include "tier/FieldEdit.h"
+#include "common/FieldEdit.h"
 
 /// The rules of the channel form. True lets the host keep the change.
 namespace modvalChannels {

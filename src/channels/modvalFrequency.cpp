@@ -4,13 +4,13 @@
 #include <vector>
 
 #include "channels/modvalChannels.h"
+#include "common/Messages.h"
+#include "common/Procedure.h"
+#include "common/modCommonGlobals.h"
+#include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
 #include "platform/DecimalText.h"
 #include "platform/Locale.h"
-#include "tier/Messages.h"
-#include "tier/Procedure.h"
-#include "tier/modCommonGlobals.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modvalChannels {
 namespace {

@@ -3,8 +3,8 @@
 #include <span>
 #include <string>
 
+#include "common/Procedure.h"
 #include "platform/Conversions.h"
-#include "tier/Procedure.h"
 
 namespace modBackwardsCompatibility {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "tier/ValidatorRef.h"
+#include "common/ValidatorRef.h"
 
 namespace modBackwardsCompatibility {
 /// Converts a personality between two database versions ("KD4410.0054"): writes the new version to table 39

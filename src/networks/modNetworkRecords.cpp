@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <string>
 
+#include "common/Messages.h"
+#include "common/Procedure.h"
+#include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
 #include "radioui/modGPS.h"
-#include "tier/Messages.h"
-#include "tier/Procedure.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modNetworkRecords {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tier/ValidatorRef.h"
+#include "common/ValidatorRef.h"
 
 /// The records of a network. Record n of several other tables, or a block of their records, belongs to record
 /// n of table 21: they come, go and move together.

@@ -1,7 +1,7 @@
+#include "common/Procedure.h"
+#include "common/modCommonGlobals.h"
 #include "networks/modNetworks.h"
 #include "platform/Conversions.h"
-#include "tier/Procedure.h"
-#include "tier/modCommonGlobals.h"
 
 namespace modNetworks {
 namespace {

@@ -5,11 +5,11 @@
 #include <optional>
 #include <string>
 
+#include "common/Procedure.h"
+#include "common/RadioCodes.h"
+#include "common/StoredValues.h"
+#include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
-#include "tier/Procedure.h"
-#include "tier/RadioCodes.h"
-#include "tier/StoredValues.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modNetworks {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 /// The networks between the radio and the forms, one record of table 21 and of its companions a call. Get
 /// goes to the form, Set comes from it; `fieldId` is the form's field.

@@ -4,14 +4,14 @@
 #include <limits>
 #include <string>
 
+#include "common/Messages.h"
+#include "common/Procedure.h"
+#include "common/RadioCodes.h"
+#include "common/StoredValues.h"
+#include "common/modProjectGlobals.h"
 #include "networks/modNetworks.h"
 #include "platform/Conversions.h"
 #include "selcall/modSelcallMapping.h"
-#include "tier/Messages.h"
-#include "tier/Procedure.h"
-#include "tier/RadioCodes.h"
-#include "tier/StoredValues.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modvalEmergency {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tier/FieldEdit.h"
+#include "common/FieldEdit.h"
 
 /// The rules of a network's emergency mode. True lets the host keep the change.
 namespace modvalEmergency {

@@ -1,12 +1,12 @@
 #include "networks/modvalEmergencyFields.h"
 
+#include "common/Messages.h"
+#include "common/RadioCodes.h"
+#include "common/modProjectGlobals.h"
 #include "networks/modNetworks.h"
 #include "networks/modvalEmergency.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
-#include "tier/Messages.h"
-#include "tier/RadioCodes.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modvalEmergencyFields {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tier/FieldEdit.h"
+#include "common/FieldEdit.h"
 
 /// The rules of the emergency form that need no more than their neighbours. `edit.record` is a network. True
 /// lets the host keep the change.

@@ -4,13 +4,13 @@
 #include <span>
 #include <string>
 
+#include "common/FormWrites.h"
+#include "common/Messages.h"
+#include "common/RadioCodes.h"
+#include "common/StoredValues.h"
+#include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
 #include "signalling/modMDC1200.h"
-#include "tier/FormWrites.h"
-#include "tier/Messages.h"
-#include "tier/RadioCodes.h"
-#include "tier/StoredValues.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modvalNetworkChecks {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tier/ValidatorRef.h"
+#include "common/ValidatorRef.h"
 
 /// What holds over all networks before a save. Each tells the user of the first network that it finds; false
 /// ends the walk.

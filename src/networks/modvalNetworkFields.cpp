@@ -1,11 +1,11 @@
 #include "networks/modvalNetworkFields.h"
 
+#include "common/Messages.h"
+#include "common/RadioCodes.h"
+#include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "signalling/modMDC1200.h"
-#include "tier/Messages.h"
-#include "tier/RadioCodes.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modvalNetworkFields {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tier/FieldEdit.h"
+#include "common/FieldEdit.h"
 
 /// The rules of the network forms that need no more than their neighbours, and those of the Selcall and
 /// MDC1200 systems. `edit.record` is a network or a system. True lets the host keep the change.

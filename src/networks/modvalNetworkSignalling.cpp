@@ -1,11 +1,11 @@
+#include "common/Messages.h"
+#include "common/Procedure.h"
+#include "common/RadioCodes.h"
+#include "common/modProjectGlobals.h"
 #include "networks/modvalEmergency.h"
 #include "networks/modvalNetworks.h"
 #include "platform/Conversions.h"
 #include "selcall/modSelcallMapping.h"
-#include "tier/Messages.h"
-#include "tier/Procedure.h"
-#include "tier/RadioCodes.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modvalNetworks {
 namespace {

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <optional>
 
+#include "common/Messages.h"
+#include "common/Procedure.h"
+#include "common/RadioCodes.h"
+#include "common/StoredValues.h"
+#include "common/modProjectGlobals.h"
 #include "networks/modNetworkRecords.h"
 #include "platform/Conversions.h"
-#include "tier/Messages.h"
-#include "tier/Procedure.h"
-#include "tier/RadioCodes.h"
-#include "tier/StoredValues.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modvalNetworks {
 namespace {

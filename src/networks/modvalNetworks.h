@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tier/FieldEdit.h"
+#include "common/FieldEdit.h"
 
 /// The rules of the networks: their signalling, their numbers, their forms. `edit.record` is a network unless
 /// told otherwise. True lets the host keep the change.

@@ -3,14 +3,14 @@
 #include <vector>
 
 #include "channels/modvalChannels.h"
+#include "common/Messages.h"
+#include "common/Procedure.h"
+#include "common/RadioCodes.h"
+#include "common/modProjectGlobals.h"
 #include "networks/modNetworks.h"
 #include "networks/modvalEmergency.h"
 #include "networks/modvalNetworks.h"
 #include "platform/Conversions.h"
-#include "tier/Messages.h"
-#include "tier/Procedure.h"
-#include "tier/RadioCodes.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modvalNetworks {
 namespace {

@@ -3,15 +3,15 @@
 #include <cmath>
 
 #include "channels/modBandLimits.h"
+#include "common/Procedure.h"
+#include "common/ValidatorRef.h"
+#include "common/modCommonGlobals.h"
 #include "compat/modBackwardsCompatibility.h"
 #include "platform/Border.h"
 #include "platform/Conversions.h"
 #include "provider/modComboItems.h"
 #include "provider/modPostAddProcessing.h"
 #include "provider/modTransformations.h"
-#include "tier/Procedure.h"
-#include "tier/ValidatorRef.h"
-#include "tier/modCommonGlobals.h"
 
 namespace {
 using modBandLimits::GetBandLimitsByComboBoxPosition;

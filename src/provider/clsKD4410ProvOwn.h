@@ -1,8 +1,8 @@
 #pragma once
 
+#include "common/LibraryObject.h"
+#include "common/TierChild.h"
 #include "host/IproviderOwner.h"
-#include "tier/LibraryObject.h"
-#include "tier/TierChild.h"
 
 class clsKD4410ProvOwn final : public IproviderOwner, public TierChild, private LibraryObject {
  public:

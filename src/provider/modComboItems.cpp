@@ -5,14 +5,14 @@
 #include <string>
 
 #include "channels/modChannels.h"
+#include "common/LibraryArray.h"
+#include "common/Procedure.h"
+#include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "radioui/ItemLists.h"
 #include "radioui/modFunctionKeyLists.h"
 #include "radioui/modProgIOLists.h"
-#include "tier/LibraryArray.h"
-#include "tier/Procedure.h"
-#include "tier/modProjectGlobals.h"
 #include "ui/modUserInterface.h"
 
 namespace modComboItems {

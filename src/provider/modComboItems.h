@@ -3,7 +3,7 @@
 #include <memory>
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 class XArrayDBObject;
 

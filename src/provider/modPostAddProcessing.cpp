@@ -5,12 +5,12 @@
 #include <span>
 #include <string>
 
+#include "common/Grids.h"
+#include "common/Messages.h"
+#include "common/Procedure.h"
+#include "common/modCommonErrorHandler.h"
 #include "networks/modNetworkRecords.h"
 #include "platform/CaseText.h"
-#include "tier/Grids.h"
-#include "tier/Messages.h"
-#include "tier/Procedure.h"
-#include "tier/modCommonErrorHandler.h"
 
 namespace modPostAddProcessing {
 namespace {

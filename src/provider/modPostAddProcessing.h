@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "tier/ValidatorRef.h"
+#include "common/ValidatorRef.h"
 
 /// What follows when the host has added, inserted or deleted a record.
 namespace modPostAddProcessing {

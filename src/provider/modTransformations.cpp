@@ -4,6 +4,7 @@
 #include "channels/modChannelIndex.h"
 #include "channels/modChannels.h"
 #include "channels/modSubaudible.h"
+#include "common/Lookup.h"
 #include "networks/modNetworks.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
@@ -15,7 +16,6 @@
 #include "selcall/modFreeFormat.h"
 #include "signalling/modDTMF.h"
 #include "signalling/modMDC1200.h"
-#include "tier/Lookup.h"
 
 namespace modTransformations {
 namespace {

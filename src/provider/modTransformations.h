@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 namespace modTransformations {
 /// Converts one record of a field; a routine that works on a whole table ignores field and record.

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 class XArrayDBObject;
 

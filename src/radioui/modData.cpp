@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <string>
 
+#include "common/Procedure.h"
+#include "common/modCommonGlobals.h"
+#include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
-#include "tier/Procedure.h"
-#include "tier/modCommonGlobals.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modData {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 /// The data options of table 9, one record, between the radio and the forms.
 namespace modData {

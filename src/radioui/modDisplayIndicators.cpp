@@ -3,8 +3,8 @@
 #include <iterator>
 #include <string>
 
-#include "tier/Procedure.h"
-#include "tier/modCommonErrorHandler.h"
+#include "common/Procedure.h"
+#include "common/modCommonErrorHandler.h"
 
 namespace modDisplayIndicators {
 namespace {

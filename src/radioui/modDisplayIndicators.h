@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 /// What the radio shows on its two-character display and on its LEDs. Nobody edits it: the tier writes fixed
 /// tables. What the codes mean is the radio's own affair.

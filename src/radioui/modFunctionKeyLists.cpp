@@ -2,12 +2,12 @@
 
 #include <iterator>
 
+#include "common/Procedure.h"
+#include "common/RadioCodes.h"
+#include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "radioui/ItemLists.h"
-#include "tier/Procedure.h"
-#include "tier/RadioCodes.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modFunctionKeyLists {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 class XArrayDBObject;
 

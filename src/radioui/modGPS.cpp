@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <memory>
 
+#include "common/LibraryArray.h"
+#include "common/Procedure.h"
+#include "common/RadioCodes.h"
+#include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
 #include "radioui/ArrayRows.h"
-#include "tier/LibraryArray.h"
-#include "tier/Procedure.h"
-#include "tier/RadioCodes.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modGPS {
 namespace {

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 /// The GPS options of table 69, one record, between the radio and the forms.
 namespace modGPS {

@@ -4,11 +4,11 @@
 #include <memory>
 #include <span>
 
+#include "common/LibraryArray.h"
+#include "common/Procedure.h"
+#include "common/RadioCodes.h"
 #include "platform/Conversions.h"
 #include "radioui/ArrayRows.h"
-#include "tier/LibraryArray.h"
-#include "tier/Procedure.h"
-#include "tier/RadioCodes.h"
 
 namespace modPersonalityOptions {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 /// Options that the radio holds as one array and the forms as plain fields. All in record 1, whatever the
 /// record.

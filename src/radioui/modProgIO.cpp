@@ -5,12 +5,12 @@
 #include <span>
 #include <string>
 
+#include "common/Handles.h"
+#include "common/Procedure.h"
+#include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "platform/DecimalText.h"
-#include "tier/Handles.h"
-#include "tier/Procedure.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modProgIO {
 namespace {

@@ -4,13 +4,13 @@
 #include <iterator>
 #include <string>
 
+#include "common/Procedure.h"
+#include "common/RadioCodes.h"
+#include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "radioui/ItemLists.h"
 #include "radioui/modProgIO.h"
-#include "tier/Procedure.h"
-#include "tier/RadioCodes.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modProgIOLists {
 namespace {

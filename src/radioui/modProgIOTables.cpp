@@ -1,5 +1,5 @@
+#include "common/Lookup.h"
 #include "radioui/modProgIO.h"
-#include "tier/Lookup.h"
 
 namespace modProgIO {
 // clang-format off

@@ -1,9 +1,9 @@
 #include "radioui/modUIPreferences.h"
 
+#include "common/Procedure.h"
+#include "common/RadioCodes.h"
+#include "common/modCommonGlobals.h"
 #include "platform/Conversions.h"
-#include "tier/Procedure.h"
-#include "tier/RadioCodes.h"
-#include "tier/modCommonGlobals.h"
 
 namespace modUIPreferences {
 namespace {

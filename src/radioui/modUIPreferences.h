@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 /// The preferences of the user interface between the radio and the forms.
 namespace modUIPreferences {

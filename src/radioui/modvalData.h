@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tier/ValidatorRef.h"
+#include "common/ValidatorRef.h"
 
 /// The check of the data form when it is left. True lets the user go.
 namespace modvalData {

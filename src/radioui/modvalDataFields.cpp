@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "common/Messages.h"
+#include "common/RadioCodes.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
-#include "tier/Messages.h"
-#include "tier/RadioCodes.h"
 
 namespace modvalDataFields {
 namespace {

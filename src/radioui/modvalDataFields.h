@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tier/FieldEdit.h"
+#include "common/FieldEdit.h"
 
 /// The rules of the data form: serial ports, Transparent Mode, VHSD modem, short data messages. All fields
 /// are in record 1. True lets the host keep the change.

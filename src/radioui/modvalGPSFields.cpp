@@ -1,10 +1,10 @@
 #include "radioui/modvalGPSFields.h"
 
+#include "common/Messages.h"
+#include "common/RadioCodes.h"
+#include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
-#include "tier/Messages.h"
-#include "tier/RadioCodes.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modvalGPSFields {
 bool ValidateGPSEnabled(FieldEdit& edit) {

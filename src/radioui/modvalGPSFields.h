@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tier/FieldEdit.h"
+#include "common/FieldEdit.h"
 
 /// The rules of the GPS form. Its fields are in record 1. True lets the host keep
 /// the change.

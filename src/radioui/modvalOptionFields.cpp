@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
+#include "common/Messages.h"
+#include "common/RadioCodes.h"
 #include "platform/Conversions.h"
-#include "tier/Messages.h"
-#include "tier/RadioCodes.h"
 
 namespace modvalOptionFields {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tier/FieldEdit.h"
+#include "common/FieldEdit.h"
 
 /// The rules of the radio's options, in record 1. True lets the host keep the change.
 namespace modvalOptionFields {

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "tier/Messages.h"
-#include "tier/Procedure.h"
-#include "tier/RadioCodes.h"
+#include "common/Messages.h"
+#include "common/Procedure.h"
+#include "common/RadioCodes.h"
 
 namespace modvalUIPreference {
 bool ValidateBacklight(FieldEdit& edit) { return !edit.Is(Backlight::kContinuous) || ValidateFuncKey(edit); }

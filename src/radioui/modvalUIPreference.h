@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tier/FieldEdit.h"
+#include "common/FieldEdit.h"
 
 namespace modvalUIPreference {
 /// A backlight that is always on leaves nothing to keys that switch it. True lets the host keep the change.

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <iterator>
 
+#include "common/Procedure.h"
+#include "common/RadioCodes.h"
+#include "common/modCommonGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "selcall/modSelcallMapping.h"
-#include "tier/Procedure.h"
-#include "tier/RadioCodes.h"
-#include "tier/modCommonGlobals.h"
 
 namespace modFreeFormat {
 namespace {

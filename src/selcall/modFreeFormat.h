@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 /// Free-format sequences: telegrams of the user's own making, seven for each Selcall system. A record of
 /// table 49 holds the bursts of one; the record of its system in table 29 mirrors the whole sequence.

@@ -3,11 +3,11 @@
 #include <iterator>
 #include <memory>
 
+#include "common/LibraryArray.h"
+#include "common/Procedure.h"
+#include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
-#include "tier/LibraryArray.h"
-#include "tier/Procedure.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modSelcallMapping {
 namespace {

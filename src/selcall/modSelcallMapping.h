@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 /// Tone sequences between the radio and the forms. The radio holds an array with one column: row 0 is
 /// unused, rows 1 to n hold tone codes. The form shows a character a tone: "0" to "9" and "A" to "F" are

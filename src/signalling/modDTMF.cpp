@@ -4,9 +4,9 @@
 #include <iterator>
 #include <string>
 
+#include "common/Procedure.h"
 #include "platform/Conversions.h"
 #include "selcall/modSelcallMapping.h"
-#include "tier/Procedure.h"
 
 namespace modDTMF {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 /// DTMF sequences: "*" and "#" on the form are the codes 15 and 14 in the radio.
 namespace modDTMF {

@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "common/Procedure.h"
+#include "common/modCommonGlobals.h"
+#include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
-#include "tier/Procedure.h"
-#include "tier/modCommonGlobals.h"
-#include "tier/modProjectGlobals.h"
 
 namespace modMDC1200 {
 namespace {

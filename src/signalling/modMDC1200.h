@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 /// MDC1200 systems: the form shows identity and sequences as hexadecimal text of at least four digits, the
 /// radio holds decimal text.

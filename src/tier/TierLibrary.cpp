@@ -4,12 +4,12 @@
 #include <filesystem>
 #include <fstream>
 
+#include "common/HostServices.h"
+#include "common/LibraryObject.h"
 #include "platform/Border.h"
 #include "platform/CaseText.h"
 #include "platform/System.h"
 #include "provider/clsKD4410ProvOwn.h"
-#include "tier/HostServices.h"
-#include "tier/LibraryObject.h"
 #include "tier/clsKD4410Tier.h"
 #include "tier/clsSchema.h"
 #include "ui/clsTierUI.h"

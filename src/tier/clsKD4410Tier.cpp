@@ -1,12 +1,12 @@
 #include "tier/clsKD4410Tier.h"
 
+#include "common/Handles.h"
+#include "common/HostServices.h"
+#include "common/Procedure.h"
+#include "common/modRaiseError.h"
 #include "platform/Border.h"
 #include "provider/clsKD4410ProvOwn.h"
-#include "tier/Handles.h"
-#include "tier/HostServices.h"
-#include "tier/Procedure.h"
 #include "tier/clsSchema.h"
-#include "tier/modRaiseError.h"
 #include "ui/clsTierUI.h"
 #include "validation/cKD4410TierValidator.h"
 

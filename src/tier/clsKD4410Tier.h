@@ -1,8 +1,8 @@
 #pragma once
 
+#include "common/LibraryObject.h"
+#include "common/TierChild.h"
 #include "host/Itier.h"
-#include "tier/LibraryObject.h"
-#include "tier/TierChild.h"
 
 /// The tier object: owns the four children that answer the host and knows the database version that is
 /// current.

@@ -1,9 +1,9 @@
 #include "tier/clsSchema.h"
 
+#include "common/Handles.h"
+#include "common/HostServices.h"
+#include "common/Procedure.h"
 #include "platform/CaseText.h"
-#include "tier/Handles.h"
-#include "tier/HostServices.h"
-#include "tier/Procedure.h"
 #include "tier/colProvInfo.h"
 #include "tier/modItierSchemaSupport.h"
 

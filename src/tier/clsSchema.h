@@ -1,9 +1,9 @@
 #pragma once
 
+#include "common/LibraryObject.h"
+#include "common/TierChild.h"
 #include "host/ItierSchema.h"
 #include "platform/KeyedCollection.h"
-#include "tier/LibraryObject.h"
-#include "tier/TierChild.h"
 
 class clsSchema final : public ItierSchema, public TierChild, private LibraryObject {
  public:

@@ -2,9 +2,9 @@
 
 #include <memory>
 
+#include "common/LibraryObject.h"
 #include "host/IcolProvInfo.h"
 #include "platform/KeyedCollection.h"
-#include "tier/LibraryObject.h"
 
 /// The versions of a tier under their keys. Its errors go to the caller as they are. `Exists` never answers
 /// false on purpose: an absent key raises the collection's error.

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "common/Handles.h"
 #include "platform/CaseText.h"
-#include "tier/Handles.h"
 #include "tier/colProvInfo.h"
 
 namespace modItierSchemaSupport {

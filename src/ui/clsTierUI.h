@@ -1,8 +1,8 @@
 #pragma once
 
+#include "common/LibraryObject.h"
+#include "common/TierChild.h"
 #include "host/ItierUserInterface.h"
-#include "tier/LibraryObject.h"
-#include "tier/TierChild.h"
 
 class clsTierUI final : public ItierUserInterface, public TierChild, private LibraryObject {
  public:

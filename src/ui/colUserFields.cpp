@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "tier/DataFile.h"
-#include "tier/Procedure.h"
+#include "common/DataFile.h"
+#include "common/Procedure.h"
 
 namespace {
 /// Stores one piece of a row.

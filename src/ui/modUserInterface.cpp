@@ -1,8 +1,8 @@
 #include "ui/modUserInterface.h"
 
+#include "common/HostServices.h"
+#include "common/Procedure.h"
 #include "platform/System.h"
-#include "tier/HostServices.h"
-#include "tier/Procedure.h"
 
 namespace modUserInterface {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
 #include "radioui/modProgIO.h"
-#include "tier/modProjectGlobals.h"
 
 using Kind = Condition::Kind;
 

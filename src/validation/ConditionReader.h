@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 #include "validation/Conditions.h"
 
 /// Reads conditions from a personality, for one control of one record.

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <iterator>
 
+#include "common/RadioCodes.h"
+#include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
-#include "tier/RadioCodes.h"
-#include "tier/modProjectGlobals.h"
 
 using Kind = Condition::Kind;
 

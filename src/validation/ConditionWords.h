@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "common/ValidatorRef.h"
 #include "host/IenablementReasons.h"
-#include "tier/ValidatorRef.h"
 #include "validation/ConditionReader.h"
 
 /// Puts conditions into words, with the labels that the forms show.

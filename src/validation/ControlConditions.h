@@ -1,8 +1,8 @@
 #pragma once
 
 #include "channels/modBandLimits.h"
-#include "tier/RadioCodes.h"
-#include "tier/modProjectGlobals.h"
+#include "common/RadioCodes.h"
+#include "common/modProjectGlobals.h"
 #include "validation/Conditions.h"
 
 /// The conditions of the controls, each under a name of its own.

@@ -1,8 +1,8 @@
 #include "validation/cKD4410TierValidator.h"
 
+#include "common/Grids.h"
+#include "common/ValidatorRef.h"
 #include "platform/Border.h"
-#include "tier/Grids.h"
-#include "tier/ValidatorRef.h"
 #include "validation/modvalEnablement.h"
 #include "validation/modvalFields.h"
 #include "validation/modvalForms.h"

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "common/LibraryObject.h"
+#include "common/TierChild.h"
 #include "host/IenablementReasons.h"
 #include "host/ItierValidator.h"
-#include "tier/LibraryObject.h"
-#include "tier/TierChild.h"
 
 class cKD4410TierValidator final : public ItierValidator,
                                    public IenablementReasons,

@@ -1,6 +1,6 @@
 #include "validation/modvalEnablement.h"
 
-#include "tier/Procedure.h"
+#include "common/Procedure.h"
 #include "validation/ConditionReader.h"
 #include "validation/ConditionWords.h"
 

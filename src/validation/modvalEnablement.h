@@ -3,8 +3,8 @@
 #include <span>
 #include <string_view>
 
+#include "common/ValidatorRef.h"
 #include "host/IenablementReasons.h"
-#include "tier/ValidatorRef.h"
 
 struct Condition;
 

@@ -1,4 +1,4 @@
-#include "tier/Lookup.h"
+#include "common/Lookup.h"
 #include "validation/EnablementRows.h"
 
 namespace modvalEnablement {

@@ -2,6 +2,8 @@
 
 #include "channels/modvalBandLimits.h"
 #include "channels/modvalChannels.h"
+#include "common/Lookup.h"
+#include "common/Procedure.h"
 #include "networks/modvalEmergency.h"
 #include "networks/modvalEmergencyFields.h"
 #include "networks/modvalNetworkFields.h"
@@ -10,8 +12,6 @@
 #include "radioui/modvalGPSFields.h"
 #include "radioui/modvalOptionFields.h"
 #include "radioui/modvalUIPreference.h"
-#include "tier/Lookup.h"
-#include "tier/Procedure.h"
 #include "validation/modvalSwitches.h"
 
 namespace modvalFields {

@@ -3,7 +3,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tier/FieldEdit.h"
+#include "common/FieldEdit.h"
 
 namespace modvalFields {
 /// Judges a changed value by the rule of its UIID, in any case; a UIID without a rule is true.

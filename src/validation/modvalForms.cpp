@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "channels/modvalChannels.h"
+#include "common/Procedure.h"
 #include "networks/modvalNetworks.h"
 #include "platform/CaseText.h"
 #include "radioui/modvalData.h"
-#include "tier/Procedure.h"
 
 namespace modvalForms {
 namespace {

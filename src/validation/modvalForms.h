@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "tier/ValidatorRef.h"
+#include "common/ValidatorRef.h"
 
 namespace modvalForms {
 /// Whether a form may be left; a form without a check may.

@@ -4,13 +4,13 @@
 
 #include "channels/modBandLimits.h"
 #include "channels/modvalChannels.h"
+#include "common/FormWrites.h"
+#include "common/Messages.h"
+#include "common/Procedure.h"
+#include "common/RadioCodes.h"
+#include "common/StoredValues.h"
 #include "networks/modvalNetworkChecks.h"
 #include "platform/Conversions.h"
-#include "tier/FormWrites.h"
-#include "tier/Messages.h"
-#include "tier/Procedure.h"
-#include "tier/RadioCodes.h"
-#include "tier/StoredValues.h"
 
 namespace modvalKD4410FinalValidation {
 namespace {

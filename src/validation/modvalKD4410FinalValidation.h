@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tier/ValidatorRef.h"
+#include "common/ValidatorRef.h"
 
 namespace modvalKD4410FinalValidation {
 /// What holds over the whole personality before a save. The rules run in their order; the first that refuses,

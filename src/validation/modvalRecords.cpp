@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "channels/modvalChannels.h"
+#include "common/Messages.h"
+#include "common/Procedure.h"
 #include "networks/modNetworkRecords.h"
 #include "networks/modvalNetworks.h"
-#include "tier/Messages.h"
-#include "tier/Procedure.h"
 
 namespace modvalRecords {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "tier/ValidatorRef.h"
+#include "common/ValidatorRef.h"
 
 namespace modvalRecords {
 /// False for a table whose rules the tier does not have yet. A table that needs none has all it needs.

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "common/Lookup.h"
 #include "platform/CaseText.h"
-#include "tier/Lookup.h"
 #include "validation/ConditionReader.h"
 #include "validation/EnablementRows.h"
 

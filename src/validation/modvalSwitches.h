@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "tier/FieldEdit.h"
+#include "common/FieldEdit.h"
 
 struct Condition;
 

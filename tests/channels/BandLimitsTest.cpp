@@ -1,8 +1,8 @@
 #include "channels/modBandLimits.h"
 
+#include "common/modProjectGlobals.h"
 #include "platform/Error.h"
 #include "tests/channels/ChannelFixture.h"
-#include "tier/modProjectGlobals.h"
 
 namespace {
 using namespace modBandLimits;

@@ -1,11 +1,11 @@
+#include "common/Handles.h"
+#include "common/RadioCodes.h"
+#include "common/modProjectGlobals.h"
 #include "host/IproviderOwner.h"
 #include "platform/XArrayDBObject.h"
 #include "radioui/modProgIOLists.h"
 #include "tests/channels/ChannelFixture.h"
 #include "tests/support/ErrorNumberOf.h"
-#include "tier/Handles.h"
-#include "tier/RadioCodes.h"
-#include "tier/modProjectGlobals.h"
 
 namespace {
 using testing::ElementsAre;

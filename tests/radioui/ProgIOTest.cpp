@@ -1,8 +1,8 @@
 #include "radioui/modProgIO.h"
 
+#include "common/Handles.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/support/TierFixture.h"
-#include "tier/Handles.h"
 
 namespace {
 using namespace modProgIO;

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
+#include "common/HostServices.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/support/FakeHost.h"
-#include "tier/HostServices.h"
 #include "tier/clsSchema.h"
 #include "tier/colProvInfo.h"
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "common/Handles.h"
 #include "host/Itier.h"
-#include "tier/Handles.h"
 
 /// What a rule works with, all of it fetched anew on every call: the tier, its current provider, its
 /// messenger, and the caption of the validator host.

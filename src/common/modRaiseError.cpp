@@ -1,10 +1,10 @@
-#include "tier/modRaiseError.h"
+#include "common/modRaiseError.h"
 
 #include <vector>
 
+#include "common/modCommonErrorHandler.h"
+#include "common/modCommonGlobals.h"
 #include "host/Imessenger.h"
-#include "tier/modCommonErrorHandler.h"
-#include "tier/modCommonGlobals.h"
 
 namespace modRaiseError {
 namespace {

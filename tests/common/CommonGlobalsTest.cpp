@@ -1,12 +1,12 @@
-#include "tier/modCommonGlobals.h"
+#include "common/modCommonGlobals.h"
 
 #include <gmock/gmock.h>
 
+#include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
 #include "platform/Locale.h"
 #include "tests/support/ErrorNumberOf.h"
 #include "tests/support/TierFixture.h"
-#include "tier/modProjectGlobals.h"
 
 namespace {
 using namespace modCommonGlobals;

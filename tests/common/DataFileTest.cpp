@@ -1,4 +1,4 @@
-#include "tier/DataFile.h"
+#include "common/DataFile.h"
 
 #include <gtest/gtest.h>
 

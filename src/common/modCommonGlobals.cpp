@@ -1,4 +1,4 @@
-#include "tier/modCommonGlobals.h"
+#include "common/modCommonGlobals.h"
 
 #include <algorithm>
 #include <charconv>

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "tier/ValidatorRef.h"
+#include "common/ValidatorRef.h"
 
 /// What one rule does to the forms: the fields that it writes, which the forms are to reload, and the
 /// controls that change their state. A rule shows its texts, writes what depends on it, and then the forms

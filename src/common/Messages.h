@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "tier/ValidatorRef.h"
+#include "common/ValidatorRef.h"
 
 /// The boxes that a rule shows. The title is the caption of the validator host, a blank and "Error" or
 /// "Warning"; `parameters` fill %0:S, %1:S, ... of the template.

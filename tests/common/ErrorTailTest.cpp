@@ -1,10 +1,10 @@
 #include <gmock/gmock.h>
 
+#include "common/HostServices.h"
+#include "common/Procedure.h"
+#include "common/modRaiseError.h"
 #include "tests/support/FakeHost.h"
-#include "tier/HostServices.h"
-#include "tier/Procedure.h"
 #include "tier/clsKD4410Tier.h"
-#include "tier/modRaiseError.h"
 
 namespace {
 using testing::ElementsAre;

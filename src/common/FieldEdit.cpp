@@ -1,7 +1,7 @@
-#include "tier/FieldEdit.h"
+#include "common/FieldEdit.h"
 
+#include "common/StoredValues.h"
 #include "platform/Conversions.h"
-#include "tier/StoredValues.h"
 
 bool FieldEdit::Is(std::int32_t code) const { return IsCode(value, code); }
 

@@ -1,9 +1,9 @@
-#include "tier/Procedure.h"
+#include "common/Procedure.h"
 
 #include <exception>
 
-#include "tier/modCommonErrorHandler.h"
-#include "tier/modRaiseError.h"
+#include "common/modCommonErrorHandler.h"
+#include "common/modRaiseError.h"
 
 namespace {
 /// The fault in flight, whatever carries it.

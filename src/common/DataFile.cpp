@@ -1,13 +1,13 @@
-#include "tier/DataFile.h"
+#include "common/DataFile.h"
 
 #include <cmath>
 #include <fstream>
 #include <limits>
 
+#include "common/modCommonGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/DecimalText.h"
 #include "platform/Error.h"
-#include "tier/modCommonGlobals.h"
 
 namespace {
 constexpr std::string_view kScrambledMark = "PCA Set";

@@ -1,4 +1,4 @@
-#include "tier/Grids.h"
+#include "common/Grids.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,6 +1,6 @@
-#include "tier/modCommonErrorHandler.h"
+#include "common/modCommonErrorHandler.h"
 
-#include "tier/HostServices.h"
+#include "common/HostServices.h"
 
 namespace modCommonErrorHandler {
 namespace {

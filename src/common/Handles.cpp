@@ -1,8 +1,8 @@
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 #include <exception>
 
-#include "tier/ValidatorRef.h"
+#include "common/ValidatorRef.h"
 
 void RaiseNothing(std::string_view what) {
   throw Error(ErrorNumber::kObjectNotSet, "KD4410", "Object reference not set: " + std::string(what));

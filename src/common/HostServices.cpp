@@ -1,7 +1,7 @@
-#include "tier/HostServices.h"
+#include "common/HostServices.h"
 
+#include "common/Handles.h"
 #include "platform/System.h"
-#include "tier/Handles.h"
 
 namespace HostServices {
 namespace {

@@ -1,4 +1,4 @@
-#include "tier/FormWrites.h"
+#include "common/FormWrites.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
-#include "tier/Messages.h"
+#include "common/Messages.h"
 
 #include <vector>
 
-#include "tier/modCommonGlobals.h"
+#include "common/modCommonGlobals.h"
 
 namespace {
 Button Show(const ValidatorRef& validator, std::string_view message, std::int32_t style,

@@ -2,8 +2,8 @@
 
 #include <memory>
 
+#include "common/LibraryObject.h"
 #include "platform/XArrayDBObject.h"
-#include "tier/LibraryObject.h"
 
 /// An array that the tier makes and the host may keep: it counts as an object of the library, whose code
 /// frees it.

@@ -1,6 +1,6 @@
-#include "tier/TierChild.h"
+#include "common/TierChild.h"
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 void TierChild::Bind(Itier* tier) {
   std::shared_ptr<Iterminator> terminator;

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "tier/FormWrites.h"
+#include "common/FormWrites.h"
 
 /// One edit, on its way through a rule. What `value` holds after the rule passed is what the host stores.
 struct FieldEdit {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 /// Signalling types of a network, as stored in 21.SignallingType.
 namespace SignallingType {

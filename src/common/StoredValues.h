@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "tier/Handles.h"
+#include "common/Handles.h"
 
 /// What a personality holds, for rules that may be asked before a record exists, and in every database
 /// version.

@@ -1,13 +1,13 @@
-#include "tier/modProjectGlobals.h"
+#include "common/modProjectGlobals.h"
 
 #include <algorithm>
 #include <charconv>
 #include <vector>
 
+#include "common/Procedure.h"
+#include "common/modCommonGlobals.h"
 #include "platform/Conversions.h"
 #include "platform/DecimalText.h"
-#include "tier/Procedure.h"
-#include "tier/modCommonGlobals.h"
 
 namespace modProjectGlobals {
 namespace {

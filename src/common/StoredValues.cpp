@@ -1,4 +1,4 @@
-#include "tier/StoredValues.h"
+#include "common/StoredValues.h"
 
 #include "platform/Conversions.h"
 
