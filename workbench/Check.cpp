@@ -6,9 +6,9 @@
 #include "platform/Conversions.h"
 #include "workbench/Forms.h"
 #include "workbench/Provider.h"
-#include "workbench/Report.h"
 #include "workbench/Schema.h"
 #include "workbench/Session.h"
+#include "workbench/ValueText.h"
 
 namespace {
 /// Rules that judge the change to another value and not the value: what is stored is none.
@@ -168,7 +168,7 @@ Finding PersonalityCheck::Origin(const SchemaField& field, std::string rule, std
   finding.table = field.table;
   finding.record = record;
   finding.identity = IdentityOf(session_.Content().GetSchema().TableOf(field), record);
-  finding.value = Report::TextOf(value);
+  finding.value = ValueText::Of(value);
   return finding;
 }
 
@@ -177,5 +177,5 @@ std::string PersonalityCheck::IdentityOf(const SchemaTable& table, RecordNr reco
   const SchemaTable& subject = *content.GetSchema().FindTable(Forms::SubjectOf(table.number));
   if (record > content.Count(subject)) return {};
   const SchemaField* identity = content.GetSchema().IdentityOf(subject);
-  return identity == nullptr ? std::string() : Report::TextOf(content.Get(*identity, record));
+  return identity == nullptr ? std::string() : ValueText::Of(content.Get(*identity, record));
 }

@@ -7,10 +7,10 @@
 #include "workbench/AtomicFile.h"
 #include "workbench/Commands.h"
 #include "workbench/FileError.h"
-#include "workbench/Report.h"
 #include "workbench/Schema.h"
 #include "workbench/TextTable.h"
 #include "workbench/TierLoader.h"
+#include "workbench/TypedNames.h"
 #include "workbench/conform/Check.h"
 #include "workbench/conform/Runner.h"
 
@@ -37,7 +37,7 @@ std::vector<Check> Chosen(const ConformArguments& arguments) {
   for (const std::string& name : arguments.checks) {
     if (std::ranges::find(names, name) != names.end()) continue;
     throw UsageError("there is no check \"" + name + "\" (see kd4410 conform --list)" +
-                     Report::Suggestion(name, names));
+                     TypedNames::Suggestion(name, names));
   }
   std::erase_if(all, [&](const Check& check) {
     if (arguments.checks.empty()) return check.level > arguments.level;

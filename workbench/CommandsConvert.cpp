@@ -13,6 +13,8 @@
 #include "workbench/Report.h"
 #include "workbench/Schema.h"
 #include "workbench/TextTable.h"
+#include "workbench/TypedNames.h"
+#include "workbench/ValueText.h"
 
 namespace {
 
@@ -75,10 +77,10 @@ void PrintLosses(const Session& session, const std::vector<Loss>& losses, std::o
   TextTable table({{""}, {""}, {""}, {""}});
   for (const Loss& loss : losses) {
     if (loss.field != nullptr) {
-      const std::string& name = Report::NameOf(*loss.field);
+      const std::string& name = loss.field->CommonName();
       const std::string label = session.LabelOf(*loss.field);
       table.Add({name, label == name ? "" : label, "record " + std::to_string(loss.record),
-                 Report::TextOf(loss.value)});
+                 ValueText::Of(loss.value)});
     } else {
       table.Add({"table " + std::to_string(loss.table->number), loss.table->title,
                  "records " + std::to_string(loss.record) + " to " + std::to_string(loss.last),
@@ -91,10 +93,10 @@ void PrintLosses(const Session& session, const std::vector<Loss>& losses, std::o
 void PrintOutside(const Session& session, const std::vector<OutsideValue>& values, std::ostream& out) {
   TextTable table({{""}, {""}, {""}, {""}});
   for (const OutsideValue& one : values) {
-    const std::string& name = Report::NameOf(*one.field);
+    const std::string& name = one.field->CommonName();
     const std::string label = session.LabelOf(*one.field);
     table.Add({name, label == name ? "" : label, "record " + std::to_string(one.record),
-               Report::TextOf(one.value) + " is not in " + std::to_string(one.field->minimum) + " to " +
+               ValueText::Of(one.value) + " is not in " + std::to_string(one.field->minimum) + " to " +
                    std::to_string(one.field->maximum)});
   }
   table.Print(out, 4);

@@ -9,6 +9,7 @@
 #include "workbench/Report.h"
 #include "workbench/Schema.h"
 #include "workbench/TextTable.h"
+#include "workbench/ValueText.h"
 
 namespace {
 
@@ -53,7 +54,7 @@ void PrintExtra(const Session& session, const std::vector<ExtraValue>& values, c
   TextTable table({{""}, {""}, {""}, {""}});
   for (const ExtraValue& one : values) {
     const std::string label = session.LabelOf(*one.field);
-    table.Add({one.field->id, label == one.field->id ? "" : label, one.record, Report::TextOf(one.value)});
+    table.Add({one.field->id, label == one.field->id ? "" : label, one.record, ValueText::Of(one.value)});
   }
   table.Print(out, 2);
 }
@@ -65,7 +66,7 @@ void PrintCells(const Session& session, const std::vector<CellDifference>& cells
     out << "Different in " << NameOf(*current) << '\n';
     TextTable table({{"Record"}, {"Field"}, {"A"}, {"B"}});
     for (; cell != cells.end() && cell->table == current; ++cell) {
-      table.Add({cell->record, PlaceOf(session, *cell), Report::TextOf(cell->a), Report::TextOf(cell->b)});
+      table.Add({cell->record, PlaceOf(session, *cell), ValueText::Of(cell->a), ValueText::Of(cell->b)});
     }
     table.Print(out, 2);
   }

@@ -9,6 +9,8 @@
 #include "workbench/Report.h"
 #include "workbench/Schema.h"
 #include "workbench/TextTable.h"
+#include "workbench/TypedNames.h"
+#include "workbench/ValueText.h"
 
 namespace {
 
@@ -26,11 +28,11 @@ ExitCode Get(const EditArguments& arguments, Workplace& workplace) {
   OpenedFile opened(workplace, arguments.file, workplace.Messenger());
   opened.GetSession().ConvertToForms();
   const Provider& content = opened.Content();
-  const SchemaField& field = Report::FieldNamed(content.GetSchema(), arguments.name);
+  const SchemaField& field = TypedNames::FieldNamed(content.GetSchema(), arguments.name);
   RecordNr first = 1;
   RecordNr last = content.Count(field.table);
   if (arguments.record != 0) {
-    Report::RequireRecord(content, field, arguments.record);
+    TypedNames::RequireRecord(content, field, arguments.record);
     first = last = arguments.record;
   }
   Json values = Json::array();
@@ -38,11 +40,11 @@ ExitCode Get(const EditArguments& arguments, Workplace& workplace) {
     if (workplace.options.json) {
       values.push_back({{"record", record}, {"value", Report::JsonOf(content.Get(field, record))}});
     } else {
-      workplace.Out() << Report::TextOf(content.Get(field, record)) << '\n';
+      workplace.Out() << ValueText::Of(content.Get(field, record)) << '\n';
     }
   }
   if (workplace.options.json) {
-    workplace.Emit({{"name", Report::NameOf(field)}, {"fieldId", field.id}, {"values", std::move(values)}});
+    workplace.Emit({{"name", field.CommonName()}, {"fieldId", field.id}, {"values", std::move(values)}});
   }
   return ExitCode::Done;
 }
@@ -70,15 +72,15 @@ struct Edited {
 };
 
 std::string NotHeld(const EditResult& result) {
-  return "\"" + Report::TextOf(result.left) + "\" is no value that the radio can hold here; it keeps \"" +
-         Report::TextOf(result.now) + "\"";
+  return "\"" + ValueText::Of(result.left) + "\" is no value that the radio can hold here; it keeps \"" +
+         ValueText::Of(result.now) + "\"";
 }
 
 /// Why the value does not come back.
 std::string ReasonOf(const LostValue& lost) {
   const bool isAsBefore = lost.back.IsEmpty() || SameCell(lost.back, lost.before);
   if (!isAsBefore || SameCell(lost.back, lost.now)) {
-    return ", which comes back as \"" + Report::TextOf(lost.back) + "\"";
+    return ", which comes back as \"" + ValueText::Of(lost.back) + "\"";
   }
   return lost.field->IsRaw() ? ", for the tier makes the field from another one of the forms"
                              : ", for the tier does not convert the field for the radio";
@@ -89,11 +91,11 @@ std::string WouldBeLost(const Edited& edited, const Session& session) {
   if (lost.field == &edited.field && lost.record == edited.arguments.record) {
     return "a save would lose the value" + ReasonOf(lost);
   }
-  const std::string place = session.LabelOf(*lost.field) + " (" + Report::NameOf(*lost.field) + "), record " +
+  const std::string place = session.LabelOf(*lost.field) + " (" + lost.field->CommonName() + "), record " +
                             std::to_string(lost.record);
-  const std::string value = "\"" + Report::TextOf(lost.now) + "\"";
+  const std::string value = "\"" + ValueText::Of(lost.now) + "\"";
   if (SameCell(lost.before, lost.now)) {
-    return "a save would make \"" + Report::TextOf(lost.back) + "\" of the value " + value + " of " + place;
+    return "a save would make \"" + ValueText::Of(lost.back) + "\" of the value " + value + " of " + place;
   }
   return "a save would lose the value " + value + " that the edit gives to " + place + ReasonOf(lost);
 }
@@ -117,7 +119,7 @@ Json JsonOf(const Session& session, const std::vector<CellDifference>& stored) {
 /// By its meaning, and behind it what is stored where that is something else.
 std::string TextOf(const CellDifference& cell) {
   const auto text = [](const Variant& value) {
-    return value.IsEmpty() ? "(no record)" : Report::TextOf(value);
+    return value.IsEmpty() ? "(no record)" : ValueText::Of(value);
   };
   const std::string meant = text(cell.a) + " -> " + text(cell.b);
   const std::string stored = text(cell.storedA) + " -> " + text(cell.storedB);
@@ -171,7 +173,7 @@ void PrintEdit(const Edited& edited, const Session& session, std::ostream& out) 
   } else if (edited.lost) {
     out << "\"" << edited.arguments.value << "\": " << WouldBeLost(edited, session) << '\n';
   } else if (result.accepted) {
-    out << Report::TextOf(result.before) << " -> " << Report::TextOf(result.now) << '\n';
+    out << ValueText::Of(result.before) << " -> " << ValueText::Of(result.now) << '\n';
   } else if (result.refusal.starts_with('"')) {  // it names the value itself
     out << result.refusal << '\n';
   } else {
@@ -200,12 +202,12 @@ ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
   const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
   OpenedFile opened(workplace, arguments.file, messenger);
   Session& session = opened.GetSession();
-  const SchemaField& field = Report::FieldNamed(opened.Content().GetSchema(), arguments.name);
+  const SchemaField& field = TypedNames::FieldNamed(opened.Content().GetSchema(), arguments.name);
   const std::string& uiid = EditedName(field, arguments.name);
   ComparedPersonality before{opened.Content().Copy(), nullptr};
   session.ConvertToForms();
   before.forms = opened.Content().Copy();
-  Report::RequireRecord(opened.Content(), field, arguments.record);
+  TypedNames::RequireRecord(opened.Content(), field, arguments.record);
 
   if (!Forms::TurnTo(session, field.table, arguments.record)) {
     throw UsageError("the tier refuses to show record " + std::to_string(arguments.record) + " on the form");

@@ -6,9 +6,10 @@
 #include "platform/XArrayDBObject.h"
 #include "workbench/Commands.h"
 #include "workbench/Provider.h"
-#include "workbench/Report.h"
 #include "workbench/Schema.h"
 #include "workbench/TextTable.h"
+#include "workbench/TypedNames.h"
+#include "workbench/ValueText.h"
 
 namespace {
 
@@ -43,7 +44,7 @@ ExitCode MakeNew(const NewArguments& arguments, Workplace& workplace) {
   session.ConvertToForms();
   if (!arguments.band.empty()) {
     // No rule to ask: it would judge channels that are not there yet.
-    session.Store(Report::FieldNamed(opened.Content().GetSchema(), "Band_k6k"), 1,
+    session.Store(TypedNames::FieldNamed(opened.Content().GetSchema(), "Band_k6k"), 1,
                   BandPosition(session, arguments.band));
   }
   opened.Save();
@@ -60,7 +61,7 @@ std::string BandOf(OpenedFile& opened) {
   Session& session = opened.GetSession();
   XArrayDBObject bands;
   session.Host().Require(session.Host().Owner().GetBands(bands));
-  const std::string position = Report::TextAt(opened.Content(), "Band_k6k", 1);
+  const std::string position = ValueText::At(opened.Content(), "Band_k6k", 1);
   return IsNumeric(position) && CLng(position) >= 0 && CLng(position) <= bands.UpperBound(1)
              ? CStr(bands.GetValue(CLng(position), 0))
              : "unknown";

@@ -11,6 +11,8 @@
 #include "workbench/Report.h"
 #include "workbench/Schema.h"
 #include "workbench/TextTable.h"
+#include "workbench/TypedNames.h"
+#include "workbench/ValueText.h"
 
 namespace {
 
@@ -76,7 +78,7 @@ void PrintReadings(const std::vector<EnablementReading>& readings, std::ostream&
   for (const EnablementReading& reading : readings) {
     const bool exists = reading.exists != kFalse;
     table.Add({reading.field, reading.test, reading.record == 0 ? "" : std::to_string(reading.record),
-               exists ? Report::TextOf(reading.value) : "no such record",
+               exists ? ValueText::Of(reading.value) : "no such record",
                reading.holds != kFalse ? "yes" : "no"});
   }
   table.Print(out, 2);
@@ -101,9 +103,9 @@ ExitCode OneControl(const EnabledArguments& arguments, Workplace& workplace) {
   RequireFromOne(arguments.record);
   OpenedFile opened(workplace, arguments.file, workplace.Messenger());
   Session& session = opened.GetSession();
-  const SchemaField& field = Report::FieldNamed(opened.Content().GetSchema(), arguments.uiid);
+  const SchemaField& field = TypedNames::FieldNamed(opened.Content().GetSchema(), arguments.uiid);
   if (field.uiids.empty()) throw UsageError(field.id + " has no control on a form");
-  const std::string& uiid = Report::NameOf(field);
+  const std::string& uiid = field.CommonName();
   session.ConvertToForms();
   ShowRecord(opened.Content(), field.table, arguments.record);
 
@@ -210,7 +212,7 @@ void TurnToGiven(Session& session, const Form& form, RecordNr record) {
   const Schema& schema = session.Content().GetSchema();
   if (form.subject == Form::kNoSubject)
     throw UsageError("the form " + std::string(form.title) + " does not show one record of several");
-  Report::RequireRecord(session.Content(), *schema.FindTable(form.subject), record);
+  TypedNames::RequireRecord(session.Content(), *schema.FindTable(form.subject), record);
   if (!Forms::TurnTo(session, form.subject, record))
     throw UsageError("the tier refuses to show record " + std::to_string(record) + " on the form");
 }

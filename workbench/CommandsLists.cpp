@@ -6,9 +6,9 @@
 #include "workbench/ComboList.h"
 #include "workbench/Commands.h"
 #include "workbench/Provider.h"
-#include "workbench/Report.h"
 #include "workbench/Schema.h"
 #include "workbench/TextTable.h"
+#include "workbench/TypedNames.h"
 
 namespace {
 
@@ -43,8 +43,8 @@ struct ComboArguments {
 ExitCode Combo(const ComboArguments& arguments, Workplace& workplace) {
   OpenedFile opened(workplace, arguments.file, workplace.Messenger());
   opened.GetSession().ConvertToForms();
-  const SchemaField& field = Report::FieldNamed(opened.Content().GetSchema(), arguments.uiid);
-  const std::string& uiid = Report::NameOf(field);
+  const SchemaField& field = TypedNames::FieldNamed(opened.Content().GetSchema(), arguments.uiid);
+  const std::string& uiid = field.CommonName();
   const ComboList list = ComboListOf(opened.GetSession().Host(), opened.Content(), uiid, arguments.record);
   if (workplace.options.json) {
     workplace.Emit({{"uiid", uiid},

@@ -6,6 +6,7 @@
 #include "workbench/Commands.h"
 #include "workbench/FileError.h"
 #include "workbench/TierLoader.h"
+#include "workbench/TypedNames.h"
 #include "workbench/border/Recorder.h"
 #include "workbench/border/Replayer.h"
 

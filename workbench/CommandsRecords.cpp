@@ -8,6 +8,7 @@
 #include "workbench/RecordEdits.h"
 #include "workbench/Report.h"
 #include "workbench/Schema.h"
+#include "workbench/ValueText.h"
 
 namespace {
 
@@ -41,7 +42,7 @@ void Print(const Edited& edited, const Session& session, std::ostream& out) {
   out << edited.table.title << ", "
       << (result.record == 0 ? "new record" : "record " + std::to_string(result.record));
   if (const SchemaField* identity = edited.Identity(session)) {
-    out << " (" << session.LabelOf(*identity) << ' ' << Report::TextOf(result.identity) << ')';
+    out << " (" << session.LabelOf(*identity) << ' ' << ValueText::Of(result.identity) << ')';
   }
   const char* done = edited.verb == Verb::Add ? "added" : "deleted";
   out << ": " << (result.accepted ? done : result.refusal) << '\n';
@@ -58,7 +59,7 @@ Json JsonOf(const Edited& edited, const Session& session, const std::vector<Show
                {"title", edited.table.title}};
   if (result.record != 0) data["record"] = result.record;
   if (const SchemaField* identity = edited.Identity(session)) {
-    data["identity"] = {{"name", Report::NameOf(*identity)},
+    data["identity"] = {{"name", identity->CommonName()},
                         {"label", session.LabelOf(*identity)},
                         {"value", Report::JsonOf(result.identity)}};
   }

@@ -7,6 +7,7 @@
 #include "workbench/Commands.h"
 #include "workbench/Schema.h"
 #include "workbench/TextTable.h"
+#include "workbench/TypedNames.h"
 
 namespace {
 

@@ -6,6 +6,7 @@
 
 #include "workbench/Commands.h"
 #include "workbench/FileError.h"
+#include "workbench/TypedNames.h"
 
 namespace {
 

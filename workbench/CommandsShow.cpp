@@ -11,6 +11,8 @@
 #include "workbench/Report.h"
 #include "workbench/Schema.h"
 #include "workbench/TextTable.h"
+#include "workbench/TypedNames.h"
+#include "workbench/ValueText.h"
 
 namespace {
 
@@ -70,7 +72,7 @@ void ShowView(const View& view, const Provider& content, Workplace& workplace) {
     std::vector<std::string> row = {std::to_string(record)};
     Json item = {{"record", record}};
     for (const ViewColumn& column : view.columns) {
-      row.push_back(Worded(Report::TextAt(content, column.field, record), column.words));
+      row.push_back(Worded(ValueText::At(content, column.field, record), column.words));
       item[std::string(column.key)] = row.back();
     }
     table.Add(std::move(row));
@@ -95,10 +97,10 @@ void PrintRecord(Session& session, const SchemaTable& table, RecordNr record, st
   out << "Record " << record << '\n';
   TextTable fields({{""}, {""}, {""}});
   for (const SchemaField& field : session.Content().GetSchema().FieldsOf(table)) {
-    fields.Add({std::string(field.Name()),
-                Report::TextOf(session.Content().Get(field, record)) +
-                    (field.units.empty() ? "" : " " + field.units),
-                field.uiids.empty() ? "" : session.LabelOf(field)});
+    fields.Add(
+        {std::string(field.Name()),
+         ValueText::Of(session.Content().Get(field, record)) + (field.units.empty() ? "" : " " + field.units),
+         field.uiids.empty() ? "" : session.LabelOf(field)});
   }
   fields.Print(out, 2);
 }

@@ -13,10 +13,10 @@
 #include "workbench/ComboList.h"
 #include "workbench/Provider.h"
 #include "workbench/RecordKeys.h"
-#include "workbench/Report.h"
 #include "workbench/Schema.h"
 #include "workbench/Session.h"
 #include "workbench/TabbedFile.h"
+#include "workbench/TypedNames.h"
 #include "workbench/Utf8.h"
 #include "workbench/ValueLists.h"
 
@@ -145,7 +145,7 @@ std::string Hint(const ComboList& list, std::string_view typed) {
   std::vector<std::string> texts;
   for (const ComboItem& item : list.items) texts.push_back(item.text);
   const bool areNumbers = std::ranges::all_of(texts, IsNumericText);
-  std::string near = areNumbers ? "" : Report::Suggestion(typed, texts);
+  std::string near = areNumbers ? "" : TypedNames::Suggestion(typed, texts);
   if (!near.empty()) return near;
   const std::string all = ListOf(texts);
   return all.size() > kLongest ? "" : "; it has " + all;

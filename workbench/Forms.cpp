@@ -5,10 +5,9 @@
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "workbench/Provider.h"
-#include "workbench/Report.h"
 #include "workbench/Schema.h"
 #include "workbench/Session.h"
-#include "workbench/Workplace.h"
+#include "workbench/TypedNames.h"
 
 namespace {
 
@@ -116,7 +115,7 @@ const Form& Named(std::string_view text) {
   const auto* form = std::ranges::find_if(kForms, [&](const Form& one) { return IsCalled(one, text); });
   if (form != std::end(kForms)) return *form;
   throw UsageError("there is no form \"" + std::string(text) + "\" (see kd4410 form --list)" +
-                   Report::Suggestion(text, AllCalls()));
+                   TypedNames::Suggestion(text, AllCalls()));
 }
 
 std::vector<Control> Controls(Session& session) {
@@ -165,7 +164,7 @@ bool TurnTo(Session& session, std::int32_t table, RecordNr record) {
   const TierHost& host = session.Host();
   Variant value = record;
   Boolean accepted = kFalse;
-  host.Require(host.Validator().ValidateByUIID(Report::NameOf(*pointer), value, 1, accepted));
+  host.Require(host.Validator().ValidateByUIID(pointer->CommonName(), value, 1, accepted));
   if (accepted != kFalse) content.Set(*pointer, 1, value);
   return accepted != kFalse;
 }

@@ -16,8 +16,8 @@
 #include "workbench/PersonalityFile.h"
 #include "workbench/Provider.h"
 #include "workbench/RecordEdits.h"
-#include "workbench/Report.h"
 #include "workbench/Session.h"
+#include "workbench/ValueText.h"
 
 namespace {
 
@@ -202,9 +202,9 @@ std::optional<std::string> RandomHost::ListedItem(const std::string& uiid, Recor
     return has == kFalse ? "none" : "listed";
   });
   if (isSupported && (has == kFalse || items == nullptr)) return {};
-  if (!isSupported || items->Count(1) == 0) return Report::TextOf(Content().Get(uiid, record));  // no choice
+  if (!isSupported || items->Count(1) == 0) return ValueText::Of(Content().Get(uiid, record));  // no choice
   const auto row = static_cast<std::int32_t>(choices_.Below(static_cast<std::size_t>(items->Count(1))));
-  return Report::TextOf(items->GetValue(items->LowerBound(1) + row, 0));
+  return ValueText::Of(items->GetValue(items->LowerBound(1) + row, 0));
 }
 
 std::string RandomHost::Typed(const SchemaField& field, const std::string& uiid, RecordNr record) {
@@ -220,7 +220,7 @@ std::string RandomHost::Typed(const SchemaField& field, const std::string& uiid,
     case 2:
       return std::to_string(field.minimum + static_cast<std::int64_t>(choices_.Below(kNearby)));
     case 3:
-      return Report::TextOf(Content().Get(field, choices_.Record(Content().Count(field.table))));
+      return ValueText::Of(Content().Get(field, choices_.Record(Content().Count(field.table))));
     case 4:
       return choices_.OneIn(2) ? "1" : "0";
     default:
@@ -250,7 +250,7 @@ void RandomHost::AskRule() {
   const Place place = AnyPlace(field.table);
   Variant value = choices_.OddValue();
   const bool isKnown = GetSchema().Find(uiid) != nullptr;
-  Call("ValidateByUIID " + uiid + " " + std::to_string(place.record) + " " + Report::TextOf(value), !isKnown,
+  Call("ValidateByUIID " + uiid + " " + std::to_string(place.record) + " " + ValueText::Of(value), !isKnown,
        [&](Boolean& result) { return Host().Validator().ValidateByUIID(uiid, value, place.record, result); });
 }
 

@@ -8,10 +8,9 @@
 #include "workbench/Difference.h"
 #include "workbench/Forms.h"
 #include "workbench/Provider.h"
-#include "workbench/Report.h"
 #include "workbench/Schema.h"
 #include "workbench/Session.h"
-#include "workbench/Workplace.h"
+#include "workbench/TypedNames.h"
 
 namespace {
 
@@ -91,7 +90,7 @@ const Grid& Grids::Named(const Schema& schema, std::string_view text) {
   std::string names;
   for (const Grid& grid : kGrids) names += (names.empty() ? "" : ", ") + std::string(grid.name);
   throw UsageError("there is no grid \"" + std::string(text) + "\" (the grids are " + names + ")" +
-                   Report::Suggestion(text, std::move(all)));
+                   TypedNames::Suggestion(text, std::move(all)));
 }
 
 RecordEdits::RecordEdits(Session& session, const Grid& grid)
@@ -126,7 +125,7 @@ RecordResult RecordEdits::Add() {
 RecordResult RecordEdits::Delete(RecordNr record) {
   RecordResult result;
   Provider& content = session_.Content();
-  Report::RequireRecord(content, table_, record);
+  TypedNames::RequireRecord(content, table_, record);
   result.record = record;
   result.identity = IdentityOf(record);
   if (content.Count(table_) <= table_.minimum) {

@@ -57,6 +57,8 @@ struct SchemaField {
   bool IsRaw() const { return kind == StorageKind::Raw; }
   /// The name without the table number.
   std::string_view Name() const { return std::string_view(id).substr(id.find('.') + 1); }
+  /// By which the command line calls it: the first of its UIIDs, else the FieldId.
+  const std::string& CommonName() const { return uiids.empty() ? id : uiids.front(); }
   /// An identity is given out from the numbers that no record uses. Its default lies outside
   /// minimum..maximum, so that a new record takes no number away.
   bool isIdentity = false;

@@ -3,7 +3,6 @@
 #include <iosfwd>
 #include <memory>
 #include <nlohmann/json.hpp>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -18,11 +17,6 @@ enum class ExitCode : int {
   No = 1,        // refused, findings
   CouldNot = 2,  // wrong use, a file that can not be used, nothing to work on
   Fault = 3,     // a fault of the tier
-};
-
-/// The command can not be carried out as it was given.
-class UsageError : public std::runtime_error {
-  using std::runtime_error::runtime_error;
 };
 
 /// The options that every command has.

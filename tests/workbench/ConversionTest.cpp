@@ -8,7 +8,7 @@
 #include "tests/workbench/FileHelpers.h"
 #include "tests/workbench/InProcessCommand.h"
 #include "workbench/PersonalityFile.h"
-#include "workbench/Report.h"
+#include "workbench/ValueText.h"
 
 namespace {
 using testing::ElementsAre;
@@ -36,7 +36,7 @@ class ConversionTest : public testing::Test {
       told.push_back((change.field == nullptr
                           ? "count of " + std::to_string(change.table->number)
                           : change.field->id + "[" + std::to_string(change.record) + "]") +
-                     " " + Report::TextOf(change.before) + ">" + Report::TextOf(change.now));
+                     " " + ValueText::Of(change.before) + ">" + ValueText::Of(change.now));
     }
     return told;
   }

@@ -11,8 +11,8 @@
 #include "tests/workbench/FileHelpers.h"
 #include "tests/workbench/InProcessCommand.h"
 #include "workbench/PersonalityFile.h"
-#include "workbench/Report.h"
 #include "workbench/Session.h"
+#include "workbench/ValueText.h"
 
 namespace {
 using testing::ElementsAre;
@@ -81,8 +81,8 @@ class DifferenceTest : public testing::Test {
       told.push_back("B " + std::to_string(one.table->number) + " " + one.record);
     }
     for (const CellDifference& cell : difference.cells) {
-      told.push_back(cell.field->id + " " + cell.record + " " + Report::TextOf(cell.a) + ">" +
-                     Report::TextOf(cell.b));
+      told.push_back(cell.field->id + " " + cell.record + " " + ValueText::Of(cell.a) + ">" +
+                     ValueText::Of(cell.b));
     }
     return told;
   }

@@ -3,8 +3,8 @@
 #include "workbench/Conversion.h"
 #include "workbench/HostObjects.h"
 #include "workbench/Provider.h"
-#include "workbench/Report.h"
 #include "workbench/Schema.h"
+#include "workbench/ValueText.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Operations.h"
 
@@ -63,7 +63,7 @@ std::string Bench::Trail(const Journal& journal) const {
   }
   for (const Change& change : journal.Changes()) {
     trail += change.field == nullptr ? "count of " + std::to_string(change.table->number) : change.field->id;
-    trail += " " + std::to_string(change.record) + " = " + Report::TextOf(change.now) + '\n';
+    trail += " " + std::to_string(change.record) + " = " + ValueText::Of(change.now) + '\n';
   }
   return trail;
 }

@@ -8,8 +8,8 @@
 #include "workbench/Forms.h"
 #include "workbench/Provider.h"
 #include "workbench/RecordEdits.h"
-#include "workbench/Report.h"
 #include "workbench/Schema.h"
+#include "workbench/ValueText.h"
 #include "workbench/conform/Operations.h"
 
 namespace Conform {
@@ -22,7 +22,7 @@ const std::shared_ptr<Provider>& StoreOf(Bench& bench) { return bench.GetSession
 Status Validate(Bench& bench, const Call& call, Answer& answer) {
   Variant value = call.value;
   Status status = ValidatorOf(bench).ValidateByUIID(call.name, value, call.record, answer.result);
-  answer.left = Report::TextOf(value);
+  answer.left = ValueText::Of(value);
   return status;
 }
 
@@ -93,7 +93,7 @@ Status ListItems(Bench& bench, const Call& call, Answer& answer) {
   Status status =
       OwnerOf(bench).GetComboItemsByUIID(StoreOf(bench), call.name, call.record, items, answer.result);
   for (std::int32_t row = 0; items != nullptr && row <= items->UpperBound(1); ++row) {
-    answer.left += Report::TextOf(items->GetValue(row, 0)) + '|';
+    answer.left += ValueText::Of(items->GetValue(row, 0)) + '|';
   }
   return status;
 }
@@ -255,7 +255,7 @@ std::string Call::Text() const {
   std::string text(operation->name);
   if (!name.empty()) text += " " + name;
   if (record != 0) text += " record " + std::to_string(record);
-  if (operation->subject == Subject::FieldRule) text += " value \"" + Report::TextOf(value) + '"';
+  if (operation->subject == Subject::FieldRule) text += " value \"" + ValueText::Of(value) + '"';
   return text;
 }
 

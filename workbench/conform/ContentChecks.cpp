@@ -4,9 +4,9 @@
 #include "platform/CaseText.h"
 #include "workbench/HostObjects.h"
 #include "workbench/Provider.h"
-#include "workbench/Report.h"
 #include "workbench/Schema.h"
 #include "workbench/TierLoader.h"
+#include "workbench/ValueText.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
 #include "workbench/conform/DecimalLocale.h"
@@ -44,7 +44,7 @@ void ExpectSameFile(CheckRun& run, const Personality& personality, Bench& bench)
         const bool isFilled = personality.isNew && SameCell(before, field.standard);
         if (SameCell(before, now) || isFilled) continue;
         run.Judge(Place(personality.name, field, record),
-                  "is saved as " + Report::TextOf(now) + " instead of " + Report::TextOf(before));
+                  "is saved as " + ValueText::Of(now) + " instead of " + ValueText::Of(before));
       }
     }
   }
@@ -63,8 +63,8 @@ void ExpectSameForm(CheckRun& run, std::string_view personality, Bench& bench, c
   host.Require(host.Owner().TransformToUI(store, field.id, record, converted));
   const Variant& now = bench.Content().Get(field, record);
   run.Expect(SameCell(shown, now), Place(personality, field, record),
-             "transformation " + std::to_string(field.transform) + " makes " + Report::TextOf(now) + " of " +
-                 Report::TextOf(shown));
+             "transformation " + std::to_string(field.transform) + " makes " + ValueText::Of(now) + " of " +
+                 ValueText::Of(shown));
   journal.Rollback();
 }
 
@@ -167,7 +167,7 @@ void DecimalSymbols(CheckRun& run) {
       Boolean shows = kFalse;
       Boolean known = kFalse;
       host.Require(host.UserInterface().GetDecimalSymbolByUIID(call.name, shows, known));
-      const std::string text = Report::TextOf(call.value);
+      const std::string text = ValueText::Of(call.value);
       if (shows == kFalse || !call.isLegal) continue;
       const std::string at = std::string(personality.name) + ": " + call.Text();
       shown += text.find(symbol) != std::string::npos ? 1 : 0;

@@ -6,9 +6,9 @@
 #include "workbench/HostObjects.h"
 #include "workbench/Messengers.h"
 #include "workbench/Provider.h"
-#include "workbench/Report.h"
 #include "workbench/Schema.h"
 #include "workbench/TierLoader.h"
+#include "workbench/ValueText.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
 
@@ -144,7 +144,7 @@ void UnknownNames(CheckRun& run) {
     run.Expect(out == expected, at,
                "answers " + std::to_string(out) + " instead of " + std::to_string(expected));
   }
-  run.Expect(Report::TextOf(value) == "7", "ValidateByUIID " + unknown, "changes the value");
+  run.Expect(ValueText::Of(value) == "7", "ValidateByUIID " + unknown, "changes the value");
   run.Expect(label == "before", "GetLabelByUIID " + unknown, "writes a label");
   run.Expect(host.Services().Boxes().empty(), unknown, "ends the application");
 }

@@ -1,0 +1,79 @@
+#include "workbench/TypedNames.h"
+
+#include <algorithm>
+#include <numeric>
+
+#include "platform/CaseText.h"
+#include "workbench/Provider.h"
+#include "workbench/Schema.h"
+
+namespace {
+
+/// The number of letters to change, add or leave out to make one name of the other; case does not count.
+std::size_t Distance(std::string_view a, std::string_view b) {
+  std::vector<std::size_t> row(b.size() + 1);
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    std::size_t diagonal = row[0];
+    row[0] = i + 1;
+    for (std::size_t j = 0; j < b.size(); ++j) {
+      const std::size_t replaced = diagonal + (UpperChar(a[i]) == UpperChar(b[j]) ? 0 : 1);
+      diagonal = row[j + 1];
+      row[j + 1] = std::min({replaced, diagonal + 1, row[j] + 1});
+    }
+  }
+  return row.back();
+}
+
+bool IsLike(std::string_view known, std::string_view typed) {
+  if (typed.size() >= 2 && FindIgnoringCase(known, typed) != std::string_view::npos) return true;
+  return Distance(known, typed) <= 1 + typed.size() / 4;
+}
+
+/// All names by which a field of the schema can be called.
+std::vector<std::string> NamesOf(const Schema& schema) {
+  std::vector<std::string> names;
+  for (const SchemaField& field : schema.Fields()) {
+    names.insert(names.end(), field.uiids.begin(), field.uiids.end());
+    names.push_back(field.id);
+  }
+  return names;
+}
+
+}  // namespace
+
+namespace TypedNames {
+
+std::string Suggestion(std::string_view typed, std::vector<std::string> names) {
+  constexpr std::size_t kMost = 5;
+  std::erase_if(names, [&](const std::string& name) { return !IsLike(name, typed); });
+  std::ranges::stable_sort(names, {}, [&](const std::string& name) { return Distance(name, typed); });
+  if (names.size() > kMost) names.resize(kMost);
+  std::string text;
+  for (const std::string& name : names) text += (text.empty() ? "; did you mean " : ", ") + name;
+  return text.empty() ? text : text + "?";
+}
+
+const SchemaField& FieldNamed(const Schema& schema, std::string_view name) {
+  const SchemaField* field = schema.Find(name);
+  if (field != nullptr) return *field;
+  std::string text = "\"" + std::string(name) + "\" ";
+  if (schema.IsAmbiguous(name)) {
+    text += "is a field of several tables; put the table number before it (\"5." + std::string(name) + "\")";
+    throw UsageError(text);
+  }
+  throw UsageError(text + "is no field of version " + schema.Version() + Suggestion(name, NamesOf(schema)));
+}
+
+void RequireRecord(const Provider& content, const SchemaField& field, RecordNr record) {
+  RequireRecord(content, content.GetSchema().TableOf(field), record);
+}
+
+void RequireRecord(const Provider& content, const SchemaTable& table, RecordNr record) {
+  const RecordNr count = content.Count(table);
+  if (record >= 1 && record <= count) return;
+  throw UsageError("record " + std::to_string(record) + " is outside 1.." + std::to_string(count) +
+                   ", the records of table " + std::to_string(table.number) + " (" + table.title + ")");
+}
+
+}  // namespace TypedNames

@@ -1,0 +1,44 @@
+#include "workbench/ValueText.h"
+
+#include "platform/Conversions.h"
+#include "platform/XArrayDBObject.h"
+#include "workbench/Provider.h"
+#include "workbench/Schema.h"
+
+namespace {
+
+/// An unset text of the radio may be characters of code 0, which no terminal should get.
+std::string Printable(const std::string& text) {
+  std::string printable;
+  for (const char c : text) {
+    const auto code = static_cast<unsigned char>(c);
+    constexpr char kDigits[] = "0123456789ABCDEF";
+    if (code >= 0x20) {
+      printable += c;
+    } else {
+      printable.append("\\x").append({kDigits[code / 16], kDigits[code % 16]});
+    }
+  }
+  return printable;
+}
+
+}  // namespace
+
+namespace ValueText {
+
+std::string Of(const Variant& value) {
+  if (!value.IsArray()) return Printable(CStr(value));
+  std::string text = "[";
+  const XArrayDBObject& array = CArray(value);
+  for (std::int32_t row = 1; row <= array.UpperBound(1); ++row) {
+    text += (row > 1 ? ", " : "") + CStr(array.GetValue(row, 0));
+  }
+  return text + "]";
+}
+
+std::string At(const Provider& content, std::string_view name, RecordNr record) {
+  const SchemaField* field = content.GetSchema().Find(name);
+  return field == nullptr || record > content.Count(field->table) ? "" : Of(content.Get(*field, record));
+}
+
+}  // namespace ValueText
