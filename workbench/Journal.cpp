@@ -32,22 +32,22 @@ bool SameCell(const Variant& a, const Variant& b) {
 
 Journal::Journal(Provider& provider)
     : state_(provider.state_), autoUpdate_(state_->autoUpdate), factoryMode_(state_->factoryMode) {
-  if (state_->records.journal_ != nullptr) throw std::logic_error("The provider has an open journal");
-  state_->records.journal_ = this;
+  if (state_->records.Listener() != nullptr) throw std::logic_error("The provider has an open journal");
+  state_->records.SetListener(this);
 }
 
-Journal::~Journal() { state_->records.journal_ = nullptr; }
+Journal::~Journal() { state_->records.SetListener(nullptr); }
 
 bool Journal::HasCopyOf(std::size_t tableIndex) const {
   return std::ranges::any_of(tables_, [&](const Copy& copy) { return copy.table->index == tableIndex; });
 }
 
-void Journal::NoteCell(const SchemaField& field, RecordNr record, Variant before) {
+void Journal::BeforeCell(const SchemaField& field, RecordNr record, Variant before) {
   if (!HasCopyOf(field.tableIndex)) cells_.push_back({&field, record, std::move(before)});
 }
 
-void Journal::NoteTable(const SchemaTable& table) {
-  if (!HasCopyOf(table.index)) tables_.push_back({&table, state_->records.tables_[table.index]});
+void Journal::BeforeTable(const SchemaTable& table) {
+  if (!HasCopyOf(table.index)) tables_.push_back({&table, state_->records.ContentOf(table)});
 }
 
 std::map<std::size_t, TableContent> Journal::TouchedTables() const {
@@ -57,9 +57,9 @@ std::map<std::size_t, TableContent> Journal::TouchedTables() const {
   // From the last write to the first: what a cell held before the first of them is left.
   for (auto place = cells_.rbegin(); place != cells_.rend(); ++place) {
     const Cell& cell = *place;
-    const std::size_t table = cell.field->tableIndex;
-    const auto [content, isNew] = touched.try_emplace(table);
-    if (isNew) content->second = records.tables_[table];
+    const SchemaTable& table = records.GetSchema().TableOf(*cell.field);
+    const auto [content, isNew] = touched.try_emplace(table.index);
+    if (isNew) content->second = records.ContentOf(table);
     content->second.columns[records.ColumnOf(*cell.field)][static_cast<std::size_t>(cell.record - 1)] =
         cell.before;
   }
@@ -100,11 +100,9 @@ std::vector<Change> Journal::Changes() const {
 void Journal::Rollback() {
   Records& records = state_->records;
   // A copy was taken after the noted writes to its table, so the copies go back first.
-  for (Copy& copy : tables_) records.tables_[copy.table->index] = std::move(copy.content);
+  for (Copy& copy : tables_) records.Restore(*copy.table, std::move(copy.content));
   for (auto place = cells_.rbegin(); place != cells_.rend(); ++place) {
-    Cell& cell = *place;
-    auto& values = records.tables_[cell.field->tableIndex].columns[records.ColumnOf(*cell.field)];
-    values[static_cast<std::size_t>(cell.record - 1)] = std::move(cell.before);
+    records.Restore(*place->field, place->record, std::move(place->before));
   }
   tables_.clear();
   cells_.clear();

@@ -19,7 +19,7 @@ struct Change {
 
 /// While it lives, a provider's writes can be told and taken back. One at a time for a provider; going out of
 /// scope keeps what was written. Neither opening nor rolling back an unused one allocates.
-class Journal {
+class Journal final : private WriteListener {
  public:
   explicit Journal(Provider& provider);
   ~Journal();
@@ -35,8 +35,6 @@ class Journal {
   void Rollback();
 
  private:
-  friend class Records;
-
   /// The value that a cell had before a write.
   struct Cell {
     const SchemaField* field;
@@ -51,8 +49,8 @@ class Journal {
   };
 
   bool HasCopyOf(std::size_t tableIndex) const;
-  void NoteCell(const SchemaField& field, RecordNr record, Variant before);
-  void NoteTable(const SchemaTable& table);
+  void BeforeCell(const SchemaField& field, RecordNr record, Variant before) override;
+  void BeforeTable(const SchemaTable& table) override;
   /// The tables that were written to, as they were when the journal was opened.
   std::map<std::size_t, TableContent> TouchedTables() const;
   void AddChanges(const SchemaTable& table, const TableContent& before, std::vector<Change>& changes) const;

@@ -7,7 +7,6 @@
 
 #include "platform/Conversions.h"
 #include "platform/Error.h"
-#include "workbench/Journal.h"
 
 namespace {
 [[noreturn]] void RaiseNoRecord(const std::string& what, RecordNr record, RecordNr last) {
@@ -81,12 +80,16 @@ const Variant& Records::Get(const SchemaField& field, RecordNr record) const {
 
 void Records::Set(const SchemaField& field, RecordNr record, Variant value) {
   Variant& cell = tables_[field.tableIndex].columns[ColumnOf(field)][IndexOf(field, record)];
-  if (journal_ != nullptr) journal_->NoteCell(field, record, std::move(cell));
+  if (listener_ != nullptr) listener_->BeforeCell(field, record, std::move(cell));
   cell = std::move(value);
 }
 
+void Records::Restore(const SchemaField& field, RecordNr record, Variant value) {
+  tables_[field.tableIndex].columns[ColumnOf(field)][IndexOf(field, record)] = std::move(value);
+}
+
 TableContent& Records::ContentToChange(const SchemaTable& table) {
-  if (journal_ != nullptr) journal_->NoteTable(table);
+  if (listener_ != nullptr) listener_->BeforeTable(table);
   return tables_[table.index];
 }
 

@@ -3,13 +3,12 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "platform/Types.h"
 #include "platform/Variant.h"
 #include "workbench/Schema.h"
-
-class Journal;
 
 /// The records of one table, one column of values for each of its fields.
 struct TableContent {
@@ -17,8 +16,20 @@ struct TableContent {
   std::vector<std::vector<Variant>> columns;
 };
 
+/// Is told of a write to the records before it is made.
+class WriteListener {
+ public:
+  /// A cell gets another value; `before` is the one that it had.
+  virtual void BeforeCell(const SchemaField& field, RecordNr record, Variant before) = 0;
+  /// The set of records of the table changes, or their order.
+  virtual void BeforeTable(const SchemaTable& table) = 0;
+
+ protected:
+  ~WriteListener() = default;
+};
+
 /// The values of a personality at one version. Records count from 1; a record outside 1..Count raises 9,
-/// one more than the table holds raises 5. Writes are told to the open journal.
+/// one more than the table holds raises 5. Writes are told to the listener.
 class Records {
  public:
   /// Every table starts with its minimum of records, holding default values.
@@ -43,20 +54,29 @@ class Records {
   /// Ascending by the fields of the table, in their order of weight; equal records keep their order.
   void Sort(const SchemaTable& table, std::span<const SchemaField* const> keys);
 
-  /// Takes over all records of a store of the same schema; the open journal is not told.
-  void CopyContent(const Records& other) { tables_ = other.tables_; }
+  /// At most one listens; null for none.
+  WriteListener* Listener() const { return listener_; }
+  void SetListener(WriteListener* listener) { listener_ = listener; }
 
- private:
-  friend class Journal;
-
+  const TableContent& ContentOf(const SchemaTable& table) const { return tables_[table.index]; }
+  /// The place of the field's values among the columns of its table.
   std::size_t ColumnOf(const SchemaField& field) const {
     return field.index - schema_->TableOf(field).firstField;
   }
+
+  // The listener is not told of these.
+
+  /// Takes over all records of a store of the same schema.
+  void CopyContent(const Records& other) { tables_ = other.tables_; }
+  void Restore(const SchemaTable& table, TableContent content) { tables_[table.index] = std::move(content); }
+  void Restore(const SchemaField& field, RecordNr record, Variant value);
+
+ private:
   std::size_t IndexOf(const SchemaField& field, RecordNr record) const;
   /// To be called before the set of records of the table changes.
   TableContent& ContentToChange(const SchemaTable& table);
 
   std::shared_ptr<const Schema> schema_;
   std::vector<TableContent> tables_;
-  Journal* journal_ = nullptr;
+  WriteListener* listener_ = nullptr;
 };
