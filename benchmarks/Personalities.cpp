@@ -7,9 +7,9 @@
 #include <regex>
 
 #include "host/Imessenger.h"
-#include "workbench/AtomicFile.h"
 #include "workbench/PersonalityFile.h"
 #include "workbench/Schema.h"
+#include "workbench/files/AtomicFile.h"
 
 namespace {
 /// Says Yes and keeps nothing: what is measured is the tier.

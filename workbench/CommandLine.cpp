@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "workbench/Commands.h"
-#include "workbench/FileError.h"
+#include "workbench/files/FileError.h"
 
 namespace {
 

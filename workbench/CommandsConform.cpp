@@ -4,15 +4,15 @@
 #include <memory>
 #include <ostream>
 
-#include "workbench/AtomicFile.h"
 #include "workbench/Commands.h"
-#include "workbench/FileError.h"
 #include "workbench/Schema.h"
 #include "workbench/TextTable.h"
 #include "workbench/TierLoader.h"
 #include "workbench/TypedNames.h"
 #include "workbench/conform/Check.h"
 #include "workbench/conform/Runner.h"
+#include "workbench/files/AtomicFile.h"
+#include "workbench/files/FileError.h"
 
 namespace {
 

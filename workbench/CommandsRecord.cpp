@@ -4,11 +4,11 @@
 #include <memory>
 
 #include "workbench/Commands.h"
-#include "workbench/FileError.h"
 #include "workbench/TierLoader.h"
 #include "workbench/TypedNames.h"
 #include "workbench/border/Recorder.h"
 #include "workbench/border/Replayer.h"
+#include "workbench/files/FileError.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <sstream>
 
 #include "workbench/Commands.h"
-#include "workbench/FileError.h"
 #include "workbench/TypedNames.h"
+#include "workbench/files/FileError.h"
 
 namespace {
 

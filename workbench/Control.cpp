@@ -15,10 +15,10 @@
 #include "workbench/RecordKeys.h"
 #include "workbench/Schema.h"
 #include "workbench/Session.h"
-#include "workbench/TabbedFile.h"
 #include "workbench/TypedNames.h"
-#include "workbench/Utf8.h"
 #include "workbench/ValueLists.h"
+#include "workbench/files/TabbedFile.h"
+#include "workbench/files/Utf8.h"
 
 namespace {
 

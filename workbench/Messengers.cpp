@@ -11,7 +11,7 @@
 #include "platform/Border.h"
 #include "platform/CaseText.h"
 #include "platform/DecimalText.h"
-#include "workbench/FileError.h"
+#include "workbench/files/FileError.h"
 
 namespace {
 std::vector<std::string_view> SplitParameters(std::string_view parameters) {

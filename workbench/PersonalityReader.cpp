@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "platform/XArrayDBObject.h"
-#include "workbench/FileError.h"
 #include "workbench/PersonalityFile.h"
 #include "workbench/Provider.h"
 #include "workbench/Schema.h"
+#include "workbench/files/FileError.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
-#include "workbench/FileError.h"
 #include "workbench/PersonalityFile.h"
 #include "workbench/Provider.h"
 #include "workbench/Schema.h"
+#include "workbench/files/FileError.h"
 
 namespace {
 

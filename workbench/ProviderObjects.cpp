@@ -1,8 +1,8 @@
 #include "workbench/ProviderObjects.h"
 
 #include "platform/Border.h"
-#include "workbench/TabbedFile.h"
 #include "workbench/ValueLists.h"
+#include "workbench/files/TabbedFile.h"
 
 namespace {
 std::string CallName(const char* operation, std::string_view what) {

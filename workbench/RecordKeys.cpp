@@ -7,7 +7,7 @@
 #include "platform/Conversions.h"
 #include "workbench/Provider.h"
 #include "workbench/Schema.h"
-#include "workbench/TabbedFile.h"
+#include "workbench/files/TabbedFile.h"
 
 namespace {
 

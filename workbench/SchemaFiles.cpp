@@ -4,9 +4,9 @@
 #include "platform/Conversions.h"
 #include "platform/System.h"
 #include "platform/XArrayDBObject.h"
-#include "workbench/FileError.h"
 #include "workbench/Schema.h"
-#include "workbench/TabbedFile.h"
+#include "workbench/files/FileError.h"
+#include "workbench/files/TabbedFile.h"
 
 namespace {
 constexpr std::string_view kKinds[] = {"raw", "form"};                                    // StorageKind

@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include "workbench/AtomicFile.h"
 #include "workbench/Messengers.h"
 #include "workbench/RecordKeys.h"
 #include "workbench/Session.h"
+#include "workbench/files/AtomicFile.h"
 
 /// How a command ends. Of several commands the highest counts.
 enum class ExitCode : int {

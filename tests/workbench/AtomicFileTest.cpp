@@ -1,4 +1,4 @@
-#include "workbench/AtomicFile.h"
+#include "workbench/files/AtomicFile.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "tests/support/Temporary.h"
-#include "workbench/FileError.h"
+#include "workbench/files/FileError.h"
 
 inline constexpr const char* kSamples[] = {"minimal", "marine-harbour", "city-fleet", "full"};
 

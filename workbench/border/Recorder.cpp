@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "platform/Locale.h"
-#include "workbench/FileError.h"
+#include "workbench/files/FileError.h"
 
 namespace Trace {
 

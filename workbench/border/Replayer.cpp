@@ -1,10 +1,10 @@
 #include "workbench/border/Replayer.h"
 
 #include "platform/Locale.h"
-#include "workbench/FileError.h"
 #include "workbench/TierLoader.h"
 #include "workbench/border/Invocations.h"
 #include "workbench/border/Recorder.h"
+#include "workbench/files/FileError.h"
 
 namespace Trace {
 namespace {

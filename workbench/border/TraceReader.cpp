@@ -4,8 +4,8 @@
 #include <cstring>
 #include <filesystem>
 
-#include "workbench/FileError.h"
 #include "workbench/border/Recorder.h"
+#include "workbench/files/FileError.h"
 
 namespace Trace {
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "workbench/Utf8.h"
+#include "workbench/files/Utf8.h"
 
 namespace Trace {
 namespace {

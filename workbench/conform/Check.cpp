@@ -3,11 +3,11 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
-#include "workbench/AtomicFile.h"
 #include "workbench/PersonalityFile.h"
 #include "workbench/Provider.h"
 #include "workbench/Schema.h"
 #include "workbench/Session.h"
+#include "workbench/files/AtomicFile.h"
 
 namespace Conform {
 namespace {

@@ -7,7 +7,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "workbench/FileError.h"
+#include "workbench/files/FileError.h"
 
 namespace Conform {
 namespace {

@@ -1,4 +1,4 @@
-#include "workbench/FileError.h"
+#include "workbench/files/FileError.h"
 
 std::string FileError::Text(const std::string& file, int line, const std::string& where,
                             const std::string& reason) {

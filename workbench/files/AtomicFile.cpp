@@ -1,4 +1,4 @@
-#include "workbench/AtomicFile.h"
+#include "workbench/files/AtomicFile.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -10,7 +10,7 @@
 #include <cstring>
 #include <memory>
 
-#include "workbench/FileError.h"
+#include "workbench/files/FileError.h"
 
 ssize_t FileLayer::Write(int file, const void* data, std::size_t size) { return ::write(file, data, size); }
 int FileLayer::Sync(int file) { return ::fsync(file); }

@@ -1,12 +1,12 @@
-#include "workbench/TabbedFile.h"
+#include "workbench/files/TabbedFile.h"
 
 #include <algorithm>
 #include <charconv>
 #include <utility>
 
 #include "platform/CaseText.h"
-#include "workbench/AtomicFile.h"
-#include "workbench/FileError.h"
+#include "workbench/files/AtomicFile.h"
+#include "workbench/files/FileError.h"
 
 namespace {
 constexpr char kSeparator = '\t';

@@ -1,4 +1,4 @@
-#include "workbench/Utf8.h"
+#include "workbench/files/Utf8.h"
 
 #include <algorithm>
 #include <bit>
