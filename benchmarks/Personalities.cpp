@@ -8,8 +8,8 @@
 
 #include "host/Imessenger.h"
 #include "workbench/PersonalityFile.h"
-#include "workbench/Schema.h"
 #include "workbench/files/AtomicFile.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 /// Says Yes and keeps nothing: what is measured is the tier.

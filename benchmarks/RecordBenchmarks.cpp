@@ -13,7 +13,7 @@
 #include "host/Itables.h"
 #include "workbench/Conversion.h"
 #include "workbench/Messengers.h"
-#include "workbench/Schema.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 /// The fields of the tables that are converted record by record.

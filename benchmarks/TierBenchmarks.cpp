@@ -9,7 +9,7 @@
 #include "benchmarks/Work.h"
 #include "platform/XArrayDBObject.h"
 #include "validation/modvalEnablement.h"
-#include "workbench/Schema.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 constexpr RecordNr kChannelInTheMiddle = 50;

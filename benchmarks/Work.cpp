@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "benchmarks/Personalities.h"
-#include "workbench/Schema.h"
+#include "workbench/schema/Schema.h"
 
 void WalkBeforeSave(Session& session) {
   Boolean passed = kFalse;

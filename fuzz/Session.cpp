@@ -8,9 +8,9 @@
 #include "workbench/PersonalityFile.h"
 #include "workbench/Provider.h"
 #include "workbench/RandomCalls.h"
-#include "workbench/Schema.h"
 #include "workbench/Session.h"
 #include "workbench/TierLoader.h"
+#include "workbench/schema/Schema.h"
 
 /// A session of legal and illegal calls on the built plug-in, as the input chooses them. The first byte
 /// chooses the personality.

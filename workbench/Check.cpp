@@ -6,9 +6,9 @@
 #include "platform/Conversions.h"
 #include "workbench/Forms.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/Session.h"
 #include "workbench/ValueText.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 /// Rules that judge the change to another value and not the value: what is stored is none.

@@ -5,7 +5,6 @@
 #include <ostream>
 
 #include "workbench/Commands.h"
-#include "workbench/Schema.h"
 #include "workbench/TextTable.h"
 #include "workbench/TierLoader.h"
 #include "workbench/TypedNames.h"
@@ -13,6 +12,7 @@
 #include "workbench/conform/Runner.h"
 #include "workbench/files/AtomicFile.h"
 #include "workbench/files/FileError.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

@@ -11,10 +11,10 @@
 #include "workbench/Provider.h"
 #include "workbench/RecordKeys.h"
 #include "workbench/Report.h"
-#include "workbench/Schema.h"
 #include "workbench/TextTable.h"
 #include "workbench/TypedNames.h"
 #include "workbench/ValueText.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

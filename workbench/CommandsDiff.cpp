@@ -7,9 +7,9 @@
 #include "workbench/PersonalityFile.h"
 #include "workbench/Provider.h"
 #include "workbench/Report.h"
-#include "workbench/Schema.h"
 #include "workbench/TextTable.h"
 #include "workbench/ValueText.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

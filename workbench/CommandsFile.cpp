@@ -6,10 +6,10 @@
 #include "platform/XArrayDBObject.h"
 #include "workbench/Commands.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/TextTable.h"
 #include "workbench/TypedNames.h"
 #include "workbench/ValueText.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

@@ -9,10 +9,10 @@
 #include "workbench/Forms.h"
 #include "workbench/Provider.h"
 #include "workbench/Report.h"
-#include "workbench/Schema.h"
 #include "workbench/TextTable.h"
 #include "workbench/TypedNames.h"
 #include "workbench/ValueText.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 #include "workbench/ComboList.h"
 #include "workbench/Commands.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/TextTable.h"
 #include "workbench/TypedNames.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

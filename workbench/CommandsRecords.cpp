@@ -7,8 +7,8 @@
 #include "workbench/Provider.h"
 #include "workbench/RecordEdits.h"
 #include "workbench/Report.h"
-#include "workbench/Schema.h"
 #include "workbench/ValueText.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
 #include "workbench/Commands.h"
-#include "workbench/Schema.h"
 #include "workbench/TextTable.h"
 #include "workbench/TypedNames.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 #include "platform/CaseText.h"
 #include "workbench/Commands.h"
 #include "workbench/Conversion.h"
-#include "workbench/Schema.h"
 #include "workbench/TextTable.h"
 #include "workbench/TypedNames.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

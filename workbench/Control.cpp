@@ -13,12 +13,12 @@
 #include "workbench/ComboList.h"
 #include "workbench/Provider.h"
 #include "workbench/RecordKeys.h"
-#include "workbench/Schema.h"
 #include "workbench/Session.h"
 #include "workbench/TypedNames.h"
 #include "workbench/ValueLists.h"
 #include "workbench/files/TabbedFile.h"
 #include "workbench/files/Utf8.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

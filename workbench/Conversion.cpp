@@ -5,8 +5,8 @@
 
 #include "workbench/Provider.h"
 #include "workbench/RecordKeys.h"
-#include "workbench/Schema.h"
 #include "workbench/Session.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

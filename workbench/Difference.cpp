@@ -6,8 +6,8 @@
 
 #include "workbench/Journal.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/Session.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/Session.h"
 #include "workbench/TypedNames.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

@@ -12,7 +12,7 @@
 #include "host/IprovInfo.h"
 #include "host/IvalidatorHost.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
+#include "workbench/schema/Schema.h"
 
 /// The host that the validator serves.
 class ValidatorHost final : public IvalidatorHost {

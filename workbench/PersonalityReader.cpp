@@ -7,8 +7,8 @@
 #include "platform/XArrayDBObject.h"
 #include "workbench/PersonalityFile.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/files/FileError.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

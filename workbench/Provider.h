@@ -7,7 +7,7 @@
 #include "host/Iprovider.h"
 #include "workbench/CallMonitor.h"
 #include "workbench/Records.h"
-#include "workbench/Schema.h"
+#include "workbench/schema/Schema.h"
 
 struct ProviderState;
 

@@ -8,9 +8,9 @@
 #include "workbench/Difference.h"
 #include "workbench/Forms.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/Session.h"
 #include "workbench/TypedNames.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 
 #include "platform/Conversions.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/files/TabbedFile.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 
 #include "platform/Types.h"
 #include "platform/Variant.h"
-#include "workbench/Schema.h"
+#include "workbench/schema/Schema.h"
 
 /// The records of one table, one column of values for each of its fields.
 struct TableContent {

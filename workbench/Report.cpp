@@ -6,10 +6,10 @@
 #include "platform/XArrayDBObject.h"
 #include "workbench/Check.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/Session.h"
 #include "workbench/TextTable.h"
 #include "workbench/ValueText.h"
+#include "workbench/schema/Schema.h"
 
 namespace Report {
 

@@ -10,7 +10,7 @@
 #include "workbench/Journal.h"
 #include "workbench/Provider.h"
 #include "workbench/SampleContent.h"
-#include "workbench/Schema.h"
+#include "workbench/schema/Schema.h"
 
 namespace Samples {
 namespace {

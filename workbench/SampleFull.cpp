@@ -2,7 +2,7 @@
 
 #include "workbench/Provider.h"
 #include "workbench/SampleFiller.h"
-#include "workbench/Schema.h"
+#include "workbench/schema/Schema.h"
 
 namespace Samples {
 namespace {

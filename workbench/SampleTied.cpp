@@ -6,7 +6,7 @@
 
 #include "workbench/Provider.h"
 #include "workbench/SampleFull.h"
-#include "workbench/Schema.h"
+#include "workbench/schema/Schema.h"
 
 namespace Samples {
 namespace {

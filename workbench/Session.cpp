@@ -3,7 +3,7 @@
 #include "platform/Conversions.h"
 #include "workbench/Control.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
+#include "workbench/schema/Schema.h"
 
 Limits LimitsOf(const SchemaField& field) {
   return {static_cast<double>(field.minimum), static_cast<double>(field.maximum)};

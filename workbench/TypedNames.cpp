@@ -5,7 +5,7 @@
 
 #include "platform/CaseText.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

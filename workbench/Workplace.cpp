@@ -4,8 +4,8 @@
 
 #include "workbench/PersonalityFile.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/TierLoader.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

@@ -11,8 +11,8 @@
 #include "workbench/Provider.h"
 #include "workbench/SampleContent.h"
 #include "workbench/SampleFull.h"
-#include "workbench/Schema.h"
 #include "workbench/Workplace.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 

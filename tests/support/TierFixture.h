@@ -11,8 +11,8 @@
 #include "workbench/HostObjects.h"
 #include "workbench/Messengers.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/TierHost.h"
+#include "workbench/schema/Schema.h"
 
 /// The schema files of the project, read once in the life of the process.
 const std::shared_ptr<const SchemaFiles>& ProjectSchemas();

@@ -3,10 +3,10 @@
 #include "workbench/Conversion.h"
 #include "workbench/HostObjects.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/ValueText.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Operations.h"
+#include "workbench/schema/Schema.h"
 
 namespace Conform {
 

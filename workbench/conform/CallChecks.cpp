@@ -2,9 +2,9 @@
 
 #include "workbench/Conversion.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
+#include "workbench/schema/Schema.h"
 
 /// Each route of the tier is taken once: no call that a host may make is a fault.
 namespace Conform {

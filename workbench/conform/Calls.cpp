@@ -8,9 +8,9 @@
 #include "workbench/Forms.h"
 #include "workbench/Provider.h"
 #include "workbench/RecordEdits.h"
-#include "workbench/Schema.h"
 #include "workbench/ValueText.h"
 #include "workbench/conform/Operations.h"
+#include "workbench/schema/Schema.h"
 
 namespace Conform {
 namespace {

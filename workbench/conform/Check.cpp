@@ -5,9 +5,9 @@
 
 #include "workbench/PersonalityFile.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/Session.h"
 #include "workbench/files/AtomicFile.h"
+#include "workbench/schema/Schema.h"
 
 namespace Conform {
 namespace {

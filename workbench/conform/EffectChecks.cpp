@@ -4,10 +4,10 @@
 #include "platform/Conversions.h"
 #include "workbench/Conversion.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
 #include "workbench/conform/Operations.h"
+#include "workbench/schema/Schema.h"
 
 /// What calls do beside their answers.
 namespace Conform {

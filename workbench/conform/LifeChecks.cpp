@@ -6,11 +6,11 @@
 #include "workbench/HostObjects.h"
 #include "workbench/Messengers.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/TierLoader.h"
 #include "workbench/ValueText.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
+#include "workbench/schema/Schema.h"
 
 /// The life of a tier: what it has and answers before, during and after its time.
 namespace Conform {

@@ -6,9 +6,9 @@
 
 #include "host/IproviderOwner.h"
 #include "workbench/Provider.h"
-#include "workbench/Schema.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
+#include "workbench/schema/Schema.h"
 
 /// The order in which a whole personality is converted, proved from the calls that the tier makes.
 namespace Conform {

@@ -4,9 +4,9 @@
 #include "platform/Conversions.h"
 #include "platform/System.h"
 #include "platform/XArrayDBObject.h"
-#include "workbench/Schema.h"
 #include "workbench/files/FileError.h"
 #include "workbench/files/TabbedFile.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 constexpr std::string_view kKinds[] = {"raw", "form"};                                    // StorageKind

@@ -1,4 +1,4 @@
-#include "workbench/Schema.h"
+#include "workbench/schema/Schema.h"
 
 #include <algorithm>
 #include <utility>
