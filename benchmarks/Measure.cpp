@@ -2,7 +2,7 @@
 
 #include "benchmarks/Floor.h"
 #include "benchmarks/LiveHeap.h"
-#include "workbench/CallMonitor.h"
+#include "workbench/store/CallMonitor.h"
 
 namespace {
 void Prepare(const Work& work) {

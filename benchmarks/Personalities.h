@@ -3,8 +3,8 @@
 #include <memory>
 
 #include "platform/Types.h"
-#include "workbench/Provider.h"
 #include "workbench/Session.h"
+#include "workbench/store/Provider.h"
 
 /// What the benchmarks measure on. Everything is made on first use and kept.
 inline constexpr const char* kFullFile = SAMPLES_FOLDER "/full.json";

@@ -3,9 +3,9 @@
 
 #include "fuzz/Invariant.h"
 #include "workbench/PersonalityFile.h"
-#include "workbench/Provider.h"
 #include "workbench/files/FileError.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 /// Any bytes as a personality file. What can be read is written, and reads back as the same; what can not is
 /// refused with the file, a line of it and a reason.

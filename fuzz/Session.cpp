@@ -6,11 +6,11 @@
 #include "fuzz/Invariant.h"
 #include "workbench/Messengers.h"
 #include "workbench/PersonalityFile.h"
-#include "workbench/Provider.h"
 #include "workbench/RandomCalls.h"
 #include "workbench/Session.h"
 #include "workbench/TierLoader.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 /// A session of legal and illegal calls on the built plug-in, as the input chooses them. The first byte
 /// chooses the personality.

@@ -5,10 +5,10 @@
 
 #include "platform/Conversions.h"
 #include "workbench/Forms.h"
-#include "workbench/Provider.h"
 #include "workbench/Session.h"
-#include "workbench/ValueText.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/ValueText.h"
 
 namespace {
 /// Rules that judge the change to another value and not the value: what is stored is none.

@@ -4,8 +4,8 @@
 
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
-#include "workbench/Provider.h"
 #include "workbench/TierHost.h"
+#include "workbench/store/Provider.h"
 
 ComboList ComboListOf(const TierHost& host, const Provider& content, std::string_view uiid, RecordNr record) {
   constexpr std::int32_t kRows = 1;

@@ -7,12 +7,12 @@
 #include "workbench/Commands.h"
 #include "workbench/TextTable.h"
 #include "workbench/TierLoader.h"
-#include "workbench/TypedNames.h"
 #include "workbench/conform/Check.h"
 #include "workbench/conform/Runner.h"
 #include "workbench/files/AtomicFile.h"
 #include "workbench/files/FileError.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/TypedNames.h"
 
 namespace {
 

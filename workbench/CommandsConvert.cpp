@@ -8,13 +8,13 @@
 #include "workbench/Commands.h"
 #include "workbench/Conversion.h"
 #include "workbench/PersonalityFile.h"
-#include "workbench/Provider.h"
-#include "workbench/RecordKeys.h"
 #include "workbench/Report.h"
 #include "workbench/TextTable.h"
-#include "workbench/TypedNames.h"
-#include "workbench/ValueText.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/RecordKeys.h"
+#include "workbench/store/TypedNames.h"
+#include "workbench/store/ValueText.h"
 
 namespace {
 

@@ -5,11 +5,11 @@
 #include "workbench/Commands.h"
 #include "workbench/Difference.h"
 #include "workbench/PersonalityFile.h"
-#include "workbench/Provider.h"
 #include "workbench/Report.h"
 #include "workbench/TextTable.h"
-#include "workbench/ValueText.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/ValueText.h"
 
 namespace {
 

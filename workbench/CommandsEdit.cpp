@@ -5,12 +5,12 @@
 #include "workbench/Commands.h"
 #include "workbench/FiledEdit.h"
 #include "workbench/Forms.h"
-#include "workbench/Provider.h"
 #include "workbench/Report.h"
 #include "workbench/TextTable.h"
-#include "workbench/TypedNames.h"
-#include "workbench/ValueText.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/TypedNames.h"
+#include "workbench/store/ValueText.h"
 
 namespace {
 

@@ -5,10 +5,10 @@
 
 #include "workbench/ComboList.h"
 #include "workbench/Commands.h"
-#include "workbench/Provider.h"
 #include "workbench/TextTable.h"
-#include "workbench/TypedNames.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/TypedNames.h"
 
 namespace {
 

@@ -4,11 +4,11 @@
 #include <utility>
 
 #include "workbench/Commands.h"
-#include "workbench/Provider.h"
 #include "workbench/RecordEdits.h"
 #include "workbench/Report.h"
-#include "workbench/ValueText.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/ValueText.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include "platform/XArrayDBObject.h"
 #include "workbench/Commands.h"
 #include "workbench/TextTable.h"
-#include "workbench/TypedNames.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/TypedNames.h"
 
 namespace {
 

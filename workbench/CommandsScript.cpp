@@ -5,8 +5,8 @@
 #include <sstream>
 
 #include "workbench/Commands.h"
-#include "workbench/TypedNames.h"
 #include "workbench/files/FileError.h"
+#include "workbench/store/TypedNames.h"
 
 namespace {
 

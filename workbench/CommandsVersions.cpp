@@ -7,8 +7,8 @@
 #include "workbench/Commands.h"
 #include "workbench/Conversion.h"
 #include "workbench/TextTable.h"
-#include "workbench/TypedNames.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/TypedNames.h"
 
 namespace {
 

@@ -11,14 +11,14 @@
 #include "platform/Conversions.h"
 #include "platform/DecimalText.h"
 #include "workbench/ComboList.h"
-#include "workbench/Provider.h"
-#include "workbench/RecordKeys.h"
 #include "workbench/Session.h"
-#include "workbench/TypedNames.h"
-#include "workbench/ValueLists.h"
 #include "workbench/files/TabbedFile.h"
 #include "workbench/files/Utf8.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/RecordKeys.h"
+#include "workbench/store/TypedNames.h"
+#include "workbench/store/ValueLists.h"
 
 namespace {
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <iterator>
 
-#include "workbench/Provider.h"
-#include "workbench/RecordKeys.h"
 #include "workbench/Session.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/RecordKeys.h"
 
 namespace {
 

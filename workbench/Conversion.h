@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "workbench/Journal.h"
 #include "workbench/Messengers.h"
 #include "workbench/TierHost.h"
+#include "workbench/store/Journal.h"
 
 struct VersionName;
 

@@ -4,10 +4,10 @@
 #include <iterator>
 #include <optional>
 
-#include "workbench/Journal.h"
-#include "workbench/Provider.h"
 #include "workbench/Session.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Journal.h"
+#include "workbench/store/Provider.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/Variant.h"
-#include "workbench/RecordKeys.h"
+#include "workbench/store/RecordKeys.h"
 
 struct HostParts;
 class Schema;

@@ -4,8 +4,8 @@
 
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
-#include "workbench/Provider.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 namespace {
 

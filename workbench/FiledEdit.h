@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "workbench/Difference.h"
-#include "workbench/Journal.h"
+#include "workbench/store/Journal.h"
 
 /// What becomes of an edit in the file. Only a file that is opened again tells: the radio rounds values,
 /// makes some from others, and has no place for what the tier does not convert.

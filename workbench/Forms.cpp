@@ -4,10 +4,10 @@
 
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
-#include "workbench/Provider.h"
 #include "workbench/Session.h"
-#include "workbench/TypedNames.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/TypedNames.h"
 
 namespace {
 

@@ -11,8 +11,8 @@
 #include "host/IhostServices.h"
 #include "host/IprovInfo.h"
 #include "host/IvalidatorHost.h"
-#include "workbench/Provider.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 /// The host that the validator serves.
 class ValidatorHost final : public IvalidatorHost {

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "host/Imessenger.h"
-#include "workbench/CallMonitor.h"
+#include "workbench/store/CallMonitor.h"
 
 /// `text` with each placeholder %n:S or %n:s replaced by the n-th of the parameters, which a vertical bar
 /// joins; n counts from 0. A placeholder without parameter stands as it is; empty parameters are none.

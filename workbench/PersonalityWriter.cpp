@@ -7,9 +7,9 @@
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
 #include "workbench/PersonalityFile.h"
-#include "workbench/Provider.h"
 #include "workbench/files/FileError.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 namespace {
 

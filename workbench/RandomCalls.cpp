@@ -11,13 +11,13 @@
 #include "platform/XArrayDBObject.h"
 #include "workbench/Forms.h"
 #include "workbench/HostObjects.h"
-#include "workbench/Journal.h"
 #include "workbench/Messengers.h"
 #include "workbench/PersonalityFile.h"
-#include "workbench/Provider.h"
 #include "workbench/RecordEdits.h"
 #include "workbench/Session.h"
-#include "workbench/ValueText.h"
+#include "workbench/store/Journal.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/ValueText.h"
 
 namespace {
 

@@ -7,10 +7,10 @@
 #include "platform/Conversions.h"
 #include "workbench/Difference.h"
 #include "workbench/Forms.h"
-#include "workbench/Provider.h"
 #include "workbench/Session.h"
-#include "workbench/TypedNames.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/TypedNames.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 
 #include "platform/Types.h"
 #include "platform/Variant.h"
-#include "workbench/Journal.h"
+#include "workbench/store/Journal.h"
 
 class Itable;
 class Schema;

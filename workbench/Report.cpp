@@ -5,11 +5,11 @@
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
 #include "workbench/Check.h"
-#include "workbench/Provider.h"
 #include "workbench/Session.h"
 #include "workbench/TextTable.h"
-#include "workbench/ValueText.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/ValueText.h"
 
 namespace Report {
 

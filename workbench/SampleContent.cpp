@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "platform/XArrayDBObject.h"
-#include "workbench/Provider.h"
+#include "workbench/store/Provider.h"
 
 namespace Samples {
 namespace {

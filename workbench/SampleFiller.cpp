@@ -7,10 +7,10 @@
 
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
-#include "workbench/Journal.h"
-#include "workbench/Provider.h"
 #include "workbench/SampleContent.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Journal.h"
+#include "workbench/store/Provider.h"
 
 namespace Samples {
 namespace {

@@ -1,8 +1,8 @@
 #include "workbench/SampleFull.h"
 
-#include "workbench/Provider.h"
 #include "workbench/SampleFiller.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 namespace Samples {
 namespace {

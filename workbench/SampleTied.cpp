@@ -4,9 +4,9 @@
 #include <utility>
 #include <vector>
 
-#include "workbench/Provider.h"
 #include "workbench/SampleFull.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 namespace Samples {
 namespace {

@@ -2,8 +2,8 @@
 
 #include "platform/Conversions.h"
 #include "workbench/Control.h"
-#include "workbench/Provider.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 Limits LimitsOf(const SchemaField& field) {
   return {static_cast<double>(field.minimum), static_cast<double>(field.maximum)};

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "platform/Conversions.h"
-#include "workbench/Journal.h"
 #include "workbench/TierHost.h"
+#include "workbench/store/Journal.h"
 
 class Provider;
 

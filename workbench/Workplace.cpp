@@ -3,9 +3,9 @@
 #include <ostream>
 
 #include "workbench/PersonalityFile.h"
-#include "workbench/Provider.h"
 #include "workbench/TierLoader.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 namespace {
 

@@ -7,9 +7,9 @@
 #include <string_view>
 
 #include "workbench/Messengers.h"
-#include "workbench/RecordKeys.h"
 #include "workbench/Session.h"
 #include "workbench/files/AtomicFile.h"
+#include "workbench/store/RecordKeys.h"
 
 /// How a command ends. Of several commands the highest counts.
 enum class ExitCode : int {

@@ -8,11 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "workbench/Provider.h"
 #include "workbench/SampleContent.h"
 #include "workbench/SampleFull.h"
 #include "workbench/Workplace.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 namespace {
 

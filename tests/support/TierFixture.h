@@ -10,9 +10,9 @@
 #include "host/Itier.h"
 #include "workbench/HostObjects.h"
 #include "workbench/Messengers.h"
-#include "workbench/Provider.h"
 #include "workbench/TierHost.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 /// The schema files of the project, read once in the life of the process.
 const std::shared_ptr<const SchemaFiles>& ProjectSchemas();

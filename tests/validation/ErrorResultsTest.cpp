@@ -2,7 +2,7 @@
 
 #include "tests/channels/ChannelFixture.h"
 #include "validation/modvalFields.h"
-#include "workbench/Journal.h"
+#include "workbench/store/Journal.h"
 
 /// An error ends a procedure with the result that it had; operations begin with true. Whoever is told false
 /// without a word would keep a sound value from being stored.

@@ -9,7 +9,7 @@
 #include "validation/modvalEnablement.h"
 #include "validation/modvalFields.h"
 #include "validation/modvalSwitches.h"
-#include "workbench/Journal.h"
+#include "workbench/store/Journal.h"
 
 /// The states that edits give to controls, beside what the controls' own conditions say then.
 namespace {

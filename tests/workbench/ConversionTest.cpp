@@ -8,7 +8,7 @@
 #include "tests/workbench/FileHelpers.h"
 #include "tests/workbench/InProcessCommand.h"
 #include "workbench/PersonalityFile.h"
-#include "workbench/ValueText.h"
+#include "workbench/store/ValueText.h"
 
 namespace {
 using testing::ElementsAre;

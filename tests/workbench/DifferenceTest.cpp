@@ -12,7 +12,7 @@
 #include "tests/workbench/InProcessCommand.h"
 #include "workbench/PersonalityFile.h"
 #include "workbench/Session.h"
-#include "workbench/ValueText.h"
+#include "workbench/store/ValueText.h"
 
 namespace {
 using testing::ElementsAre;

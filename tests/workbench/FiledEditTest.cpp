@@ -10,7 +10,7 @@
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/InProcessCommand.h"
 #include "workbench/PersonalityFile.h"
-#include "workbench/Provider.h"
+#include "workbench/store/Provider.h"
 
 namespace {
 using nlohmann::json;

@@ -1,4 +1,4 @@
-#include "workbench/Provider.h"
+#include "workbench/store/Provider.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
 #include "tests/support/Temporary.h"
-#include "workbench/Journal.h"
+#include "workbench/store/Journal.h"
 
 namespace {
 using testing::ElementsAre;

@@ -8,8 +8,8 @@
 #include "provider/modTransformations.h"
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
-#include "workbench/Journal.h"
 #include "workbench/PersonalityFile.h"
+#include "workbench/store/Journal.h"
 
 /// A conversion that goes the wrong way round, reads another record or fills another field shows in a round
 /// trip only where the values differ: the largest sample has to tell them apart.

@@ -7,10 +7,10 @@
 
 #include "tests/workbench/InProcessCommand.h"
 #include "workbench/PersonalityFile.h"
-#include "workbench/Provider.h"
 #include "workbench/TierHost.h"
 #include "workbench/border/Recorder.h"
 #include "workbench/border/Replayer.h"
+#include "workbench/store/Provider.h"
 
 namespace {
 using testing::HasSubstr;

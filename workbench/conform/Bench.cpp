@@ -2,11 +2,11 @@
 
 #include "workbench/Conversion.h"
 #include "workbench/HostObjects.h"
-#include "workbench/Provider.h"
-#include "workbench/ValueText.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Operations.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/ValueText.h"
 
 namespace Conform {
 

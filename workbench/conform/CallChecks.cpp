@@ -1,10 +1,10 @@
 #include <nlohmann/json.hpp>
 
 #include "workbench/Conversion.h"
-#include "workbench/Provider.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 /// Each route of the tier is taken once: no call that a host may make is a fault.
 namespace Conform {

@@ -6,11 +6,11 @@
 #include "platform/XArrayDBObject.h"
 #include "workbench/Conversion.h"
 #include "workbench/Forms.h"
-#include "workbench/Provider.h"
 #include "workbench/RecordEdits.h"
-#include "workbench/ValueText.h"
 #include "workbench/conform/Operations.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/ValueText.h"
 
 namespace Conform {
 namespace {

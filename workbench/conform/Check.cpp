@@ -4,10 +4,10 @@
 #include <ostream>
 
 #include "workbench/PersonalityFile.h"
-#include "workbench/Provider.h"
 #include "workbench/Session.h"
 #include "workbench/files/AtomicFile.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 namespace Conform {
 namespace {

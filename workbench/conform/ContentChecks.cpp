@@ -3,14 +3,14 @@
 
 #include "platform/CaseText.h"
 #include "workbench/HostObjects.h"
-#include "workbench/Provider.h"
 #include "workbench/TierLoader.h"
-#include "workbench/ValueText.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
 #include "workbench/conform/DecimalLocale.h"
 #include "workbench/conform/Operations.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/ValueText.h"
 
 /// What comes back, and what is told.
 namespace Conform {

@@ -3,11 +3,11 @@
 #include "host/Itier.h"
 #include "platform/Conversions.h"
 #include "workbench/Conversion.h"
-#include "workbench/Provider.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
 #include "workbench/conform/Operations.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 /// What calls do beside their answers.
 namespace Conform {

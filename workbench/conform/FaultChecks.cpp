@@ -1,10 +1,10 @@
 #include <algorithm>
 
-#include "workbench/Provider.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
 #include "workbench/conform/Operations.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 /// The host's calls fail, each in turn: the tier ends the application in good order.
 namespace Conform {

@@ -5,12 +5,12 @@
 #include "platform/XArrayDBObject.h"
 #include "workbench/HostObjects.h"
 #include "workbench/Messengers.h"
-#include "workbench/Provider.h"
 #include "workbench/TierLoader.h"
-#include "workbench/ValueText.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/ValueText.h"
 
 /// The life of a tier: what it has and answers before, during and after its time.
 namespace Conform {

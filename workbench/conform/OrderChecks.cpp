@@ -5,10 +5,10 @@
 #include <string>
 
 #include "host/IproviderOwner.h"
-#include "workbench/Provider.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 /// The order in which a whole personality is converted, proved from the calls that the tier makes.
 namespace Conform {

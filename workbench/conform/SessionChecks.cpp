@@ -1,7 +1,7 @@
-#include "workbench/Provider.h"
 #include "workbench/RandomCalls.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
+#include "workbench/store/Provider.h"
 
 /// Whole sessions of a host that does whatever its users may come upon.
 namespace Conform {

@@ -1,9 +1,9 @@
-#include "workbench/ValueText.h"
+#include "workbench/store/ValueText.h"
 
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
-#include "workbench/Provider.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <map>
 #include <vector>
 
-#include "workbench/Provider.h"
+#include "workbench/store/Provider.h"
 
 /// One difference between a personality now and when the journal was opened: a cell, or (without field)
 /// the number of records of a table.

@@ -1,4 +1,4 @@
-#include "workbench/Journal.h"
+#include "workbench/store/Journal.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -6,7 +6,7 @@
 
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
-#include "workbench/ProviderObjects.h"
+#include "workbench/store/ProviderObjects.h"
 
 namespace {
 /// 0 for an array without values. Row 0 is unused; an array may be without it.

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "host/IvalueList.h"
-#include "workbench/Records.h"
+#include "workbench/store/Records.h"
 
 /// The values of a field as texts, in record order.
 class UsedValueList final : public IvalueList {

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "host/Iprovider.h"
-#include "workbench/CallMonitor.h"
-#include "workbench/Records.h"
+#include "workbench/store/CallMonitor.h"
+#include "workbench/store/Records.h"
 
 /// The objects that a provider hands out: views of its content, made once with it.
 

@@ -1,8 +1,8 @@
-#include "workbench/ProviderObjects.h"
+#include "workbench/store/ProviderObjects.h"
 
 #include "platform/Border.h"
-#include "workbench/ValueLists.h"
 #include "workbench/files/TabbedFile.h"
+#include "workbench/store/ValueLists.h"
 
 namespace {
 std::string CallName(const char* operation, std::string_view what) {

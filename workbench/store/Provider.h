@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "host/Iprovider.h"
-#include "workbench/CallMonitor.h"
-#include "workbench/Records.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/CallMonitor.h"
+#include "workbench/store/Records.h"
 
 struct ProviderState;
 

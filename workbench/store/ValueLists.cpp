@@ -1,4 +1,4 @@
-#include "workbench/ValueLists.h"
+#include "workbench/store/ValueLists.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "workbench/CallMonitor.h"
+#include "workbench/store/CallMonitor.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,11 +1,11 @@
-#include "workbench/TypedNames.h"
+#include "workbench/store/TypedNames.h"
 
 #include <algorithm>
 #include <numeric>
 
 #include "platform/CaseText.h"
-#include "workbench/Provider.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 namespace {
 

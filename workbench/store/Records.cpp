@@ -1,4 +1,4 @@
-#include "workbench/Records.h"
+#include "workbench/store/Records.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,10 +1,10 @@
-#include "workbench/Provider.h"
+#include "workbench/store/Provider.h"
 
 #include <utility>
 
 #include "platform/Border.h"
-#include "workbench/ProviderObjects.h"
-#include "workbench/ValueLists.h"
+#include "workbench/store/ProviderObjects.h"
+#include "workbench/store/ValueLists.h"
 
 namespace {
 constexpr std::int32_t kNoTransformation = -1;

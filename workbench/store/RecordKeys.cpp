@@ -1,13 +1,13 @@
-#include "workbench/RecordKeys.h"
+#include "workbench/store/RecordKeys.h"
 
 #include <algorithm>
 #include <array>
 #include <iterator>
 
 #include "platform/Conversions.h"
-#include "workbench/Provider.h"
 #include "workbench/files/TabbedFile.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
 
 namespace {
 
