@@ -7,8 +7,8 @@
 #include <regex>
 
 #include "host/Imessenger.h"
-#include "workbench/PersonalityFile.h"
 #include "workbench/files/AtomicFile.h"
+#include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 
 namespace {

@@ -2,8 +2,8 @@
 #include <cstdint>
 
 #include "fuzz/Invariant.h"
-#include "workbench/PersonalityFile.h"
 #include "workbench/files/FileError.h"
+#include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 

@@ -5,10 +5,10 @@
 
 #include "fuzz/Invariant.h"
 #include "workbench/Messengers.h"
-#include "workbench/PersonalityFile.h"
 #include "workbench/RandomCalls.h"
 #include "workbench/Session.h"
 #include "workbench/TierLoader.h"
+#include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 

@@ -4,9 +4,9 @@
 
 #include "workbench/Commands.h"
 #include "workbench/Difference.h"
-#include "workbench/PersonalityFile.h"
 #include "workbench/Report.h"
 #include "workbench/TextTable.h"
+#include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/ValueText.h"

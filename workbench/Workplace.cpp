@@ -2,8 +2,8 @@
 
 #include <ostream>
 
-#include "workbench/PersonalityFile.h"
 #include "workbench/TierLoader.h"
+#include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 

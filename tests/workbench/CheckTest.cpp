@@ -7,8 +7,8 @@
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
 #include "workbench/Forms.h"
-#include "workbench/PersonalityFile.h"
 #include "workbench/Session.h"
+#include "workbench/personality/PersonalityFile.h"
 
 namespace {
 using testing::ElementsAre;

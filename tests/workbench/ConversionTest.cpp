@@ -7,7 +7,7 @@
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
 #include "tests/workbench/InProcessCommand.h"
-#include "workbench/PersonalityFile.h"
+#include "workbench/personality/PersonalityFile.h"
 #include "workbench/store/ValueText.h"
 
 namespace {

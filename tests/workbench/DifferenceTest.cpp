@@ -10,8 +10,8 @@
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
 #include "tests/workbench/InProcessCommand.h"
-#include "workbench/PersonalityFile.h"
 #include "workbench/Session.h"
+#include "workbench/personality/PersonalityFile.h"
 #include "workbench/store/ValueText.h"
 
 namespace {

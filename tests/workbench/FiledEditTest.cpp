@@ -9,7 +9,7 @@
 #include "platform/Conversions.h"
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/InProcessCommand.h"
-#include "workbench/PersonalityFile.h"
+#include "workbench/personality/PersonalityFile.h"
 #include "workbench/store/Provider.h"
 
 namespace {

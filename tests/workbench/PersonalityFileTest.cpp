@@ -1,4 +1,4 @@
-#include "workbench/PersonalityFile.h"
+#include "workbench/personality/PersonalityFile.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -6,8 +6,8 @@
 #include "tests/support/BuiltFiles.h"
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
-#include "workbench/PersonalityFile.h"
 #include "workbench/Session.h"
+#include "workbench/personality/PersonalityFile.h"
 
 namespace {
 HostParts Parts() { return {ProjectSchemas(), kTierLibrary, DATA_FOLDER}; }

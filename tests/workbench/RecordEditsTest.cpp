@@ -7,8 +7,8 @@
 #include "platform/Conversions.h"
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/InProcessCommand.h"
-#include "workbench/PersonalityFile.h"
 #include "workbench/Session.h"
+#include "workbench/personality/PersonalityFile.h"
 
 namespace {
 using nlohmann::json;

@@ -12,9 +12,9 @@
 #include "validation/modvalFields.h"
 #include "workbench/Conversion.h"
 #include "workbench/Forms.h"
-#include "workbench/PersonalityFile.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Operations.h"
+#include "workbench/personality/PersonalityFile.h"
 
 /// The tier's dispatch tables beside the calls that a conformance run makes: no row may stay without a call.
 namespace {

@@ -8,7 +8,7 @@
 #include "provider/modTransformations.h"
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
-#include "workbench/PersonalityFile.h"
+#include "workbench/personality/PersonalityFile.h"
 #include "workbench/store/Journal.h"
 
 /// A conversion that goes the wrong way round, reads another record or fills another field shows in a round

@@ -9,8 +9,8 @@
 #include "tests/support/BuiltFiles.h"
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
-#include "workbench/PersonalityFile.h"
 #include "workbench/Workplace.h"
+#include "workbench/personality/PersonalityFile.h"
 
 namespace {
 using testing::Contains;

@@ -6,10 +6,10 @@
 #include <limits>
 
 #include "tests/workbench/InProcessCommand.h"
-#include "workbench/PersonalityFile.h"
 #include "workbench/TierHost.h"
 #include "workbench/border/Recorder.h"
 #include "workbench/border/Replayer.h"
+#include "workbench/personality/PersonalityFile.h"
 #include "workbench/store/Provider.h"
 
 namespace {

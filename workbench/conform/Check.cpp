@@ -3,9 +3,9 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
-#include "workbench/PersonalityFile.h"
 #include "workbench/Session.h"
 #include "workbench/files/AtomicFile.h"
+#include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 

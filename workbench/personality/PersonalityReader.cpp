@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "platform/XArrayDBObject.h"
-#include "workbench/PersonalityFile.h"
 #include "workbench/files/FileError.h"
+#include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 
