@@ -5,10 +5,10 @@
 
 #include "workbench/Commands.h"
 #include "workbench/TierLoader.h"
-#include "workbench/border/Recorder.h"
-#include "workbench/border/Replayer.h"
 #include "workbench/files/FileError.h"
+#include "workbench/host/Replayer.h"
 #include "workbench/store/TypedNames.h"
+#include "workbench/trace/Recorder.h"
 
 namespace {
 

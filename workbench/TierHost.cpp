@@ -3,7 +3,7 @@
 #include "host/Itier.h"
 #include "workbench/HostObjects.h"
 #include "workbench/TierLoader.h"
-#include "workbench/border/Recorder.h"
+#include "workbench/trace/Recorder.h"
 
 namespace {
 std::shared_ptr<TierLibrary> LoadLibrary(const HostParts& parts, const Provider* provider) {

@@ -7,8 +7,8 @@
 
 #include "platform/CaseText.h"
 #include "platform/System.h"
-#include "workbench/border/Recorder.h"
 #include "workbench/files/FileError.h"
+#include "workbench/trace/Recorder.h"
 
 namespace {
 constexpr std::string_view kTierClass = "clsKD4410Tier";

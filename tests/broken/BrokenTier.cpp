@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
-#include "workbench/border/Objects.h"
 #include "workbench/conform/DecimalLocale.h"
+#include "workbench/trace/Objects.h"
 
 namespace {
 using Trace::BorderCall;

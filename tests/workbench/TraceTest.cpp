@@ -7,10 +7,10 @@
 
 #include "tests/workbench/InProcessCommand.h"
 #include "workbench/TierHost.h"
-#include "workbench/border/Recorder.h"
-#include "workbench/border/Replayer.h"
+#include "workbench/host/Replayer.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/store/Provider.h"
+#include "workbench/trace/Recorder.h"
 
 namespace {
 using testing::HasSubstr;

@@ -1,11 +1,11 @@
-#include "workbench/border/TraceReader.h"
+#include "workbench/trace/TraceReader.h"
 
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 
-#include "workbench/border/Recorder.h"
 #include "workbench/files/FileError.h"
+#include "workbench/trace/Recorder.h"
 
 namespace Trace {
 

@@ -1,4 +1,4 @@
-#include "workbench/border/Recorder.h"
+#include "workbench/trace/Recorder.h"
 
 #include <cerrno>
 #include <cstring>

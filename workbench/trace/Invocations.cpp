@@ -1,8 +1,8 @@
-#include "workbench/border/Invocations.h"
+#include "workbench/trace/Invocations.h"
 
 #include <map>
 
-#include "workbench/border/TracedCall.h"
+#include "workbench/trace/TracedCall.h"
 
 namespace Trace {
 namespace {

@@ -1,4 +1,4 @@
-#include "workbench/border/Objects.h"
+#include "workbench/trace/Objects.h"
 
 namespace Trace {
 

@@ -1,4 +1,4 @@
-#include "workbench/border/Values.h"
+#include "workbench/trace/Values.h"
 
 #include <charconv>
 #include <cmath>

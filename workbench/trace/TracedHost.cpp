@@ -1,4 +1,4 @@
-#include "workbench/border/TracedCall.h"
+#include "workbench/trace/TracedCall.h"
 
 /// The objects of the host, as the tier sees them.
 namespace Trace {

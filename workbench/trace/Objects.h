@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "workbench/border/Channel.h"
+#include "workbench/trace/Channel.h"
 
 namespace Trace {
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "workbench/border/Objects.h"
-#include "workbench/border/TraceReader.h"
+#include "workbench/trace/Objects.h"
+#include "workbench/trace/TraceReader.h"
 
 namespace Trace {
 

@@ -1,10 +1,10 @@
-#include "workbench/border/Replayer.h"
+#include "workbench/host/Replayer.h"
 
 #include "platform/Locale.h"
 #include "workbench/TierLoader.h"
-#include "workbench/border/Invocations.h"
-#include "workbench/border/Recorder.h"
 #include "workbench/files/FileError.h"
+#include "workbench/trace/Invocations.h"
+#include "workbench/trace/Recorder.h"
 
 namespace Trace {
 namespace {

@@ -1,4 +1,4 @@
-#include "workbench/border/TracedCall.h"
+#include "workbench/trace/TracedCall.h"
 
 /// The objects of the tier, as the host sees them.
 namespace Trace {

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "platform/Status.h"
-#include "workbench/border/Interfaces.h"
-#include "workbench/border/Values.h"
+#include "workbench/trace/Interfaces.h"
+#include "workbench/trace/Values.h"
 
 /// What the objects on both sides of the border talk through when a trace is made or played again.
 namespace Trace {

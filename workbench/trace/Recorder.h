@@ -3,7 +3,7 @@
 #include <fstream>
 #include <string>
 
-#include "workbench/border/Objects.h"
+#include "workbench/trace/Objects.h"
 
 namespace Trace {
 

@@ -3,7 +3,7 @@
 #include <fstream>
 #include <string>
 
-#include "workbench/border/Values.h"
+#include "workbench/trace/Values.h"
 
 namespace Trace {
 

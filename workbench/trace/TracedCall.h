@@ -4,7 +4,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "workbench/border/Objects.h"
+#include "workbench/trace/Objects.h"
 
 /// Calls across the border, made of the signatures of the operations. Included by who defines traced objects.
 namespace Trace {

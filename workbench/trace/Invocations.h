@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "workbench/border/Objects.h"
+#include "workbench/trace/Objects.h"
 
 namespace Trace {
 
