@@ -12,7 +12,7 @@
 #include "benchmarks/Work.h"
 #include "host/Itables.h"
 #include "workbench/Conversion.h"
-#include "workbench/Messengers.h"
+#include "workbench/host/Messengers.h"
 #include "workbench/schema/Schema.h"
 
 namespace {

@@ -4,10 +4,10 @@
 #include <iterator>
 
 #include "fuzz/Invariant.h"
-#include "workbench/Messengers.h"
 #include "workbench/RandomCalls.h"
 #include "workbench/Session.h"
-#include "workbench/TierLoader.h"
+#include "workbench/host/Messengers.h"
+#include "workbench/host/TierLoader.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"

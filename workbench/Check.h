@@ -10,7 +10,7 @@
 
 #include "platform/Types.h"
 #include "platform/Variant.h"
-#include "workbench/Messengers.h"
+#include "workbench/host/Messengers.h"
 
 class Provider;
 class Session;

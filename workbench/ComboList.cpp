@@ -4,7 +4,7 @@
 
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
-#include "workbench/TierHost.h"
+#include "workbench/host/TierHost.h"
 #include "workbench/store/Provider.h"
 
 ComboList ComboListOf(const TierHost& host, const Provider& content, std::string_view uiid, RecordNr record) {

@@ -6,11 +6,11 @@
 
 #include "workbench/Commands.h"
 #include "workbench/TextTable.h"
-#include "workbench/TierLoader.h"
 #include "workbench/conform/Check.h"
 #include "workbench/conform/Runner.h"
 #include "workbench/files/AtomicFile.h"
 #include "workbench/files/FileError.h"
+#include "workbench/host/TierLoader.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/TypedNames.h"
 

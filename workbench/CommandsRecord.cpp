@@ -4,9 +4,9 @@
 #include <memory>
 
 #include "workbench/Commands.h"
-#include "workbench/TierLoader.h"
 #include "workbench/files/FileError.h"
 #include "workbench/host/Replayer.h"
+#include "workbench/host/TierLoader.h"
 #include "workbench/store/TypedNames.h"
 #include "workbench/trace/Recorder.h"
 

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "workbench/Messengers.h"
-#include "workbench/TierHost.h"
+#include "workbench/host/Messengers.h"
+#include "workbench/host/TierHost.h"
 #include "workbench/store/Journal.h"
 
 struct VersionName;

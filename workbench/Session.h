@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/Conversions.h"
-#include "workbench/TierHost.h"
+#include "workbench/host/TierHost.h"
 #include "workbench/store/Journal.h"
 
 class Provider;

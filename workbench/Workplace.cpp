@@ -2,7 +2,7 @@
 
 #include <ostream>
 
-#include "workbench/TierLoader.h"
+#include "workbench/host/TierLoader.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"

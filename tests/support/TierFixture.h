@@ -8,9 +8,9 @@
 #include <string_view>
 
 #include "host/Itier.h"
-#include "workbench/HostObjects.h"
-#include "workbench/Messengers.h"
-#include "workbench/TierHost.h"
+#include "workbench/host/HostObjects.h"
+#include "workbench/host/Messengers.h"
+#include "workbench/host/TierHost.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 

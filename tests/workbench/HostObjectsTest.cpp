@@ -1,4 +1,4 @@
-#include "workbench/HostObjects.h"
+#include "workbench/host/HostObjects.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,7 +7,7 @@
 #include "tests/support/BuiltFiles.h"
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
-#include "workbench/TierLoader.h"
+#include "workbench/host/TierLoader.h"
 
 namespace {
 using testing::HasSubstr;

@@ -1,4 +1,4 @@
-#include "workbench/Messengers.h"
+#include "workbench/host/Messengers.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -6,8 +6,8 @@
 #include <limits>
 
 #include "tests/workbench/InProcessCommand.h"
-#include "workbench/TierHost.h"
 #include "workbench/host/Replayer.h"
+#include "workbench/host/TierHost.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/store/Provider.h"
 #include "workbench/trace/Recorder.h"

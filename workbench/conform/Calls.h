@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "platform/Error.h"
-#include "workbench/Messengers.h"
 #include "workbench/Session.h"
+#include "workbench/host/Messengers.h"
 
 namespace Conform {
 

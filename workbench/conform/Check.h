@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "workbench/TierHost.h"
+#include "workbench/host/TierHost.h"
 
 class Provider;
 

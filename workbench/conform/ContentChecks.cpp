@@ -2,12 +2,12 @@
 #include <regex>
 
 #include "platform/CaseText.h"
-#include "workbench/HostObjects.h"
-#include "workbench/TierLoader.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
 #include "workbench/conform/DecimalLocale.h"
 #include "workbench/conform/Operations.h"
+#include "workbench/host/HostObjects.h"
+#include "workbench/host/TierLoader.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/ValueText.h"

@@ -2,10 +2,10 @@
 #include <memory>
 
 #include "host/TierLibrary.h"
-#include "workbench/TierLoader.h"
 #include "workbench/conform/Check.h"
 #include "workbench/conform/Exports.h"
 #include "workbench/files/FileError.h"
+#include "workbench/host/TierLoader.h"
 
 /// The library as a file and its class factories; no tier is initialised.
 namespace Conform {

@@ -1,8 +1,8 @@
 #include "workbench/host/Replayer.h"
 
 #include "platform/Locale.h"
-#include "workbench/TierLoader.h"
 #include "workbench/files/FileError.h"
+#include "workbench/host/TierLoader.h"
 #include "workbench/trace/Invocations.h"
 #include "workbench/trace/Recorder.h"
 

@@ -1,4 +1,4 @@
-#include "workbench/HostObjects.h"
+#include "workbench/host/HostObjects.h"
 
 #include <algorithm>
 #include <iterator>

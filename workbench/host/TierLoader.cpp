@@ -1,4 +1,4 @@
-#include "workbench/TierLoader.h"
+#include "workbench/host/TierLoader.h"
 
 #include <dlfcn.h>
 

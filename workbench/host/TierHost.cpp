@@ -1,8 +1,8 @@
-#include "workbench/TierHost.h"
+#include "workbench/host/TierHost.h"
 
 #include "host/Itier.h"
-#include "workbench/HostObjects.h"
-#include "workbench/TierLoader.h"
+#include "workbench/host/HostObjects.h"
+#include "workbench/host/TierLoader.h"
 #include "workbench/trace/Recorder.h"
 
 namespace {
