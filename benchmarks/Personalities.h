@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "platform/Types.h"
-#include "workbench/Session.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/store/Provider.h"
 
 /// What the benchmarks measure on. Everything is made on first use and kept.

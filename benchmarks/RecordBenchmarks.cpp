@@ -11,8 +11,8 @@
 #include "benchmarks/Personalities.h"
 #include "benchmarks/Work.h"
 #include "host/Itables.h"
-#include "workbench/Conversion.h"
 #include "workbench/host/Messengers.h"
+#include "workbench/jobs/Conversion.h"
 #include "workbench/schema/Schema.h"
 
 namespace {

@@ -5,9 +5,9 @@
 
 #include "fuzz/Invariant.h"
 #include "workbench/RandomCalls.h"
-#include "workbench/Session.h"
 #include "workbench/host/Messengers.h"
 #include "workbench/host/TierLoader.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"

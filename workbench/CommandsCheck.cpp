@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "workbench/Check.h"
 #include "workbench/Commands.h"
+#include "workbench/jobs/Check.h"
 
 namespace {
 

@@ -4,11 +4,11 @@
 #include <ostream>
 
 #include "platform/CaseText.h"
-#include "workbench/Check.h"
 #include "workbench/Commands.h"
-#include "workbench/Conversion.h"
 #include "workbench/Report.h"
 #include "workbench/TextTable.h"
+#include "workbench/jobs/Check.h"
+#include "workbench/jobs/Conversion.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"

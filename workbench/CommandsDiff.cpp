@@ -3,9 +3,9 @@
 #include <ostream>
 
 #include "workbench/Commands.h"
-#include "workbench/Difference.h"
 #include "workbench/Report.h"
 #include "workbench/TextTable.h"
+#include "workbench/jobs/Difference.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"

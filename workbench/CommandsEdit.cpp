@@ -3,10 +3,10 @@
 #include <ostream>
 
 #include "workbench/Commands.h"
-#include "workbench/FiledEdit.h"
-#include "workbench/Forms.h"
 #include "workbench/Report.h"
 #include "workbench/TextTable.h"
+#include "workbench/jobs/FiledEdit.h"
+#include "workbench/jobs/Forms.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/TypedNames.h"

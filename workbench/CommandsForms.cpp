@@ -6,9 +6,9 @@
 
 #include "host/IenablementReasons.h"
 #include "workbench/Commands.h"
-#include "workbench/Forms.h"
 #include "workbench/Report.h"
 #include "workbench/TextTable.h"
+#include "workbench/jobs/Forms.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/TypedNames.h"

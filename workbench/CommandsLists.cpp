@@ -3,9 +3,9 @@
 #include <memory>
 #include <ostream>
 
-#include "workbench/ComboList.h"
 #include "workbench/Commands.h"
 #include "workbench/TextTable.h"
+#include "workbench/jobs/ComboList.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/TypedNames.h"

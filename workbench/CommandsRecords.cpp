@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "workbench/Commands.h"
-#include "workbench/RecordEdits.h"
 #include "workbench/Report.h"
+#include "workbench/jobs/RecordEdits.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/ValueText.h"

@@ -5,8 +5,8 @@
 
 #include "platform/CaseText.h"
 #include "workbench/Commands.h"
-#include "workbench/Conversion.h"
 #include "workbench/TextTable.h"
+#include "workbench/jobs/Conversion.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/TypedNames.h"
 

@@ -4,9 +4,9 @@
 
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
-#include "workbench/Check.h"
-#include "workbench/Session.h"
 #include "workbench/TextTable.h"
+#include "workbench/jobs/Check.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/ValueText.h"

@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "workbench/Session.h"
 #include "workbench/files/AtomicFile.h"
 #include "workbench/host/Messengers.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/store/RecordKeys.h"
 
 /// How a command ends. Of several commands the highest counts.

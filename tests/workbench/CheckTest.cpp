@@ -1,4 +1,4 @@
-#include "workbench/Check.h"
+#include "workbench/jobs/Check.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,8 +6,8 @@
 #include "platform/Conversions.h"
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
-#include "workbench/Forms.h"
-#include "workbench/Session.h"
+#include "workbench/jobs/Forms.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/personality/PersonalityFile.h"
 
 namespace {

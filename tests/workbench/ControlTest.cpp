@@ -1,4 +1,4 @@
-#include "workbench/Control.h"
+#include "workbench/jobs/Control.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,8 +7,8 @@
 #include "tests/support/BuiltFiles.h"
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
-#include "workbench/ComboList.h"
-#include "workbench/Session.h"
+#include "workbench/jobs/ComboList.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/personality/PersonalityFile.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "workbench/Conversion.h"
+#include "workbench/jobs/Conversion.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

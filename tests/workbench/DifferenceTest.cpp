@@ -1,4 +1,4 @@
-#include "workbench/Difference.h"
+#include "workbench/jobs/Difference.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
 #include "tests/workbench/InProcessCommand.h"
-#include "workbench/Session.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/store/ValueText.h"
 

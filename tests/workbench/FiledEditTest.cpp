@@ -1,4 +1,4 @@
-#include "workbench/FiledEdit.h"
+#include "workbench/jobs/FiledEdit.h"
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>

@@ -6,7 +6,7 @@
 #include "tests/support/BuiltFiles.h"
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
-#include "workbench/Session.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/personality/PersonalityFile.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "workbench/RecordEdits.h"
+#include "workbench/jobs/RecordEdits.h"
 
 #include <gmock/gmock.h>
 
@@ -7,7 +7,7 @@
 #include "platform/Conversions.h"
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/InProcessCommand.h"
-#include "workbench/Session.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/personality/PersonalityFile.h"
 
 namespace {

@@ -10,10 +10,10 @@
 #include "tests/workbench/FileHelpers.h"
 #include "validation/modvalEnablement.h"
 #include "validation/modvalFields.h"
-#include "workbench/Conversion.h"
-#include "workbench/Forms.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Operations.h"
+#include "workbench/jobs/Conversion.h"
+#include "workbench/jobs/Forms.h"
 #include "workbench/personality/PersonalityFile.h"
 
 /// The tier's dispatch tables beside the calls that a conformance run makes: no row may stay without a call.

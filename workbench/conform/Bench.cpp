@@ -1,9 +1,9 @@
 #include <exception>
 
-#include "workbench/Conversion.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Operations.h"
 #include "workbench/host/HostObjects.h"
+#include "workbench/jobs/Conversion.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/ValueText.h"

@@ -1,8 +1,8 @@
 #include <nlohmann/json.hpp>
 
-#include "workbench/Conversion.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
+#include "workbench/jobs/Conversion.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 

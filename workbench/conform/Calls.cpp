@@ -4,10 +4,10 @@
 #include <iterator>
 
 #include "platform/XArrayDBObject.h"
-#include "workbench/Conversion.h"
-#include "workbench/Forms.h"
-#include "workbench/RecordEdits.h"
 #include "workbench/conform/Operations.h"
+#include "workbench/jobs/Conversion.h"
+#include "workbench/jobs/Forms.h"
+#include "workbench/jobs/RecordEdits.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/ValueText.h"

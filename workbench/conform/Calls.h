@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "platform/Error.h"
-#include "workbench/Session.h"
 #include "workbench/host/Messengers.h"
+#include "workbench/jobs/Session.h"
 
 namespace Conform {
 

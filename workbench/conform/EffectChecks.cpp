@@ -2,10 +2,10 @@
 
 #include "host/Itier.h"
 #include "platform/Conversions.h"
-#include "workbench/Conversion.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
 #include "workbench/conform/Operations.h"
+#include "workbench/jobs/Conversion.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 

@@ -1,9 +1,9 @@
-#include "workbench/Conversion.h"
+#include "workbench/jobs/Conversion.h"
 
 #include <algorithm>
 #include <iterator>
 
-#include "workbench/Session.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/RecordKeys.h"

@@ -1,4 +1,4 @@
-#include "workbench/Control.h"
+#include "workbench/jobs/Control.h"
 
 #include <algorithm>
 #include <charconv>
@@ -10,10 +10,10 @@
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "platform/DecimalText.h"
-#include "workbench/ComboList.h"
-#include "workbench/Session.h"
 #include "workbench/files/TabbedFile.h"
 #include "workbench/files/Utf8.h"
+#include "workbench/jobs/ComboList.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/RecordKeys.h"

@@ -1,10 +1,10 @@
-#include "workbench/Forms.h"
+#include "workbench/jobs/Forms.h"
 
 #include <algorithm>
 
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
-#include "workbench/Session.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/TypedNames.h"

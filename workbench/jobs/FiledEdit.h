@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "workbench/Difference.h"
+#include "workbench/jobs/Difference.h"
 #include "workbench/store/Journal.h"
 
 /// What becomes of an edit in the file. Only a file that is opened again tells: the radio rounds values,

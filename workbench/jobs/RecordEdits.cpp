@@ -1,13 +1,13 @@
-#include "workbench/RecordEdits.h"
+#include "workbench/jobs/RecordEdits.h"
 
 #include <algorithm>
 #include <iterator>
 
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
-#include "workbench/Difference.h"
-#include "workbench/Forms.h"
-#include "workbench/Session.h"
+#include "workbench/jobs/Difference.h"
+#include "workbench/jobs/Forms.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/TypedNames.h"

@@ -1,10 +1,10 @@
-#include "workbench/Difference.h"
+#include "workbench/jobs/Difference.h"
 
 #include <algorithm>
 #include <iterator>
 #include <optional>
 
-#include "workbench/Session.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Journal.h"
 #include "workbench/store/Provider.h"

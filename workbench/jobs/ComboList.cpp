@@ -1,4 +1,4 @@
-#include "workbench/ComboList.h"
+#include "workbench/jobs/ComboList.h"
 
 #include <memory>
 

@@ -1,11 +1,11 @@
-#include "workbench/Check.h"
+#include "workbench/jobs/Check.h"
 
 #include <algorithm>
 #include <iterator>
 
 #include "platform/Conversions.h"
-#include "workbench/Forms.h"
-#include "workbench/Session.h"
+#include "workbench/jobs/Forms.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/ValueText.h"

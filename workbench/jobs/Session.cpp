@@ -1,7 +1,7 @@
-#include "workbench/Session.h"
+#include "workbench/jobs/Session.h"
 
 #include "platform/Conversions.h"
-#include "workbench/Control.h"
+#include "workbench/jobs/Control.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 
