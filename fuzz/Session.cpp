@@ -4,7 +4,7 @@
 #include <iterator>
 
 #include "fuzz/Invariant.h"
-#include "workbench/RandomCalls.h"
+#include "workbench/conform/RandomCalls.h"
 #include "workbench/host/Messengers.h"
 #include "workbench/host/TierLoader.h"
 #include "workbench/jobs/Session.h"

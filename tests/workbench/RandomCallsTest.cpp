@@ -1,4 +1,4 @@
-#include "workbench/RandomCalls.h"
+#include "workbench/conform/RandomCalls.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

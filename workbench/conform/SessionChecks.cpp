@@ -1,6 +1,6 @@
-#include "workbench/RandomCalls.h"
 #include "workbench/conform/Calls.h"
 #include "workbench/conform/Check.h"
+#include "workbench/conform/RandomCalls.h"
 #include "workbench/store/Provider.h"
 
 /// Whole sessions of a host that does whatever its users may come upon.

@@ -1,4 +1,4 @@
-#include "workbench/RandomCalls.h"
+#include "workbench/conform/RandomCalls.h"
 
 #include <array>
 #include <exception>

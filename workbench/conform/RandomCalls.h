@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "workbench/Choices.h"
+#include "workbench/conform/Choices.h"
 
 class Provider;
 struct HostParts;

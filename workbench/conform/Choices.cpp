@@ -1,4 +1,4 @@
-#include "workbench/Choices.h"
+#include "workbench/conform/Choices.h"
 
 #include <limits>
 #include <memory>
