@@ -10,7 +10,7 @@
 
 #include "workbench/SampleContent.h"
 #include "workbench/SampleFull.h"
-#include "workbench/Workplace.h"
+#include "workbench/cli/Workplace.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 

@@ -8,7 +8,7 @@
 
 #include "tests/support/BuiltFiles.h"
 #include "tests/workbench/FileHelpers.h"
-#include "workbench/Commands.h"
+#include "workbench/cli/Commands.h"
 
 /// Runs commands in this process, in a folder of its own that holds the smallest sample.
 class InProcessCommand : public testing::Test {

@@ -9,7 +9,7 @@
 #include "tests/support/BuiltFiles.h"
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
-#include "workbench/Workplace.h"
+#include "workbench/cli/Workplace.h"
 #include "workbench/personality/PersonalityFile.h"
 
 namespace {

@@ -4,9 +4,9 @@
 #include <ostream>
 
 #include "platform/CaseText.h"
-#include "workbench/Commands.h"
-#include "workbench/Report.h"
-#include "workbench/TextTable.h"
+#include "workbench/cli/Commands.h"
+#include "workbench/cli/Report.h"
+#include "workbench/cli/TextTable.h"
 #include "workbench/jobs/Check.h"
 #include "workbench/jobs/Conversion.h"
 #include "workbench/personality/PersonalityFile.h"

@@ -3,7 +3,7 @@
 #include <iostream>
 #include <memory>
 
-#include "workbench/Commands.h"
+#include "workbench/cli/Commands.h"
 #include "workbench/files/FileError.h"
 #include "workbench/host/Replayer.h"
 #include "workbench/host/TierLoader.h"

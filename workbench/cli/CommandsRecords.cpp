@@ -3,8 +3,8 @@
 #include <ostream>
 #include <utility>
 
-#include "workbench/Commands.h"
-#include "workbench/Report.h"
+#include "workbench/cli/Commands.h"
+#include "workbench/cli/Report.h"
 #include "workbench/jobs/RecordEdits.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"

@@ -1,4 +1,4 @@
-#include "workbench/TextTable.h"
+#include "workbench/cli/TextTable.h"
 
 #include <algorithm>
 #include <ostream>

@@ -3,8 +3,8 @@
 #include <memory>
 #include <ostream>
 
-#include "workbench/Commands.h"
-#include "workbench/TextTable.h"
+#include "workbench/cli/Commands.h"
+#include "workbench/cli/TextTable.h"
 #include "workbench/jobs/ComboList.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"

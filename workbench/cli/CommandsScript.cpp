@@ -4,7 +4,7 @@
 #include <memory>
 #include <sstream>
 
-#include "workbench/Commands.h"
+#include "workbench/cli/Commands.h"
 #include "workbench/files/FileError.h"
 #include "workbench/store/TypedNames.h"
 

@@ -4,8 +4,8 @@
 #include <memory>
 #include <ostream>
 
-#include "workbench/Commands.h"
-#include "workbench/TextTable.h"
+#include "workbench/cli/Commands.h"
+#include "workbench/cli/TextTable.h"
 #include "workbench/conform/Check.h"
 #include "workbench/conform/Runner.h"
 #include "workbench/files/AtomicFile.h"

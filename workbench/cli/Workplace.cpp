@@ -1,4 +1,4 @@
-#include "workbench/Workplace.h"
+#include "workbench/cli/Workplace.h"
 
 #include <ostream>
 

@@ -1,10 +1,10 @@
-#include "workbench/Report.h"
+#include "workbench/cli/Report.h"
 
 #include <ostream>
 
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
-#include "workbench/TextTable.h"
+#include "workbench/cli/TextTable.h"
 #include "workbench/jobs/Check.h"
 #include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"

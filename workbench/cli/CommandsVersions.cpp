@@ -4,8 +4,8 @@
 #include <ostream>
 
 #include "platform/CaseText.h"
-#include "workbench/Commands.h"
-#include "workbench/TextTable.h"
+#include "workbench/cli/Commands.h"
+#include "workbench/cli/TextTable.h"
 #include "workbench/jobs/Conversion.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/TypedNames.h"

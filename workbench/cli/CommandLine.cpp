@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <iostream>
 
-#include "workbench/Commands.h"
+#include "workbench/cli/Commands.h"
 #include "workbench/files/FileError.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include <iostream>
 
-#include "workbench/Commands.h"
+#include "workbench/cli/Commands.h"
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);

@@ -6,9 +6,9 @@
 #include <span>
 
 #include "platform/Conversions.h"
-#include "workbench/Commands.h"
-#include "workbench/Report.h"
-#include "workbench/TextTable.h"
+#include "workbench/cli/Commands.h"
+#include "workbench/cli/Report.h"
+#include "workbench/cli/TextTable.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/TypedNames.h"

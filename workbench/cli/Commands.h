@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "workbench/Workplace.h"
+#include "workbench/cli/Workplace.h"
 
 namespace CLI {
 class App;

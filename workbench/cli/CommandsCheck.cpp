@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "workbench/Commands.h"
+#include "workbench/cli/Commands.h"
 #include "workbench/jobs/Check.h"
 
 namespace {

@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "host/IenablementReasons.h"
-#include "workbench/Commands.h"
-#include "workbench/Report.h"
-#include "workbench/TextTable.h"
+#include "workbench/cli/Commands.h"
+#include "workbench/cli/Report.h"
+#include "workbench/cli/TextTable.h"
 #include "workbench/jobs/Forms.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"

@@ -2,9 +2,9 @@
 #include <memory>
 #include <ostream>
 
-#include "workbench/Commands.h"
-#include "workbench/Report.h"
-#include "workbench/TextTable.h"
+#include "workbench/cli/Commands.h"
+#include "workbench/cli/Report.h"
+#include "workbench/cli/TextTable.h"
 #include "workbench/jobs/Difference.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"

@@ -2,9 +2,9 @@
 #include <memory>
 #include <ostream>
 
-#include "workbench/Commands.h"
-#include "workbench/Report.h"
-#include "workbench/TextTable.h"
+#include "workbench/cli/Commands.h"
+#include "workbench/cli/Report.h"
+#include "workbench/cli/TextTable.h"
 #include "workbench/jobs/FiledEdit.h"
 #include "workbench/jobs/Forms.h"
 #include "workbench/schema/Schema.h"
