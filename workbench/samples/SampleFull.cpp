@@ -1,6 +1,6 @@
-#include "workbench/SampleFull.h"
+#include "workbench/samples/SampleFull.h"
 
-#include "workbench/SampleFiller.h"
+#include "workbench/samples/SampleFiller.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 

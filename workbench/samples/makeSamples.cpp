@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "workbench/SampleContent.h"
-#include "workbench/SampleFull.h"
 #include "workbench/cli/Workplace.h"
+#include "workbench/samples/SampleContent.h"
+#include "workbench/samples/SampleFull.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 

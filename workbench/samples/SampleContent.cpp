@@ -1,4 +1,4 @@
-#include "workbench/SampleContent.h"
+#include "workbench/samples/SampleContent.h"
 
 #include <algorithm>
 #include <iterator>

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "workbench/SampleFull.h"
+#include "workbench/samples/SampleFull.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 

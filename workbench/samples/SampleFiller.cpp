@@ -1,4 +1,4 @@
-#include "workbench/SampleFiller.h"
+#include "workbench/samples/SampleFiller.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,7 +7,7 @@
 
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
-#include "workbench/SampleContent.h"
+#include "workbench/samples/SampleContent.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Journal.h"
 #include "workbench/store/Provider.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workbench/SampleContent.h"
+#include "workbench/samples/SampleContent.h"
 
 namespace Samples {
 
