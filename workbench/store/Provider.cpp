@@ -32,7 +32,7 @@ Status Provider::DefaultValue(std::string_view name, Variant& out) {
       CallGroup::Lookup, [&] { return CallName("Iprovider.DefaultValue", name); },
       [&] {
         const SchemaField& field = FieldOf(name);
-        out = field.isIdentity ? Variant(FreeValueList(state_->records, field).At(0)) : field.standard;
+        out = field.isIdentity ? Variant(state_->FreeValuesOf(field)->At(0)) : field.standard;
       });
 }
 

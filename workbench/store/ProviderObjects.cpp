@@ -41,6 +41,14 @@ const SchemaTable& ProviderState::TableOf(std::string_view tableId) const {
   RaiseUnknown("table", tableId);
 }
 
+const std::shared_ptr<FreeValueList>& ProviderState::FreeValuesOf(const SchemaField& field) {
+  if (freeValuesMade_ != records.Changes()) freeValues_.clear();
+  freeValuesMade_ = records.Changes();
+  std::shared_ptr<FreeValueList>& list = freeValues_[field.index];
+  if (list == nullptr) list = std::make_shared<FreeValueList>(records, field);
+  return list;
+}
+
 template <typename Work>
 Status FieldObject::Call(const char* operation, Work work) {
   return Border([&] {
@@ -74,7 +82,7 @@ Status FieldObject::Minimum(std::int32_t& out) {
 }
 
 Status FieldObject::ListCount(std::int32_t& out) {
-  return Call("Ifield.ListCount", [&] { out = FreeValueList(state_.records, field_).Size(); });
+  return Call("Ifield.ListCount", [&] { out = state_.FreeValuesOf(field_)->Size(); });
 }
 
 Status FieldObject::Scale(Currency& out) {
@@ -111,7 +119,7 @@ Status FieldObject::Units(std::string& out) {
 }
 
 Status FieldObject::FreeValues(std::shared_ptr<IvalueList>& out) {
-  return Call("Ifield.FreeValues", [&] { out = std::make_shared<FreeValueList>(state_.records, field_); });
+  return Call("Ifield.FreeValues", [&] { out = state_.FreeValuesOf(field_); });
 }
 
 Status FieldObject::UsedValues(std::shared_ptr<IvalueList>& out) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -11,6 +13,7 @@
 
 /// The objects that a provider hands out: views of its content, made once with it.
 
+class FreeValueList;
 struct ProviderState;
 
 class FieldObject final : public Ifield {
@@ -107,6 +110,8 @@ struct ProviderState : std::enable_shared_from_this<ProviderState> {
   const SchemaField& FieldOf(std::string_view name) const;
   /// The table of a number, or that of a field. Raises 5 for another text.
   const SchemaTable& TableOf(std::string_view tableId) const;
+  /// The numbers that no record uses. The list is made once for as long as nothing is written.
+  const std::shared_ptr<FreeValueList>& FreeValuesOf(const SchemaField& field);
 
   Records records;
   std::shared_ptr<CallMonitor> monitor = std::make_shared<CallMonitor>();
@@ -116,4 +121,8 @@ struct ProviderState : std::enable_shared_from_this<ProviderState> {
   std::vector<FieldObject> fields;  // by SchemaField::index
   std::vector<TableObject> tables;  // by SchemaTable::index
   TablesObject allTables{*this};
+
+ private:
+  std::map<std::size_t, std::shared_ptr<FreeValueList>> freeValues_;  // by SchemaField::index
+  std::uint64_t freeValuesMade_ = 0;                                  // Records::Changes at that time
 };

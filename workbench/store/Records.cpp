@@ -81,15 +81,18 @@ const Variant& Records::Get(const SchemaField& field, RecordNr record) const {
 void Records::Set(const SchemaField& field, RecordNr record, Variant value) {
   Variant& cell = tables_[field.tableIndex].columns[ColumnOf(field)][IndexOf(field, record)];
   if (listener_ != nullptr) listener_->BeforeCell(field, record, std::move(cell));
+  ++changes_;
   cell = std::move(value);
 }
 
 void Records::Restore(const SchemaField& field, RecordNr record, Variant value) {
+  ++changes_;
   tables_[field.tableIndex].columns[ColumnOf(field)][IndexOf(field, record)] = std::move(value);
 }
 
 TableContent& Records::ContentToChange(const SchemaTable& table) {
   if (listener_ != nullptr) listener_->BeforeTable(table);
+  ++changes_;
   return tables_[table.index];
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <utility>
@@ -54,6 +55,9 @@ class Records {
   /// Ascending by the fields of the table, in their order of weight; equal records keep their order.
   void Sort(const SchemaTable& table, std::span<const SchemaField* const> keys);
 
+  /// How often anything was changed: what was made of the records is still right while this is the same.
+  std::uint64_t Changes() const { return changes_; }
+
   /// At most one listens; null for none.
   WriteListener* Listener() const { return listener_; }
   void SetListener(WriteListener* listener) { listener_ = listener; }
@@ -67,8 +71,14 @@ class Records {
   // The listener is not told of these.
 
   /// Takes over all records of a store of the same schema.
-  void CopyContent(const Records& other) { tables_ = other.tables_; }
-  void Restore(const SchemaTable& table, TableContent content) { tables_[table.index] = std::move(content); }
+  void CopyContent(const Records& other) {
+    ++changes_;
+    tables_ = other.tables_;
+  }
+  void Restore(const SchemaTable& table, TableContent content) {
+    ++changes_;
+    tables_[table.index] = std::move(content);
+  }
   void Restore(const SchemaField& field, RecordNr record, Variant value);
 
  private:
@@ -79,4 +89,5 @@ class Records {
   std::shared_ptr<const Schema> schema_;
   std::vector<TableContent> tables_;
   WriteListener* listener_ = nullptr;
+  std::uint64_t changes_ = 0;
 };

@@ -69,12 +69,12 @@ std::int32_t FreeValueList::Size() const {
 
 std::int32_t FreeValueList::At(std::int32_t index) const {
   CheckIndex(index, Size());
-  std::int64_t value = std::int64_t{minimum_} + index;
-  for (const std::int32_t used : used_) {
-    if (used > value) break;
-    ++value;
-  }
-  return static_cast<std::int32_t>(value);
+  // So many free values lie below a used one as it is above the minimum, less the used ones before it.
+  const auto isPassed = [&](const std::int32_t& used) {
+    return std::int64_t{used} - minimum_ - (&used - used_.data()) <= index;
+  };
+  const auto passed = std::partition_point(used_.begin(), used_.end(), isPassed) - used_.begin();
+  return static_cast<std::int32_t>(std::int64_t{minimum_} + index + passed);
 }
 
 Status FreeValueList::Item(std::int32_t index, std::string& out) {

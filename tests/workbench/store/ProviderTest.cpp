@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
 #include "tests/support/Temporary.h"
@@ -166,6 +169,40 @@ Texts Told(const Journal& journal) {
     told.push_back(place + ": " + CStr(change.before) + " -> " + CStr(change.now));
   }
   return told;
+}
+
+/// Writes of all kinds, records that come and go and what a journal takes back, beside a plain count of what
+/// is used.
+TEST_F(ProviderTest, FreeNumbersFollowEveryWrite) {
+  std::mt19937 random(1);
+  const auto below = [&](unsigned count) { return static_cast<std::int32_t>(random() % count); };
+  const auto step = [&](std::int32_t action) {
+    const RecordNr count = provider.Count(5);
+    RecordNr left = 0;
+    if (action == 0 && count < 5) provider.SetCount(5, count + 1);
+    if (action == 1 && count > 0) static_cast<void>(Table("5")->DeleteRecord(1, left));
+    if (action == 2) provider.SetCount(16, below(5));
+    if (action >= 3 && count > 0) provider.Set("ChannelID", below(unsigned(count)) + 1, below(12));
+  };
+  for (int i = 0; i < 400; ++i) {
+    if (below(10) == 0) {
+      Journal journal(provider);
+      step(below(6));
+      Free("ChannelID");
+      journal.Rollback();
+    } else {
+      step(below(6));
+    }
+    Texts expected;
+    for (int number = 1; number <= 9; ++number) {
+      const auto isUsed = [&](const std::string& text) { return text == std::to_string(number); };
+      if (std::ranges::none_of(Column("ChannelID"), isUsed) &&
+          std::ranges::none_of(Column("16.GroupIDTracker"), isUsed)) {
+        expected.push_back(std::to_string(number));
+      }
+    }
+    ASSERT_EQ(Free("ChannelID"), expected) << "step " << i;
+  }
 }
 
 TEST_F(ProviderTest, AJournalTellsWhatDiffersInSchemaOrder) {
