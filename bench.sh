@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The benchmarks in one table, each figure beside its floor and, where one stands, its limit. Arguments go on to the
 # benchmark program (./bench.sh --benchmark_filter=Rule). Fails when host calls grow faster than their records; with
-# --strict also when a figure is above its limit, which a busy machine may well be to blame for.
+# --strict also when a ratio to the floor, a growth or a size is above its limit. Times are told beside theirs.
 set -u
 ROOT=$(cd "$(dirname "$0")" && pwd)
 . "$ROOT/scripts/setup.sh"

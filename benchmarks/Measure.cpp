@@ -48,6 +48,7 @@ void Measure(benchmark::State& state, const Figure& figure, CallMonitor* monitor
   work.run();  // warm
   state.SetLabel(figure.name);
   if (figure.limit > 0) state.counters["limit_us"] = figure.limit;
+  if (figure.ratio > 0) state.counters["limit_ratio"] = figure.ratio;
   state.counters["heap_bytes"] = static_cast<double>(PeakBytesOf(work));
   const HostCalls calls = monitor == nullptr ? HostCalls{} : CallsOf(work, *monitor, figure.parts);
   state.counters["host_calls"] = static_cast<double>(calls.All());

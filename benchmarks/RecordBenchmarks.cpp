@@ -47,20 +47,21 @@ void RecordBothWays(benchmark::State& state, const std::vector<std::int32_t>& ta
             }
           }});
 }
-BENCHMARK_CAPTURE(RecordBothWays, Channel, {5}, {.name = "one channel record both ways", .limit = 25})
+BENCHMARK_CAPTURE(RecordBothWays, Channel, {5},
+                  {.name = "one channel record both ways", .limit = 25, .ratio = 4})
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(RecordBothWays, Network, {21, 36, 53, 67, 72, 75, 77, 78},
-                  {.name = "one network record both ways", .limit = 30})
+                  {.name = "one network record both ways", .limit = 30, .ratio = 4})
     ->Unit(benchmark::kMillisecond);
 
 /// Post-read processing and every conversion to the forms; without the file.
 void Opening(benchmark::State& state) {
-  MeasureOpening(state, {.name = "opening, without the file", .limit = 5000}, FullPersonality());
+  MeasureOpening(state, {.name = "opening, without the file", .limit = 5000, .ratio = 4}, FullPersonality());
 }
 BENCHMARK(Opening)->Unit(benchmark::kMillisecond);
 
 void Saving(benchmark::State& state) {
-  MeasureSaving(state, {.name = "saving, without the file"}, OpenSession());
+  MeasureSaving(state, {.name = "saving, without the file", .ratio = 4}, OpenSession());
 }
 BENCHMARK(Saving)->Unit(benchmark::kMillisecond);
 

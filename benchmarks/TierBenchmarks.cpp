@@ -27,7 +27,8 @@ void FieldRule(benchmark::State& state, const char* uiid, const Figure& figure) 
           }});
 }
 BENCHMARK_CAPTURE(FieldRule, TxPower, "TxPower_k6k", {.name = "field rule: Tx power", .limit = 1});
-BENCHMARK_CAPTURE(FieldRule, RxFrequency, "RxFreq_k6k", {.name = "field rule: Rx frequency", .limit = 1});
+BENCHMARK_CAPTURE(FieldRule, RxFrequency, "RxFreq_k6k",
+                  {.name = "field rule: Rx frequency", .limit = 1, .ratio = 20});
 BENCHMARK_CAPTURE(FieldRule, WithoutRule, "NoiseBlanker_k6k",
                   {.name = "field rule: field without one", .limit = 1});
 
@@ -41,7 +42,7 @@ BENCHMARK(SignallingType);
 
 void FinalValidation(benchmark::State& state) {
   Session& session = OpenSession();
-  Measure(state, {.name = "walk before a save", .limit = 1000}, &session.Content().Monitor(),
+  Measure(state, {.name = "walk before a save", .limit = 1000, .ratio = 5}, &session.Content().Monitor(),
           {[&] { WalkBeforeSave(session); }});
 }
 BENCHMARK(FinalValidation);
@@ -50,7 +51,7 @@ void EnabledStates(benchmark::State& state) {
   Session& session = OpenSession();
   const auto rows = modvalEnablement::Rows();
   const std::string name = "state of every control (" + std::to_string(rows.size()) + ")";
-  Measure(state, {.name = name, .limit = 150}, &session.Content().Monitor(), {[&] {
+  Measure(state, {.name = name, .limit = 150, .ratio = 4}, &session.Content().Monitor(), {[&] {
             for (const auto& row : rows) {
               Boolean enabled = kFalse;
               session.Host().Require(session.Host().Validator().GetEnabledStatebyUIID(row.uiid, 1, enabled));
