@@ -8,7 +8,7 @@
 
 #include "tests/support/BuiltFiles.h"
 #include "tests/workbench/FileHelpers.h"
-#include "workbench/cli/Commands.h"
+#include "workbench/cli/CommandLine.h"
 
 /// Runs commands in this process, in a folder of its own that holds the smallest sample.
 class InProcessCommand : public testing::Test {
@@ -18,7 +18,7 @@ class InProcessCommand : public testing::Test {
                                  std::filesystem::path(kTierLibrary).parent_path().string()});
     out.str("");
     testing::internal::CaptureStderr();
-    const ExitCode code = RunCommand(std::move(words), workplace, "");
+    const ExitCode code = RunCommand(std::move(words), workplace);
     messages = testing::internal::GetCapturedStderr();
     workplace.options = {};
     return code;

@@ -1,9 +1,12 @@
+#include "workbench/cli/CommandLine.h"
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
+#include <list>
 
-#include "workbench/cli/Commands.h"
-#include "workbench/files/FileError.h"
+#include "platform/Error.h"
+#include "workbench/cli/Verb.h"
 
 namespace {
 
@@ -29,9 +32,34 @@ void AddOptions(CLI::App& app, Options& options) {
   app.add_flag("--factory", options.factory, "Factory mode: limits of sub-bands and of the Tx power relax");
 }
 
-/// Reads the line; Done when there is nothing more to do (help), nothing when `action` is to run.
-std::optional<ExitCode> Parse(CLI::App& app, std::vector<std::string> words, Workplace& workplace,
-                              const std::string& prefix) {
+/// The words of the verbs and, once a line has been read, what its verb does.
+class Verbs {
+ public:
+  Verbs(CLI::App& app, bool insideScript) {
+    for (const Verb* verb : Verb::All()) {
+      if (!insideScript || verb->About().inScripts) Add(*verb, app);
+    }
+  }
+
+  ExitCode Run(Workplace& workplace) const { return action_(workplace); }
+
+ private:
+  void Add(const Verb& verb, CLI::App& app) {
+    CLI::App* command = app.add_subcommand(verb.About().name, verb.About().about);
+    command->footer(verb.About().details);
+    Words& words = words_.emplace_back(*command);
+    command->callback([this, &words, action = verb.Take(words)] {
+      words.TakeRest();
+      action_ = action;
+    });
+  }
+
+  std::list<Words> words_;
+  Verb::Action action_;
+};
+
+/// Reads the line; Done when there is nothing more to do (help), nothing when its verb is to run.
+std::optional<ExitCode> Parse(CLI::App& app, std::vector<std::string> words, const Workplace& workplace) {
   std::ranges::reverse(words);  // the order in which the library takes them
   try {
     app.parse(std::move(words));
@@ -42,31 +70,31 @@ std::optional<ExitCode> Parse(CLI::App& app, std::vector<std::string> words, Wor
   } catch (const CLI::ParseError& error) {
     const auto unknown = app.remaining();
     const bool noCommand = app.get_subcommands().empty() && !unknown.empty();
-    std::cerr << prefix << (noCommand ? "there is no command " + unknown.front() : error.what())
+    std::cerr << workplace.prefix << (noCommand ? "there is no command " + unknown.front() : error.what())
               << "\nSee kd4410 --help.\n";
     return ExitCode::CouldNot;
   }
 }
 
-ExitCode Carry(const Action& action, Workplace& workplace, const std::string& prefix) {
+ExitCode Carry(const Verbs& verbs, Workplace& workplace) {
   try {
-    return action(workplace);
+    return verbs.Run(workplace);
   } catch (const TierFault& fault) {
-    std::cerr << prefix << "a fault of the tier: " << fault.what() << ". Nothing was saved.\n";
+    std::cerr << workplace.prefix << "a fault of the tier: " << fault.what() << ". Nothing was saved.\n";
     return ExitCode::Fault;
   } catch (const Error& error) {
-    std::cerr << prefix << "error " << error.Number() << ": " << error.what() << ". Nothing was saved.\n";
+    std::cerr << workplace.prefix << "error " << error.Number() << ": " << error.what()
+              << ". Nothing was saved.\n";
     return ExitCode::Fault;
   } catch (const std::exception& error) {
-    std::cerr << prefix << error.what() << '\n';
+    std::cerr << workplace.prefix << error.what() << '\n';
     return ExitCode::CouldNot;
   }
 }
 
 }  // namespace
 
-ExitCode RunCommand(std::vector<std::string> words, Workplace& workplace, const std::string& prefix,
-                    bool insideScript) {
+ExitCode RunCommand(std::vector<std::string> words, Workplace& workplace, bool insideScript) {
   CLI::App app(kAbout, "kd4410");
   app.footer(kFooter);
   app.require_subcommand(1);
@@ -74,25 +102,8 @@ ExitCode RunCommand(std::vector<std::string> words, Workplace& workplace, const 
   app.fallthrough();
   app.set_help_all_flag("--help-all", "Print the help of all commands");
   AddOptions(app, workplace.options);
+  const Verbs verbs(app, insideScript);
 
-  Action action;
-  AddFileCommands(app, action);
-  AddShowCommand(app, action);
-  AddEditCommands(app, action);
-  AddRecordCommands(app, action);
-  AddCheckCommand(app, action);
-  AddComboCommand(app, action);
-  AddFormCommands(app, action);
-  AddReferenceCommands(app, action);
-  AddConvertCommand(app, action);
-  AddVersionsCommand(app, action);
-  AddDiffCommand(app, action);
-  AddConformCommand(app, action);
-  if (!insideScript) {
-    AddScriptCommand(app, action);
-    AddTraceCommands(app, action, prefix);
-  }
-
-  const std::optional<ExitCode> end = Parse(app, std::move(words), workplace, prefix);
-  return end ? *end : Carry(action, workplace, prefix);
+  const std::optional<ExitCode> end = Parse(app, std::move(words), workplace);
+  return end ? *end : Carry(verbs, workplace);
 }

@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "workbench/cli/TextTable.h"
 #include "workbench/host/TierLoader.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
@@ -24,6 +25,10 @@ void Workplace::Emit(Json data) {
     // Values of the tier are shown as they are: a text that is no UTF-8 must not end the output.
     *out_ << data.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
   }
+}
+
+void Workplace::Tell(Json list, const TextTable& table) {
+  Tell([&] { return std::move(list); }, [&](std::ostream& out) { table.Print(out); });
 }
 
 HostParts Workplace::Parts() {

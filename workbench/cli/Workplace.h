@@ -11,6 +11,8 @@
 #include "workbench/jobs/Session.h"
 #include "workbench/store/RecordKeys.h"
 
+class TextTable;
+
 /// How a command ends. Of several commands the highest counts.
 enum class ExitCode : int {
   Done = 0,
@@ -36,10 +38,23 @@ class Workplace {
   explicit Workplace(std::ostream& out) : out_(&out) {}
 
   Options options;
+  std::string prefix;  ///< of each message on standard error
 
   /// Data for people. With --json a command calls Emit instead, once.
   std::ostream& Out() const { return *out_; }
   void Emit(Json data);
+  /// The data as the user wants them: what `makeJson` returns, or what `print` writes to the stream that it
+  /// is handed.
+  template <typename MakeJson, typename Print>
+  void Tell(MakeJson makeJson, Print print) {
+    if (options.json) {
+      Emit(makeJson());
+    } else {
+      print(Out());
+    }
+  }
+  /// A list and the table of the same rows.
+  void Tell(Json list, const TextTable& table);
   /// What is emitted from now on is kept; `CollectNothing` goes back to printing.
   void CollectIn(Json& data) { collected_ = &data; }
   void CollectNothing() { collected_ = nullptr; }

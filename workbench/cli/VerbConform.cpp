@@ -1,17 +1,16 @@
-#include <CLI/CLI.hpp>
 #include <algorithm>
-#include <filesystem>
-#include <memory>
+#include <chrono>
+#include <limits>
 #include <ostream>
+#include <utility>
+#include <vector>
 
-#include "workbench/cli/Commands.h"
 #include "workbench/cli/TextTable.h"
+#include "workbench/cli/Verb.h"
 #include "workbench/conform/Check.h"
 #include "workbench/conform/Runner.h"
 #include "workbench/files/AtomicFile.h"
 #include "workbench/files/FileError.h"
-#include "workbench/host/TierLoader.h"
-#include "workbench/schema/Schema.h"
 #include "workbench/store/TypedNames.h"
 
 namespace {
@@ -21,9 +20,9 @@ using Conform::Check;
 using Conform::CheckResult;
 
 struct ConformArguments {
-  int level = Conform::kStandardLevel;
+  std::int64_t level = Conform::kStandardLevel;
   std::vector<std::string> checks;
-  std::uint64_t seed = 1;
+  std::int64_t seed = 1;
   std::int64_t seconds = 600;
   bool list = false;
   bool here = false;
@@ -53,17 +52,19 @@ ExitCode List(const std::vector<Check>& checks, Workplace& workplace) {
     list.push_back({{"level", check.level}, {"name", check.name}, {"promise", check.promise}});
     table.Add({std::to_string(check.level), std::string(check.name), std::string(check.promise)});
   }
-  if (workplace.options.json) {
-    workplace.Emit({{"checks", std::move(list)}});
-  } else {
-    table.Print(workplace.Out());
-  }
+  workplace.Tell(
+      [&] {
+        return Json({{"checks", std::move(list)}});
+      },
+      [&](std::ostream& out) { table.Print(out); });
   return ExitCode::Done;
 }
 
+std::uint64_t Seed(const ConformArguments& arguments) { return static_cast<std::uint64_t>(arguments.seed); }
+
 /// One check, in this process; its lines go to standard output.
 ExitCode RunHere(const Check& check, const ConformArguments& arguments, Workplace& workplace) {
-  Conform::CheckRun(workplace.Parts(), arguments.seed, workplace.Out()).Run(check);
+  Conform::CheckRun(workplace.Parts(), Seed(arguments), workplace.Out()).Run(check);
   return ExitCode::Done;
 }
 
@@ -99,41 +100,42 @@ ExitCode Run(const ConformArguments& arguments, Workplace& workplace) {
     throw FileError(parts.tierLibrary, 0, "tier", "No such file or directory");
   }
   const std::vector<CheckResult> results = Conform::RunChecks(
-      checks, {parts.tierLibrary, parts.dataFolder, arguments.seed, std::chrono::seconds(arguments.seconds)});
+      checks,
+      {parts.tierLibrary, parts.dataFolder, Seed(arguments), std::chrono::seconds(arguments.seconds)});
   const auto failed = std::ranges::count_if(
       results, [](const CheckResult& result) { return result.outcome != Conform::Outcome::Passed; });
-  if (workplace.options.json) {
-    Json list = Json::array();
-    for (const CheckResult& result : results) list.push_back(JsonOf(result));
-    workplace.Emit({{"tier", parts.tierLibrary}, {"failed", failed}, {"checks", std::move(list)}});
-  } else {
-    for (const CheckResult& result : results) Print(result, workplace.Out());
-    workplace.Out() << results.size() << " checks, " << failed << " failed\n";
-  }
+  workplace.Tell(
+      [&] {
+        Json list = Json::array();
+        for (const CheckResult& result : results) list.push_back(JsonOf(result));
+        return Json({{"tier", parts.tierLibrary}, {"failed", failed}, {"checks", std::move(list)}});
+      },
+      [&](std::ostream& out) {
+        for (const CheckResult& result : results) Print(result, out);
+        out << results.size() << " checks, " << failed << " failed\n";
+      });
   return failed == 0 ? ExitCode::Done : ExitCode::No;
 }
 
-}  // namespace
-
-void AddConformCommand(CLI::App& app, Action& action) {
-  auto given = std::make_shared<ConformArguments>();
-  CLI::App* command = app.add_subcommand(
-      "conform",
-      "Prove that a tier library keeps what its interfaces promise, each check in a process of its own");
-  command->footer(
-      "Levels add up: 1 the library, 2 its life, 3 every call, 4 side effects, 5 round trips and "
-      "messages,\n6 random sessions, 7 and 8 failing hosts. See --list.");
-  command->add_option("--level", given->level, "The highest level; 5 when none is given")
-      ->check(CLI::Range(Conform::kLowestLevel, Conform::kHighestLevel));
-  command->add_option("--check", given->checks, "Only the check of this name; may be given more than once")
-      ->take_all();
-  command->add_option("--seed", given->seed, "Of the random sessions; 1 when none is given");
-  command->add_option("--patience", given->seconds, "Seconds that a check may take; 600 when none is given")
-      ->check(CLI::PositiveNumber);
-  command->add_flag("--list", given->list, "List the checks, run none");
-  command
-      ->add_flag("--here", given->here, "Run one check in this process and print its lines, for a debugger")
-      ->needs(command->get_option("--check"));
-  command->callback(
-      [given, &action] { action = [given](Workplace& workplace) { return Run(*given, workplace); }; });
+void Take(Words& words, ConformArguments& given) {
+  words.NumberOption("--level", given.level, Conform::kLowestLevel, Conform::kHighestLevel,
+                     "The highest level; 5 when none is given");
+  words.ListOption("--check", given.checks, "Only the check of this name; may be given more than once");
+  words.NumberOption("--seed", given.seed, 0, std::numeric_limits<std::int64_t>::max(),
+                     "Of the random sessions; 1 when none is given");
+  words.NumberOption("--patience", given.seconds, 1, std::numeric_limits<std::int32_t>::max(),
+                     "Seconds that a check may take; 600 when none is given");
+  words.Flag("--list", given.list, "List the checks, run none");
+  words.Flag("--here", given.here, "Run one check in this process and print its lines, for a debugger");
+  words.Needs("--here", "--check");
 }
+
+const Verb kConform(
+    {.name = "conform",
+     .about = "Prove that a tier library keeps what its interfaces promise, each check in a process of its "
+              "own",
+     .details = "Levels add up: 1 the library, 2 its life, 3 every call, 4 side effects, 5 round trips and "
+                "messages,\n6 random sessions, 7 and 8 failing hosts. See --list."},
+    Take, Run);
+
+}  // namespace

@@ -1,10 +1,13 @@
-#include <CLI/CLI.hpp>
 #include <memory>
+#include <optional>
 #include <ostream>
+#include <vector>
 
-#include "workbench/cli/Commands.h"
+#include "platform/CaseText.h"
 #include "workbench/cli/Report.h"
 #include "workbench/cli/TextTable.h"
+#include "workbench/cli/Verb.h"
+#include "workbench/jobs/Difference.h"
 #include "workbench/jobs/FiledEdit.h"
 #include "workbench/jobs/Forms.h"
 #include "workbench/schema/Schema.h"
@@ -19,34 +22,17 @@ using Json = Workplace::Json;
 struct EditArguments {
   std::string file;
   std::string name;
-  RecordNr record = 0;  // 0: all records
+  RecordNr record = 0;
   std::string value;
   bool dryRun = false;
 };
 
-ExitCode Get(const EditArguments& arguments, Workplace& workplace) {
-  OpenedFile opened(workplace, arguments.file, workplace.Messenger());
-  opened.GetSession().ConvertToForms();
-  const Provider& content = opened.Content();
-  const SchemaField& field = TypedNames::FieldNamed(content.GetSchema(), arguments.name);
-  RecordNr first = 1;
-  RecordNr last = content.Count(field.table);
-  if (arguments.record != 0) {
-    TypedNames::RequireRecord(content, field, arguments.record);
-    first = last = arguments.record;
-  }
-  Json values = Json::array();
-  for (RecordNr record = first; record <= last; ++record) {
-    if (workplace.options.json) {
-      values.push_back({{"record", record}, {"value", Report::JsonOf(content.Get(field, record))}});
-    } else {
-      workplace.Out() << ValueText::Of(content.Get(field, record)) << '\n';
-    }
-  }
-  if (workplace.options.json) {
-    workplace.Emit({{"name", field.CommonName()}, {"fieldId", field.id}, {"values", std::move(values)}});
-  }
-  return ExitCode::Done;
+void Take(Words& words, EditArguments& given) {
+  words.Required("FILE", given.file, "The personality");
+  words.Required("UIID", given.name, "The field (see: kd4410 fields)");
+  words.Required("RECORD", given.record, "Record, from 1; 1 for a field of a single-record table");
+  words.Required("VALUE", given.value, "What is typed into the field");
+  words.Flag("--dry-run", given.dryRun, "Do everything but save");
 }
 
 /// The UIID by which the field is edited: the one that was given, or the field's first.
@@ -143,8 +129,7 @@ void PrintStored(const Edited& edited, const Session& session, std::ostream& out
   table.Print(out, 2);
 }
 
-void EmitEdit(const Edited& edited, const Session& session, const std::vector<Shown>& boxes,
-              Workplace& workplace) {
+Json JsonOf(const Edited& edited, const Session& session, const std::vector<Shown>& boxes) {
   const EditResult& result = edited.result;
   Json data = {{"accepted", edited.IsGranted()},
                {"saved", edited.saved},
@@ -160,10 +145,10 @@ void EmitEdit(const Edited& edited, const Session& session, const std::vector<Sh
   if (edited.lost) data["refusal"] = WouldBeLost(edited, session);
   Report::AddTo(data, edited.Outcome(), session, boxes);
   data["stored"] = JsonOf(session, edited.stored);
-  workplace.Emit(std::move(data));
+  return data;
 }
 
-void PrintEdit(const Edited& edited, const Session& session, std::ostream& out) {
+void Print(const Edited& edited, const Session& session, std::ostream& out) {
   const EditResult& result = edited.result;
   const std::string label = session.LabelOf(edited.uiid);
   out << label << (label == edited.uiid ? "" : " (" + edited.uiid + ")") << ", record "
@@ -217,48 +202,18 @@ ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
   Edited edited{arguments, field, uiid, session.Edit(field, uiid, arguments.record, arguments.value)};
   const std::vector<Shown> boxes = messenger->Boxes();
   if (edited.IsGranted()) FileAndSave(edited, opened, before);
-  if (workplace.options.json) {
-    EmitEdit(edited, session, boxes, workplace);
-  } else {
-    PrintEdit(edited, session, workplace.Out());
-  }
+  workplace.Tell([&] { return JsonOf(edited, session, boxes); },
+                 [&](std::ostream& out) { Print(edited, session, out); });
   return edited.IsGranted() ? ExitCode::Done : ExitCode::No;
 }
 
-void AddGet(CLI::App& app, Action& action) {
-  auto given = std::make_shared<EditArguments>();
-  CLI::App* command = app.add_subcommand("get", "Print the value of a field");
-  command->add_option("FILE", given->file, "The personality")->required();
-  command->add_option("NAME", given->name, "UIID (TxFreq_k6k) or FieldId (5.ChannelTxFreq)")->required();
-  CLI::Option* record = command->add_option("RECORD", given->record, "Record, from 1; all when left out");
-  command->callback([given, record, &action] {
-    if (record->count() > 0 && given->record == 0)
-      throw CLI::ValidationError("RECORD", "records count from 1");
-    action = [given](Workplace& workplace) { return Get(*given, workplace); };
-  });
-}
-
-void AddSet(CLI::App& app, Action& action) {
-  auto given = std::make_shared<EditArguments>();
-  CLI::App* command = app.add_subcommand(
-      "set", "Edit a field as on its form: ask the rule, store, convert, list what changed, save");
-  command->footer(
-      "A field with a list takes an entry of it, by its name or its number (see: kd4410 combo FILE UIID "
-      "RECORD).\n"
-      "An edit that the file would not give back is refused; what changes in the file is listed.");
-  command->add_option("FILE", given->file, "The personality")->required();
-  command->add_option("UIID", given->name, "The field (see: kd4410 fields)")->required();
-  command->add_option("RECORD", given->record, "Record, from 1; 1 for a field of a single-record table")
-      ->required();
-  command->add_option("VALUE", given->value, "What is typed into the field")->required();
-  command->add_flag("--dry-run", given->dryRun, "Do everything but save");
-  command->callback(
-      [given, &action] { action = [given](Workplace& workplace) { return Set(*given, workplace); }; });
-}
+const Verb kSet(
+    {.name = "set",
+     .about = "Edit a field as on its form: ask the rule, store, convert, list what changed, save",
+     .details =
+         "A field with a list takes an entry of it, by its name or its number (see: kd4410 combo FILE UIID "
+         "RECORD).\n"
+         "An edit that the file would not give back is refused; what changes in the file is listed."},
+    Take, Set);
 
 }  // namespace
-
-void AddEditCommands(CLI::App& app, Action& action) {
-  AddGet(app, action);
-  AddSet(app, action);
-}

@@ -1,13 +1,14 @@
-#include <CLI/CLI.hpp>
 #include <iostream>
-#include <memory>
 #include <ostream>
+#include <utility>
+#include <vector>
 
-#include "workbench/cli/Commands.h"
 #include "workbench/cli/TextTable.h"
+#include "workbench/cli/Verb.h"
 #include "workbench/jobs/ComboList.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
+#include "workbench/store/RecordKeys.h"
 #include "workbench/store/TypedNames.h"
 
 namespace {
@@ -40,36 +41,32 @@ struct ComboArguments {
   RecordNr record = 1;
 };
 
+void Take(Words& words, ComboArguments& given) {
+  words.Required("FILE", given.file, "The personality");
+  words.Required("UIID", given.uiid, "The field, by its UIID or FieldId");
+  words.OptionalRecord("RECORD", given.record, "The record (else 1); one past the end is a record to come");
+}
+
 ExitCode Combo(const ComboArguments& arguments, Workplace& workplace) {
   OpenedFile opened(workplace, arguments.file, workplace.Messenger());
   opened.GetSession().ConvertToForms();
   const SchemaField& field = TypedNames::FieldNamed(opened.Content().GetSchema(), arguments.uiid);
   const std::string& uiid = field.CommonName();
   const ComboList list = ComboListOf(opened.GetSession().Host(), opened.Content(), uiid, arguments.record);
-  if (workplace.options.json) {
-    workplace.Emit({{"uiid", uiid},
-                    {"fieldId", field.id},
-                    {"record", arguments.record},
-                    {"hasList", !list.IsNone()},
-                    {"items", JsonOf(list)}});
-  } else {
-    Print(list, workplace.Out());
-  }
+  workplace.Tell(
+      [&] {
+        return Json({{"uiid", uiid},
+                     {"fieldId", field.id},
+                     {"record", arguments.record},
+                     {"hasList", !list.IsNone()},
+                     {"items", JsonOf(list)}});
+      },
+      [&](std::ostream& out) { Print(list, out); });
   if (list.IsNone()) std::cerr << uiid << " has no list.\n";
   if (list.items.empty()) std::cerr << "The list of " << uiid << " is empty.\n";
   return ExitCode::Done;
 }
 
-}  // namespace
+const Verb kCombo({.name = "combo", .about = "Show what the list of a field offers"}, Take, Combo);
 
-void AddComboCommand(CLI::App& app, Action& action) {
-  auto given = std::make_shared<ComboArguments>();
-  CLI::App* command = app.add_subcommand("combo", "Show what the list of a field offers");
-  command->add_option("FILE", given->file, "The personality")->required();
-  command->add_option("UIID", given->uiid, "The field, by its UIID or FieldId")->required();
-  command->add_option("RECORD", given->record, "The record (else 1); one past the end is a record to come");
-  command->callback([given, &action] {
-    if (given->record < 1) throw CLI::ValidationError("RECORD", "records count from 1");
-    action = [given](Workplace& workplace) { return Combo(*given, workplace); };
-  });
-}
+}  // namespace

@@ -1,10 +1,9 @@
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <ostream>
-#include <utility>
+#include <vector>
 
-#include "workbench/cli/Commands.h"
 #include "workbench/cli/Report.h"
+#include "workbench/cli/Verb.h"
 #include "workbench/jobs/RecordEdits.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
@@ -14,8 +13,8 @@ namespace {
 
 using Json = Workplace::Json;
 
-/// The two commands differ in this alone.
-enum class Verb { Add, Delete };
+/// The two verbs differ in this alone.
+enum class Action { Add, Delete };
 
 struct RecordArguments {
   std::string file;
@@ -26,7 +25,7 @@ struct RecordArguments {
 
 /// An addition or deletion and what came of it.
 struct Edited {
-  Verb verb;
+  Action action;
   const Grid& grid;
   const SchemaTable& table;
   RecordResult result;
@@ -44,7 +43,7 @@ void Print(const Edited& edited, const Session& session, std::ostream& out) {
   if (const SchemaField* identity = edited.Identity(session)) {
     out << " (" << session.LabelOf(*identity) << ' ' << ValueText::Of(result.identity) << ')';
   }
-  const char* done = edited.verb == Verb::Add ? "added" : "deleted";
+  const char* done = edited.action == Action::Add ? "added" : "deleted";
   out << ": " << (result.accepted ? done : result.refusal) << '\n';
   Report::Print(edited.Outcome(), session, out);
 }
@@ -53,7 +52,7 @@ Json JsonOf(const Edited& edited, const Session& session, const std::vector<Show
   const RecordResult& result = edited.result;
   Json data = {{"accepted", result.accepted},
                {"saved", edited.saved},
-               {"action", edited.verb == Verb::Add ? "add" : "delete"},
+               {"action", edited.action == Action::Add ? "add" : "delete"},
                {"grid", edited.grid.name},
                {"table", edited.table.number},
                {"title", edited.table.title}};
@@ -71,7 +70,7 @@ Json JsonOf(const Edited& edited, const Session& session, const std::vector<Show
   return data;
 }
 
-ExitCode Carry(Verb verb, const RecordArguments& arguments, Workplace& workplace) {
+ExitCode Carry(Action action, const RecordArguments& arguments, Workplace& workplace) {
   const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
   OpenedFile opened(workplace, arguments.file, messenger);
   Session& session = opened.GetSession();
@@ -80,39 +79,41 @@ ExitCode Carry(Verb verb, const RecordArguments& arguments, Workplace& workplace
 
   messenger->Clear();
   RecordEdits edits(session, grid);
-  Edited edited{verb, grid, edits.Table(), verb == Verb::Add ? edits.Add() : edits.Delete(arguments.record)};
+  Edited edited{action, grid, edits.Table(),
+                action == Action::Add ? edits.Add() : edits.Delete(arguments.record)};
   const std::vector<Shown> boxes = messenger->Boxes();
   if (edited.result.accepted && !arguments.dryRun) {
     opened.Save();
     edited.saved = true;
   }
-  if (workplace.options.json) {
-    workplace.Emit(JsonOf(edited, session, boxes));
-  } else {
-    Print(edited, session, workplace.Out());
-  }
+  workplace.Tell([&] { return JsonOf(edited, session, boxes); },
+                 [&](std::ostream& out) { Print(edited, session, out); });
   return edited.result.accepted ? ExitCode::Done : ExitCode::No;
 }
 
-void AddVerb(CLI::App& app, Action& action, Verb verb, const char* name, const char* about) {
-  auto given = std::make_shared<RecordArguments>();
-  CLI::App* command = app.add_subcommand(name, about);
-  command->footer(
-      "A grid is called by its name (Network), by the title of its table (networks) or by its number (21).");
-  command->add_option("FILE", given->file, "The personality")->required();
-  command->add_option("GRID", given->grid, "The grid")->required();
-  if (verb == Verb::Delete) command->add_option("RECORD", given->record, "Record, from 1")->required();
-  command->add_flag("--dry-run", given->dryRun, "Do everything but save");
-  command->callback([given, verb, &action] {
-    action = [given, verb](Workplace& workplace) { return Carry(verb, *given, workplace); };
-  });
+template <Action action>
+void Take(Words& words, RecordArguments& given) {
+  words.Required("FILE", given.file, "The personality");
+  words.Required("GRID", given.grid, "The grid");
+  if (action == Action::Delete) words.Required("RECORD", given.record, "Record, from 1");
+  words.Flag("--dry-run", given.dryRun, "Do everything but save");
 }
+
+template <Action action>
+ExitCode Run(const RecordArguments& arguments, Workplace& workplace) {
+  return Carry(action, arguments, workplace);
+}
+
+constexpr const char* kGridNames =
+    "A grid is called by its name (Network), by the title of its table (networks) or by its number (21).";
+
+const Verb kAdd({.name = "add",
+                 .about = "Add a record as in a grid: ask the tier, add, complete, list what changed, save",
+                 .details = kGridNames},
+                Take<Action::Add>, Run<Action::Add>);
+const Verb kDelete({.name = "delete",
+                    .about = "Delete a record as in a grid: ask the tier, delete, list what changed, save",
+                    .details = kGridNames},
+                   Take<Action::Delete>, Run<Action::Delete>);
 
 }  // namespace
-
-void AddRecordCommands(CLI::App& app, Action& action) {
-  AddVerb(app, action, Verb::Add, "add",
-          "Add a record as in a grid: ask the tier, add, complete, list what changed, save");
-  AddVerb(app, action, Verb::Delete, "delete",
-          "Delete a record as in a grid: ask the tier, delete, list what changed, save");
-}

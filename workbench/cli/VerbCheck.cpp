@@ -1,4 +1,3 @@
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <map>
 #include <memory>
@@ -7,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "workbench/cli/Commands.h"
+#include "workbench/cli/Verb.h"
 #include "workbench/jobs/Check.h"
 
 namespace {
@@ -25,6 +24,12 @@ Json JsonOf(const Finding& finding) {
   json["text"] = finding.text;
   if (!finding.answer.empty()) json["answer"] = finding.answer;
   return json;
+}
+
+Json JsonOf(const std::string& file, const std::vector<Finding>& findings) {
+  Json list = Json::array();
+  for (const Finding& finding : findings) list.push_back(JsonOf(finding));
+  return {{"file", file}, {"count", findings.size()}, {"findings", std::move(list)}};
 }
 
 /// The lines of a message, each behind two blanks, without its empty ones.
@@ -64,11 +69,16 @@ void Print(const std::vector<Finding>& findings, std::ostream& out) {
     for (const Finding* finding : group) PrintPlace(*finding, out);
     out << '\n';
   }
+  out << findings.size() << (findings.size() == 1 ? " finding\n" : " findings\n");
 }
 
-ExitCode Check(const std::string& file, Workplace& workplace) {
+struct CheckArguments {
+  std::string file;
+};
+
+ExitCode Check(const CheckArguments& arguments, Workplace& workplace) {
   const auto messenger = std::make_shared<CheckMessenger>(workplace.GivenAnswers());
-  OpenedFile opened(workplace, file, messenger);
+  OpenedFile opened(workplace, arguments.file, messenger);
   PersonalityCheck check(opened.GetSession(), *messenger);
   check.CheckLimits();
   opened.GetSession().ConvertToForms();
@@ -76,27 +86,18 @@ ExitCode Check(const std::string& file, Workplace& workplace) {
   check.RunRules();
 
   const std::vector<Finding>& findings = check.Findings();
-  if (workplace.options.json) {
-    Json list = Json::array();
-    for (const Finding& finding : findings) list.push_back(JsonOf(finding));
-    workplace.Emit({{"file", file}, {"count", findings.size()}, {"findings", std::move(list)}});
-  } else {
-    Print(findings, workplace.Out());
-    workplace.Out() << findings.size() << (findings.size() == 1 ? " finding\n" : " findings\n");
-  }
+  workplace.Tell([&] { return JsonOf(arguments.file, findings); },
+                 [&](std::ostream& out) { Print(findings, out); });
   return findings.empty() ? ExitCode::Done : ExitCode::No;
 }
 
-}  // namespace
+void Take(Words& words, CheckArguments& given) { words.Required("FILE", given.file, "The personality"); }
 
-void AddCheckCommand(CLI::App& app, Action& action) {
-  auto file = std::make_shared<std::string>();
-  CLI::App* command = app.add_subcommand(
-      "check",
-      "Run the rules of all fields, forms and of a save over every record and list all findings; nothing is "
-      "changed");
-  command->footer("Questions of the rules are answered yes, unless --answer says otherwise.");
-  command->add_option("FILE", *file, "The personality")->required();
-  command->callback(
-      [file, &action] { action = [file](Workplace& workplace) { return Check(*file, workplace); }; });
-}
+const Verb kCheck(
+    {.name = "check",
+     .about = "Run the rules of all fields, forms and of a save over every record and list all findings; "
+              "nothing is changed",
+     .details = "Questions of the rules are answered yes, unless --answer says otherwise."},
+    Take, Check);
+
+}  // namespace

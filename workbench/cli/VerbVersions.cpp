@@ -1,11 +1,11 @@
-#include <CLI/CLI.hpp>
-#include <algorithm>
 #include <memory>
 #include <ostream>
+#include <utility>
+#include <vector>
 
 #include "platform/CaseText.h"
-#include "workbench/cli/Commands.h"
 #include "workbench/cli/TextTable.h"
+#include "workbench/cli/Verb.h"
 #include "workbench/jobs/Conversion.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/TypedNames.h"
@@ -92,7 +92,12 @@ void Print(const VersionList& list, std::ostream& out) {
   table.Print(out);
 }
 
-ExitCode ListVersions(const std::string& asked, Workplace& workplace) {
+struct VersionsArguments {
+  std::string model;
+};
+
+ExitCode ListVersions(const VersionsArguments& arguments, Workplace& workplace) {
+  const std::string& asked = arguments.model;
   std::vector<std::string> models;
   std::string known;
   for (const std::string& model : Models()) {
@@ -112,14 +117,11 @@ ExitCode ListVersions(const std::string& asked, Workplace& workplace) {
   return ExitCode::Done;
 }
 
-}  // namespace
-
-void AddVersionsCommand(CLI::App& app, Action& action) {
-  auto model = std::make_shared<std::string>();
-  CLI::App* command = app.add_subcommand("versions", "List the database versions that the tier knows");
-  command->add_option("--model", *model, "KD4410, \"KE2210 Rx\" or \"KE2210 Tx\"; all when left out")
-      ->type_name("NAME");
-  command->callback([model, &action] {
-    action = [model](Workplace& workplace) { return ListVersions(*model, workplace); };
-  });
+void Take(Words& words, VersionsArguments& given) {
+  words.Option("--model", given.model, "NAME", "KD4410, \"KE2210 Rx\" or \"KE2210 Tx\"; all when left out");
 }
+
+const Verb kVersions({.name = "versions", .about = "List the database versions that the tier knows"}, Take,
+                     ListVersions);
+
+}  // namespace

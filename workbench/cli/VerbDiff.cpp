@@ -1,14 +1,15 @@
-#include <CLI/CLI.hpp>
-#include <memory>
 #include <ostream>
+#include <utility>
+#include <vector>
 
-#include "workbench/cli/Commands.h"
 #include "workbench/cli/Report.h"
 #include "workbench/cli/TextTable.h"
+#include "workbench/cli/Verb.h"
+#include "workbench/files/AtomicFile.h"
 #include "workbench/jobs/Difference.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
-#include "workbench/store/Provider.h"
+#include "workbench/store/RecordKeys.h"
 #include "workbench/store/ValueText.h"
 
 namespace {
@@ -147,39 +148,37 @@ ComparedPersonality Read(const std::string& file, Workplace& workplace) {
   }
 }
 
-ExitCode Diff(const std::string& fileA, const std::string& fileB, Workplace& workplace) {
-  const ComparedPersonality a = Read(fileA, workplace);
-  const ComparedPersonality b = Read(fileB, workplace);
+struct DiffArguments {
+  std::string a;
+  std::string b;
+};
+
+void Take(Words& words, DiffArguments& given) {
+  words.Required("A", given.a, "A personality");
+  words.Required("B", given.b, "The one to compare it with");
+}
+
+ExitCode Diff(const DiffArguments& arguments, Workplace& workplace) {
+  const ComparedPersonality a = Read(arguments.a, workplace);
+  const ComparedPersonality b = Read(arguments.b, workplace);
   const Difference difference = Compare(a, b);
   const Session labels(workplace.Parts(), a.forms, workplace.Messenger());
-  const Compared compared{fileA,      fileB, a.stored->GetSchema().Version(), b.stored->GetSchema().Version(),
-                          difference, labels};
-  if (workplace.options.json) {
-    workplace.Emit(JsonOf(compared));
-  } else {
-    Print(compared, workplace.Out());
-  }
+  const Compared compared{
+      arguments.a, arguments.b, a.stored->GetSchema().Version(), b.stored->GetSchema().Version(),
+      difference,  labels};
+  workplace.Tell([&] { return JsonOf(compared); }, [&](std::ostream& out) { Print(compared, out); });
   return difference.IsEqual() ? ExitCode::Done : ExitCode::No;
 }
 
-}  // namespace
+const Verb kDiff(
+    {.name = "diff",
+     .about = "Compare two personalities by the identities of their records, whatever their order",
+     .details =
+         "A pointer to a record is the same when it points at the same record. The lists of tones in use "
+         "(tables\n"
+         "50 and 61) are compared through the channels that use them. Exit code 0: equal, 1: different, 2: "
+         "one\n"
+         "of the files can not be read."},
+    Take, Diff);
 
-void AddDiffCommand(CLI::App& app, Action& action) {
-  struct Arguments {
-    std::string a;
-    std::string b;
-  };
-  auto given = std::make_shared<Arguments>();
-  CLI::App* command = app.add_subcommand(
-      "diff", "Compare two personalities by the identities of their records, whatever their order");
-  command->footer(
-      "A pointer to a record is the same when it points at the same record. The lists of tones in use "
-      "(tables\n"
-      "50 and 61) are compared through the channels that use them. Exit code 0: equal, 1: different, 2: one\n"
-      "of the files can not be read.");
-  command->add_option("A", given->a, "A personality")->required();
-  command->add_option("B", given->b, "The one to compare it with")->required();
-  command->callback([given, &action] {
-    action = [given](Workplace& workplace) { return Diff(given->a, given->b, workplace); };
-  });
-}
+}  // namespace

@@ -1,11 +1,13 @@
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
-#include <memory>
 #include <sstream>
+#include <string_view>
+#include <utility>
+#include <vector>
 
-#include "workbench/cli/Commands.h"
-#include "workbench/files/FileError.h"
+#include "workbench/cli/CommandLine.h"
+#include "workbench/cli/Verb.h"
+#include "workbench/files/AtomicFile.h"
 #include "workbench/store/TypedNames.h"
 
 namespace {
@@ -64,7 +66,10 @@ class WordCutter {
 class Script {
  public:
   Script(std::string name, Workplace& workplace)
-      : name_(std::move(name)), workplace_(workplace), options_(workplace.options) {}
+      : name_(std::move(name)),
+        workplace_(workplace),
+        options_(workplace.options),
+        prefix_(workplace.prefix) {}
 
   ExitCode Run(bool keepGoing) {
     std::istringstream lines(AtomicFile(name_).Read());
@@ -75,18 +80,19 @@ class Script {
       worst = std::max(worst, RunLine(line));
     }
     workplace_.options = options_;
+    workplace_.prefix = prefix_;
     if (workplace_.options.json) workplace_.Emit(std::move(results_));
     return worst;
   }
 
  private:
   ExitCode RunLine(const std::string& line) {
-    const std::string prefix = name_ + ":" + std::to_string(number_) + ": ";
+    workplace_.prefix = name_ + ":" + std::to_string(number_) + ": ";
     std::vector<std::string> words;
     try {
       words = WordCutter(line).Words();
     } catch (const UsageError& error) {
-      std::cerr << prefix << error.what() << '\n';
+      std::cerr << workplace_.prefix << error.what() << '\n';
       return ExitCode::CouldNot;
     }
     if (words.empty()) return ExitCode::Done;
@@ -95,7 +101,7 @@ class Script {
     workplace_.options = options_;
     Json data;
     if (options_.json) workplace_.CollectIn(data);
-    const ExitCode code = RunCommand(std::move(words), workplace_, prefix, true);
+    const ExitCode code = RunCommand(std::move(words), workplace_, true);
     workplace_.CollectNothing();
     if (options_.json) {
       results_.push_back(
@@ -107,25 +113,31 @@ class Script {
   std::string name_;
   Workplace& workplace_;
   const Options options_;
+  const std::string prefix_;
   int number_ = 0;
   Json results_ = Json::array();
 };
 
-}  // namespace
+struct RunArguments {
+  std::string script;
+  bool keepGoing = false;
+};
 
-void AddScriptCommand(CLI::App& app, Action& action) {
-  struct Arguments {
-    std::string script;
-    bool keepGoing = false;
-  };
-  auto given = std::make_shared<Arguments>();
-  CLI::App* command = app.add_subcommand("run", "Run the commands of a script, one a line");
-  command->footer(
-      "Words are separated by blanks; \"double quotes\" keep blanks together; # begins a comment.\n"
-      "The exit code is the highest of the lines that ran.");
-  command->add_option("SCRIPT", given->script, "The script")->required();
-  command->add_flag("--keep-going", given->keepGoing, "Go on after a line that does not end with 0");
-  command->callback([given, &action] {
-    action = [given](Workplace& workplace) { return Script(given->script, workplace).Run(given->keepGoing); };
-  });
+void Take(Words& words, RunArguments& given) {
+  words.Required("SCRIPT", given.script, "The script");
+  words.Flag("--keep-going", given.keepGoing, "Go on after a line that does not end with 0");
 }
+
+ExitCode Run(const RunArguments& arguments, Workplace& workplace) {
+  return Script(arguments.script, workplace).Run(arguments.keepGoing);
+}
+
+const Verb kRun(
+    {.name = "run",
+     .about = "Run the commands of a script, one a line",
+     .details = "Words are separated by blanks; \"double quotes\" keep blanks together; # begins a comment.\n"
+                "The exit code is the highest of the lines that ran.",
+     .inScripts = false},
+    Take, Run);
+
+}  // namespace

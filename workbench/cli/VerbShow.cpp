@@ -1,14 +1,14 @@
-#include <CLI/CLI.hpp>
-#include <array>
 #include <charconv>
-#include <memory>
 #include <ostream>
 #include <span>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "platform/Conversions.h"
-#include "workbench/cli/Commands.h"
 #include "workbench/cli/Report.h"
 #include "workbench/cli/TextTable.h"
+#include "workbench/cli/Verb.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/TypedNames.h"
@@ -17,7 +17,7 @@
 namespace {
 
 using Json = Workplace::Json;
-using Words = std::span<const std::string_view>;
+using ValueNames = std::span<const std::string_view>;
 
 constexpr std::string_view kPowers[] = {"Off", "Very Low", "Low", "Medium", "High"};
 constexpr std::string_view kSignallingTypes[] = {"None", "Selcall", "DTMF", "Two-tone", "MDC1200"};
@@ -29,7 +29,7 @@ struct ViewColumn {
   std::string_view key;
   std::string_view field;
   TextTable::Align align = TextTable::Align::Left;
-  Words words = {};
+  ValueNames words = {};
 };
 
 // clang-format off
@@ -56,7 +56,7 @@ struct View {
 };
 constexpr View kViews[] = {{"channels", 5, kChannelColumns}, {"networks", 21, kNetworkColumns}};
 
-std::string Worded(std::string text, Words words) {
+std::string Worded(std::string text, ValueNames words) {
   if (words.empty() || !IsNumeric(text)) return text;
   const auto index = static_cast<std::size_t>(CLng(text));
   return index < words.size() ? std::string(words[index]) : text;
@@ -78,11 +78,7 @@ void ShowView(const View& view, const Provider& content, Workplace& workplace) {
     table.Add(std::move(row));
     list.push_back(std::move(item));
   }
-  if (workplace.options.json) {
-    workplace.Emit(std::move(list));
-  } else {
-    table.Print(workplace.Out());
-  }
+  workplace.Tell(std::move(list), table);
 }
 
 Json RecordAsJson(const Provider& content, const SchemaTable& table, RecordNr record) {
@@ -105,19 +101,19 @@ void PrintRecord(Session& session, const SchemaTable& table, RecordNr record, st
   fields.Print(out, 2);
 }
 
-void ShowTable(const SchemaTable& table, Session& session, Workplace& workplace) {
-  const Provider& content = session.Content();
-  const RecordNr count = content.Count(table);
-  if (workplace.options.json) {
-    Json records = Json::array();
-    for (RecordNr record = 1; record <= count; ++record)
-      records.push_back(RecordAsJson(content, table, record));
-    workplace.Emit({{"table", table.number}, {"title", table.title}, {"records", std::move(records)}});
-    return;
+Json JsonOf(const SchemaTable& table, const Provider& content) {
+  Json records = Json::array();
+  for (RecordNr record = 1; record <= content.Count(table); ++record) {
+    records.push_back(RecordAsJson(content, table, record));
   }
-  workplace.Out() << "Table " << table.number << ": " << table.title << ", " << count << " of at most "
-                  << table.maximum << " records\n";
-  for (RecordNr record = 1; record <= count; ++record) PrintRecord(session, table, record, workplace.Out());
+  return {{"table", table.number}, {"title", table.title}, {"records", std::move(records)}};
+}
+
+void Print(const SchemaTable& table, Session& session, std::ostream& out) {
+  const RecordNr count = session.Content().Count(table);
+  out << "Table " << table.number << ": " << table.title << ", " << count << " of at most " << table.maximum
+      << " records\n";
+  for (RecordNr record = 1; record <= count; ++record) PrintRecord(session, table, record, out);
 }
 
 const SchemaTable& TableOfNumber(const Schema& schema, const std::string& text) {
@@ -130,30 +126,32 @@ const SchemaTable& TableOfNumber(const Schema& schema, const std::string& text) 
                    schema.Version());
 }
 
-ExitCode Show(const std::string& file, const std::string& what, Workplace& workplace) {
-  OpenedFile opened(workplace, file, workplace.Messenger());
+struct ShowArguments {
+  std::string file;
+  std::string what;
+};
+
+void Take(Words& words, ShowArguments& given) {
+  words.Required("FILE", given.file, "The personality");
+  words.Required("WHAT", given.what, "channels, networks, or the number of a table");
+}
+
+ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
+  OpenedFile opened(workplace, arguments.file, workplace.Messenger());
   opened.GetSession().ConvertToForms();
+  const Provider& content = opened.Content();
   for (const View& view : kViews) {
-    if (what != view.name) continue;
-    ShowView(view, opened.Content(), workplace);
+    if (arguments.what != view.name) continue;
+    ShowView(view, content, workplace);
     return ExitCode::Done;
   }
-  ShowTable(TableOfNumber(opened.Content().GetSchema(), what), opened.GetSession(), workplace);
+  const SchemaTable& table = TableOfNumber(content.GetSchema(), arguments.what);
+  workplace.Tell([&] { return JsonOf(table, content); },
+                 [&](std::ostream& out) { Print(table, opened.GetSession(), out); });
   return ExitCode::Done;
 }
 
-}  // namespace
+const Verb kShow({.name = "show", .about = "Show channels, networks or any table of a personality"}, Take,
+                 Show);
 
-void AddShowCommand(CLI::App& app, Action& action) {
-  struct Arguments {
-    std::string file;
-    std::string what;
-  };
-  auto given = std::make_shared<Arguments>();
-  CLI::App* command = app.add_subcommand("show", "Show channels, networks or any table of a personality");
-  command->add_option("FILE", given->file, "The personality")->required();
-  command->add_option("WHAT", given->what, "channels, networks, or the number of a table")->required();
-  command->callback([given, &action] {
-    action = [given](Workplace& workplace) { return Show(given->file, given->what, workplace); };
-  });
-}
+}  // namespace

@@ -1,13 +1,13 @@
-#include <CLI/CLI.hpp>
 #include <algorithm>
-#include <memory>
 #include <ostream>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "host/IenablementReasons.h"
-#include "workbench/cli/Commands.h"
 #include "workbench/cli/Report.h"
 #include "workbench/cli/TextTable.h"
+#include "workbench/cli/Verb.h"
 #include "workbench/jobs/Forms.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
@@ -30,8 +30,14 @@ struct EnabledArguments {
   RecordNr shown = kCurrent;
 };
 
-void RequireFromOne(RecordNr record) {
-  if (record < 1) throw UsageError("records count from 1");
+void Take(Words& words, EnabledArguments& given) {
+  words.Required("FILE", given.file, "The personality");
+  words.Optional("UIID", given.uiid, "The control (see: kd4410 fields)");
+  words.OptionalRecord("RECORD", given.record, "Its record (else 1), which its form is taken to show");
+  words.Flag("--why", given.why, "What decides, what it reads, and what would enable the control");
+  words.Option("--form", given.form, "NAME", "All controls of a form (see: kd4410 form --list)");
+  words.Flag("--all", given.all, "All controls of all forms");
+  words.RecordOption("--record", given.shown, "The record that the forms show (else 1)");
 }
 
 /// Tells the tier which record of the table the forms show, one that is still to come included: the rules of
@@ -100,7 +106,6 @@ void PrintReason(const EnablementReason& reason, std::ostream& out) {
 }
 
 ExitCode OneControl(const EnabledArguments& arguments, Workplace& workplace) {
-  RequireFromOne(arguments.record);
   OpenedFile opened(workplace, arguments.file, workplace.Messenger());
   Session& session = opened.GetSession();
   const SchemaField& field = TypedNames::FieldNamed(opened.Content().GetSchema(), arguments.uiid);
@@ -163,11 +168,7 @@ ExitCode ManyControls(const Form* form, const EnabledArguments& arguments, Workp
                     {"record", record},
                     {"enabled", enabled}});
   }
-  if (workplace.options.json) {
-    workplace.Emit(std::move(list));
-  } else {
-    table.Print(workplace.Out());
-  }
+  workplace.Tell(std::move(list), table);
   return ExitCode::Done;
 }
 
@@ -183,142 +184,13 @@ ExitCode Enabled(const EnabledArguments& arguments, Workplace& workplace) {
   return ManyControls(isForm ? &Forms::Named(arguments.form) : nullptr, arguments, workplace);
 }
 
-struct FormArguments {
-  std::string file;
-  std::string name;
-  RecordNr record = kCurrent;
-  bool list = false;
-};
-
-ExitCode ListForms(Workplace& workplace) {
-  TextTable table({{"Form"}, {"For the KE2210"}, {"Title"}, {"Grid"}});
-  Json list = Json::array();
-  for (const Form& form : Forms::All()) {
-    const std::string_view nameKE2210 = form.NameFor("KE2210");
-    table.Add({std::string(form.names[0]), std::string(nameKE2210), std::string(form.title),
-               std::string(form.grid)});
-    list.push_back(
-        {{"form", form.names[0]}, {"formForKE2210", nameKE2210}, {"title", form.title}, {"grid", form.grid}});
-  }
-  if (workplace.options.json) {
-    workplace.Emit(std::move(list));
-  } else {
-    table.Print(workplace.Out());
-  }
-  return ExitCode::Done;
-}
-
-void TurnToGiven(Session& session, const Form& form, RecordNr record) {
-  const Schema& schema = session.Content().GetSchema();
-  if (form.subject == Form::kNoSubject)
-    throw UsageError("the form " + std::string(form.title) + " does not show one record of several");
-  TypedNames::RequireRecord(session.Content(), *schema.FindTable(form.subject), record);
-  if (!Forms::TurnTo(session, form.subject, record))
-    throw UsageError("the tier refuses to show record " + std::to_string(record) + " on the form");
-}
-
-/// What came of leaving a form.
-struct Left {
-  const Form& form;
-  std::string_view name;
-  RecordNr record;  // 0: it shows none of several
-  bool mayBeLeft;
-  std::vector<Change> changes;
-};
-
-void Print(const Left& left, const Session& session, std::ostream& out) {
-  out << left.form.title << " (" << left.name << ')';
-  if (left.record != 0) out << ", record " << left.record;
-  out << ": the form may " << (left.mayBeLeft ? "" : "not ") << "be left\n";
-  if (left.changes.empty()) return;
-  out << "The check has written (not kept):\n";
-  Report::ChangeTable(session, left.changes).Print(out, 2);
-}
-
-Json JsonOf(const Left& left, const Session& session, const std::vector<Shown>& boxes) {
-  Json data = {{"form", left.name}, {"title", left.form.title}};
-  if (left.record != 0) data["record"] = left.record;
-  data["mayBeLeft"] = left.mayBeLeft;
-  data["messages"] = Report::JsonOf(boxes);
-  data["written"] = Report::JsonOf(session, left.changes);
-  return data;
-}
-
-ExitCode LeaveForm(const FormArguments& arguments, Workplace& workplace) {
-  const Form& form = Forms::Named(arguments.name);
-  const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
-  OpenedFile opened(workplace, arguments.file, messenger);
-  Session& session = opened.GetSession();
-  session.ConvertToForms();
-  if (arguments.record != kCurrent) TurnToGiven(session, form, arguments.record);
-
-  messenger->Clear();
-  Provider& content = opened.Content();
-  const bool showsRecord = Forms::RecordCount(content, form) > 0;
-  Journal journal(content);
-  const Left left{.form = form,
-                  .name = form.NameFor(content.GetSchema().Model()),
-                  .record = showsRecord ? Forms::CurrentRecord(content, form.subject) : 0,
-                  .mayBeLeft = Forms::MayBeLeft(session, form),  // before its changes are asked for
-                  .changes = journal.Changes()};
-  journal.Rollback();
-  if (workplace.options.json) {
-    workplace.Emit(JsonOf(left, session, messenger->Boxes()));
-  } else {
-    Print(left, session, workplace.Out());
-  }
-  return left.mayBeLeft ? ExitCode::Done : ExitCode::No;
-}
-
-void AddEnabled(CLI::App& app, Action& action) {
-  auto given = std::make_shared<EnabledArguments>();
-  CLI::App* command = app.add_subcommand("enabled", "Tell whether a control may be edited now, and why");
-  command->footer(
-      "Exit code of one control: 0 enabled, 1 disabled. A control is drawn before its record exists, so the\n"
-      "record may lie past the end.");
-  command->add_option("FILE", given->file, "The personality")->required();
-  command->add_option("UIID", given->uiid, "The control (see: kd4410 fields)");
-  command->add_option("RECORD", given->record, "Its record (else 1), which its form is taken to show");
-  command->add_flag("--why", given->why, "What decides, what it reads, and what would enable the control");
-  command->add_option("--form", given->form, "All controls of a form (see: kd4410 form --list)")
-      ->type_name("NAME");
-  command->add_flag("--all", given->all, "All controls of all forms");
-  CLI::Option* shown =
-      command->add_option("--record", given->shown, "The record that the forms show (else 1)")
-          ->type_name("N");
-  command->callback([given, shown, &action] {
-    action = [given, isShown = shown->count() > 0](Workplace& workplace) {
-      if (isShown) RequireFromOne(given->shown);
-      return Enabled(*given, workplace);
-    };
-  });
-}
-
-void AddForm(CLI::App& app, Action& action) {
-  auto given = std::make_shared<FormArguments>();
-  CLI::App* command =
-      app.add_subcommand("form", "Run the check that a form makes when it is left; nothing is saved");
-  CLI::Option* file = command->add_option("FILE", given->file, "The personality");
-  CLI::Option* name =
-      command->add_option("NAME", given->name, "The form, by its name or its title (\"Key Settings\")");
-  CLI::Option* record =
-      command->add_option("--record", given->record, "The record that the form shows (else 1)")
-          ->type_name("N");
-  command->add_flag("--list", given->list, "List the forms")->excludes(file)->excludes(name);
-  command->callback([given, name, record, &action] {
-    if (!given->list && name->count() == 0)
-      throw CLI::ValidationError("form", "FILE and NAME are required, or --list");
-    action = [given, isRecordGiven = record->count() > 0](Workplace& workplace) {
-      if (given->list) return ListForms(workplace);
-      if (isRecordGiven) RequireFromOne(given->record);
-      return LeaveForm(*given, workplace);
-    };
-  });
-}
+const Verb kEnabled(
+    {.name = "enabled",
+     .about = "Tell whether a control may be edited now, and why",
+     .details =
+         "Exit code of one control: 0 enabled, 1 disabled. A control is drawn before its record exists, "
+         "so the\n"
+         "record may lie past the end."},
+    Take, Enabled);
 
 }  // namespace
-
-void AddFormCommands(CLI::App& app, Action& action) {
-  AddEnabled(app, action);
-  AddForm(app, action);
-}

@@ -1,12 +1,15 @@
-#include <CLI/CLI.hpp>
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <ostream>
+#include <utility>
+#include <vector>
 
 #include "platform/CaseText.h"
-#include "workbench/cli/Commands.h"
 #include "workbench/cli/Report.h"
 #include "workbench/cli/TextTable.h"
+#include "workbench/cli/Verb.h"
+#include "workbench/files/AtomicFile.h"
 #include "workbench/jobs/Check.h"
 #include "workbench/jobs/Conversion.h"
 #include "workbench/personality/PersonalityFile.h"
@@ -160,27 +163,34 @@ Json JsonOf(const Session& session, const Hop& hop) {
           {"outsideLimits", std::move(outside)}};
 }
 
-/// `written` is null when a step has refused.
-void ReportConversion(const ConvertArguments& arguments, const std::vector<std::string>& way,
-                      const Conversion& conversion, const AtomicFile* written, const Session& session,
-                      Workplace& workplace) {
-  if (workplace.options.json) {
-    Json hops = Json::array();
-    for (const Hop& hop : conversion.hops) hops.push_back(JsonOf(session, hop));
-    workplace.Emit({{"file", arguments.file},
-                    {"from", way.front()},
-                    {"to", way.back()},
-                    {"written", written == nullptr ? Json(nullptr) : Json(written->Name())},
-                    {"hops", std::move(hops)}});
-    return;
-  }
-  for (const Hop& hop : conversion.hops) PrintHop(session, hop, workplace.Out());
-  if (written != nullptr) {
-    workplace.Out() << written->Name() << ": written as version " << way.back() << '\n';
+/// A conversion and the file that was written; null when a step has refused.
+struct Converted {
+  const ConvertArguments& arguments;
+  const std::vector<std::string>& way;
+  const Conversion& conversion;
+  const AtomicFile* written;
+  const Session& session;  // knows the labels
+};
+
+Json JsonOf(const Converted& converted) {
+  Json hops = Json::array();
+  for (const Hop& hop : converted.conversion.hops) hops.push_back(JsonOf(converted.session, hop));
+  const AtomicFile* written = converted.written;
+  return {{"file", converted.arguments.file},
+          {"from", converted.way.front()},
+          {"to", converted.way.back()},
+          {"written", written == nullptr ? Json(nullptr) : Json(written->Name())},
+          {"hops", std::move(hops)}};
+}
+
+void Print(const Converted& converted, std::ostream& out) {
+  const std::vector<Hop>& hops = converted.conversion.hops;
+  for (const Hop& hop : hops) PrintHop(converted.session, hop, out);
+  if (converted.written != nullptr) {
+    out << converted.written->Name() << ": written as version " << converted.way.back() << '\n';
   } else {
-    const Hop& refused = conversion.hops.back();
-    workplace.Out() << "The step from " << refused.from << " to " << refused.to
-                    << " refuses: nothing is written, " << arguments.file << " is as it was.\n";
+    out << "The step from " << hops.back().from << " to " << hops.back().to
+        << " refuses: nothing is written, " << converted.arguments.file << " is as it was.\n";
   }
 }
 
@@ -196,27 +206,26 @@ ExitCode ConvertFile(const ConvertArguments& arguments, Workplace& workplace) {
   const bool isConverted = conversion.result != nullptr;
   if (isConverted) output.Write(PersonalityFile::Format(output.Name(), *conversion.result));
   const Session labels(workplace.Parts(), content, messenger);
-  ReportConversion(arguments, way, conversion, isConverted ? &output : nullptr, labels, workplace);
+  const Converted converted{arguments, way, conversion, isConverted ? &output : nullptr, labels};
+  workplace.Tell([&] { return JsonOf(converted); }, [&](std::ostream& out) { Print(converted, out); });
   return isConverted ? ExitCode::Done : ExitCode::No;
 }
 
-}  // namespace
-
-void AddConvertCommand(CLI::App& app, Action& action) {
-  auto given = std::make_shared<ConvertArguments>();
-  CLI::App* command = app.add_subcommand(
-      "convert", "Convert a personality to another database version, step by step, into a new file");
-  command->footer(
-      "Each step lists its messages, the stored values that it changed and what the version can not hold. A\n"
-      "step that refuses ends the conversion with exit code 1 and no file. See also: kd4410 versions.");
-  command->add_option("FILE", given->file, "The personality; it stays as it is")->required();
-  command->add_option("--to", given->version, "The database version: KD4410.0093 or just 0093")
-      ->type_name("VERSION")
-      ->required();
-  command->add_option("--out", given->out, "The file to be written (else FILE with -0093 behind its name)")
-      ->type_name("FILE");
-  command->add_flag("--force", given->force, "Overwrite the file if it exists");
-  command->callback([given, &action] {
-    action = [given](Workplace& workplace) { return ConvertFile(*given, workplace); };
-  });
+void Take(Words& words, ConvertArguments& given) {
+  words.Required("FILE", given.file, "The personality; it stays as it is");
+  words.RequiredOption("--to", given.version, "VERSION", "The database version: KD4410.0093 or just 0093");
+  words.Option("--out", given.out, "FILE", "The file to be written (else FILE with -0093 behind its name)");
+  words.Flag("--force", given.force, "Overwrite the file if it exists");
 }
+
+const Verb kConvert(
+    {.name = "convert",
+     .about = "Convert a personality to another database version, step by step, into a new file",
+     .details =
+         "Each step lists its messages, the stored values that it changed and what the version can not "
+         "hold. A\n"
+         "step that refuses ends the conversion with exit code 1 and no file. See also: kd4410 "
+         "versions."},
+    Take, ConvertFile);
+
+}  // namespace

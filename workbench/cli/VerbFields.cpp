@@ -1,0 +1,90 @@
+#include <memory>
+#include <string_view>
+#include <utility>
+
+#include "platform/CaseText.h"
+#include "workbench/cli/TextTable.h"
+#include "workbench/cli/Verb.h"
+#include "workbench/schema/Schema.h"
+#include "workbench/store/TypedNames.h"
+
+namespace {
+
+using Json = Workplace::Json;
+
+/// What the metadata tells of a UIID; the defaults stand for one that it does not know.
+struct FieldFacts {
+  std::string label, units, grid;
+  std::int32_t width = 0;
+  std::int16_t access = 0;
+};
+
+FieldFacts FactsOf(const TierHost& host, std::string_view uiid) {
+  FieldFacts facts;
+  ItierUserInterface& ui = host.UserInterface();
+  Boolean known = kFalse;
+  host.Require(ui.GetLabelByUIID(uiid, facts.label, known));
+  host.Require(ui.GetUnitsByUIID(uiid, facts.units, known));
+  host.Require(ui.GetUIWidthByUIID(uiid, facts.width, known));
+  host.Require(ui.GetCustAccessLevelByUIID(uiid, facts.access, known));
+  host.Require(ui.GetATGridIDByUIID(uiid, facts.grid, known));
+  return facts;
+}
+
+bool Contains(std::string_view text, const std::string& upperFilter) {
+  return UpperCase(text).find(upperFilter) != std::string::npos;
+}
+
+struct FieldsArguments {
+  std::string filter;
+  std::string version;
+};
+
+void Take(Words& words, FieldsArguments& given) {
+  words.Optional("FILTER", given.filter, "Only fields with this in UIID or label; case does not count");
+  words.Option("--version", given.version, "VERSION", "Database version (else the latest of the KD4410)");
+}
+
+ExitCode ListFields(const FieldsArguments& arguments, Workplace& workplace) {
+  const auto& [filter, version] = arguments;
+  const std::shared_ptr<const Schema> schema =
+      workplace.Schemas().At(version.empty() ? SchemaFiles::VersionsOf("KD4410").back().Text() : version);
+  const TierHost host(workplace.Parts(), nullptr, workplace.Messenger());
+  TextTable table({{"UIID"},
+                   {"Label"},
+                   {"Units"},
+                   {"Width", TextTable::Align::Right},
+                   {"Access", TextTable::Align::Right},
+                   {"Grid"},
+                   {"FieldId"}});
+  Json list = Json::array();
+  const std::string upperFilter = UpperCase(filter);
+  for (const SchemaField& field : schema->Fields()) {
+    for (const std::string& uiid : field.uiids) {
+      const FieldFacts facts = FactsOf(host, uiid);
+      if (!Contains(uiid, upperFilter) && !Contains(facts.label, upperFilter)) continue;
+      table.Add({uiid, facts.label, facts.units, std::to_string(facts.width), std::to_string(facts.access),
+                 facts.grid, field.id});
+      list.push_back({{"uiid", uiid},
+                      {"label", facts.label},
+                      {"units", facts.units},
+                      {"width", facts.width},
+                      {"accessLevel", facts.access},
+                      {"grid", facts.grid},
+                      {"fieldId", field.id}});
+    }
+  }
+  const bool found = !list.empty();
+  if (workplace.options.json) {
+    workplace.Emit(std::move(list));
+  } else if (found) {
+    table.Print(workplace.Out());
+  }
+  if (!found) throw UsageError("no field of version " + schema->Version() + " has \"" + filter + "\" in it");
+  return ExitCode::Done;
+}
+
+const Verb kFields({.name = "fields", .about = "List the fields of the forms as their metadata tells"}, Take,
+                   ListFields);
+
+}  // namespace

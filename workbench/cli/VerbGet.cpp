@@ -1,0 +1,53 @@
+#include <utility>
+
+#include "workbench/cli/Report.h"
+#include "workbench/cli/Verb.h"
+#include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/TypedNames.h"
+#include "workbench/store/ValueText.h"
+
+namespace {
+
+using Json = Workplace::Json;
+
+struct GetArguments {
+  std::string file;
+  std::string name;
+  RecordNr record = 0;  // 0: all records
+};
+
+void Take(Words& words, GetArguments& given) {
+  words.Required("FILE", given.file, "The personality");
+  words.Required("NAME", given.name, "UIID (TxFreq_k6k) or FieldId (5.ChannelTxFreq)");
+  words.OptionalRecord("RECORD", given.record, "Record, from 1; all when left out");
+}
+
+ExitCode Get(const GetArguments& arguments, Workplace& workplace) {
+  OpenedFile opened(workplace, arguments.file, workplace.Messenger());
+  opened.GetSession().ConvertToForms();
+  const Provider& content = opened.Content();
+  const SchemaField& field = TypedNames::FieldNamed(content.GetSchema(), arguments.name);
+  RecordNr first = 1;
+  RecordNr last = content.Count(field.table);
+  if (arguments.record != 0) {
+    TypedNames::RequireRecord(content, field, arguments.record);
+    first = last = arguments.record;
+  }
+  Json values = Json::array();
+  for (RecordNr record = first; record <= last; ++record) {
+    if (workplace.options.json) {
+      values.push_back({{"record", record}, {"value", Report::JsonOf(content.Get(field, record))}});
+    } else {
+      workplace.Out() << ValueText::Of(content.Get(field, record)) << '\n';
+    }
+  }
+  if (workplace.options.json) {
+    workplace.Emit({{"name", field.CommonName()}, {"fieldId", field.id}, {"values", std::move(values)}});
+  }
+  return ExitCode::Done;
+}
+
+const Verb kGet({.name = "get", .about = "Print the value of a field"}, Take, Get);
+
+}  // namespace

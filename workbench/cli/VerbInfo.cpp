@@ -1,0 +1,65 @@
+#include <ostream>
+#include <utility>
+
+#include "platform/Conversions.h"
+#include "platform/XArrayDBObject.h"
+#include "workbench/cli/TextTable.h"
+#include "workbench/cli/Verb.h"
+#include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/ValueText.h"
+
+namespace {
+
+std::string BandOf(OpenedFile& opened) {
+  Session& session = opened.GetSession();
+  XArrayDBObject bands;
+  session.Host().Require(session.Host().Owner().GetBands(bands));
+  const std::string position = ValueText::At(opened.Content(), "Band_k6k", 1);
+  return IsNumeric(position) && CLng(position) >= 0 && CLng(position) <= bands.UpperBound(1)
+             ? CStr(bands.GetValue(CLng(position), 0))
+             : "unknown";
+}
+
+struct InfoArguments {
+  std::string file;
+};
+
+ExitCode ShowInfo(const InfoArguments& arguments, Workplace& workplace) {
+  OpenedFile opened(workplace, arguments.file, workplace.Messenger());
+  opened.GetSession().ConvertToForms();
+  const Provider& content = opened.Content();
+  const std::string band = BandOf(opened);
+
+  Workplace::Json tables = Workplace::Json::array();
+  TextTable list({{"Table", TextTable::Align::Right},
+                  {"Title"},
+                  {"Records", TextTable::Align::Right},
+                  {"At most", TextTable::Align::Right}});
+  for (const SchemaTable& table : content.GetSchema().Tables()) {
+    const RecordNr count = content.Count(table);
+    if (!table.IsRaw() || count == 0) continue;
+    tables.push_back(
+        {{"table", table.number}, {"title", table.title}, {"records", count}, {"maximum", table.maximum}});
+    list.Add(
+        {std::to_string(table.number), table.title, std::to_string(count), std::to_string(table.maximum)});
+  }
+  const std::string& version = content.GetSchema().Version();
+  workplace.Tell(
+      [&] {
+        return Workplace::Json(
+            {{"file", arguments.file}, {"version", version}, {"band", band}, {"tables", std::move(tables)}});
+      },
+      [&](std::ostream& out) {
+        out << "File:     " << arguments.file << "\nVersion:  " << version << "\nBand:     " << band
+            << "\nChannels: " << content.Count(5) << "\nNetworks: " << content.Count(21) << "\n\n";
+        list.Print(out);
+      });
+  return ExitCode::Done;
+}
+
+void Take(Words& words, InfoArguments& given) { words.Required("FILE", given.file, "The personality"); }
+
+const Verb kInfo({.name = "info", .about = "Tell version, band and size of a personality"}, Take, ShowInfo);
+
+}  // namespace

@@ -1,0 +1,72 @@
+#include <ostream>
+#include <utility>
+
+#include "platform/CaseText.h"
+#include "platform/Conversions.h"
+#include "platform/XArrayDBObject.h"
+#include "workbench/cli/Verb.h"
+#include "workbench/files/AtomicFile.h"
+#include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+#include "workbench/store/TypedNames.h"
+
+namespace {
+
+struct NewArguments {
+  std::string file;
+  std::string version;
+  std::string band;
+  bool force = false;
+};
+
+/// The place in the band list of a band's code ("B1"), compared without regard to case.
+std::int32_t BandPosition(Session& session, const std::string& code) {
+  XArrayDBObject bands;
+  session.Host().Require(session.Host().Owner().GetBands(bands));
+  std::string known;
+  for (std::int32_t row = 0; row <= bands.UpperBound(1); ++row) {
+    const std::string bandCode = CStr(bands.GetValue(row, 0)).substr(0, 2);
+    if (EqualsIgnoringCase(bandCode, code)) return row;
+    known += (known.empty() ? "" : ", ") + bandCode;
+  }
+  throw UsageError("\"" + code + "\" is no band; the bands are " + known);
+}
+
+ExitCode MakeNew(const NewArguments& arguments, Workplace& workplace) {
+  AtomicFile file(arguments.file);
+  if (file.Exists() && !arguments.force) {
+    throw UsageError(arguments.file + " is there already; --force overwrites it");
+  }
+  OpenedFile opened(workplace, std::move(file), NewPersonality(workplace.Schemas(), arguments.version),
+                    workplace.Messenger());
+  Session& session = opened.GetSession();
+  session.ConvertToForms();
+  if (!arguments.band.empty()) {
+    // No rule to ask: it would judge channels that are not there yet.
+    session.Store(TypedNames::FieldNamed(opened.Content().GetSchema(), "Band_k6k"), 1,
+                  BandPosition(session, arguments.band));
+  }
+  opened.Save();
+  const std::string& version = opened.Content().GetSchema().Version();
+  workplace.Tell(
+      [&] {
+        return Workplace::Json({{"file", arguments.file}, {"version", version}});
+      },
+      [&](std::ostream& out) {
+        out << arguments.file << ": a new personality of version " << version << '\n';
+      });
+  return ExitCode::Done;
+}
+
+void Take(Words& words, NewArguments& given) {
+  words.Required("FILE", given.file, "The file to be written");
+  words.RequiredOption("--version", given.version, "VERSION",
+                       "Model and database version, such as KD4410.0094");
+  words.Option("--band", given.band, "BAND", "Code of the band, such as B1 (see: kd4410 bands)");
+  words.Flag("--force", given.force, "Overwrite the file if it exists");
+}
+
+const Verb kNew({.name = "new", .about = "Make a new personality with the defaults of the schema"}, Take,
+                MakeNew);
+
+}  // namespace

@@ -1,0 +1,72 @@
+#include "workbench/cli/Words.h"
+
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <utility>
+
+namespace {
+/// Why the text is no record; empty when it may be one. What is no number at all is refused when it is
+/// converted.
+std::string NoRecord(const std::string& text) {
+  RecordNr record = 1;
+  std::from_chars(text.data(), text.data() + text.size(), record);
+  return record < 1 ? "records count from 1" : "";
+}
+}  // namespace
+
+void Words::Required(const char* name, std::string& word, const char* about) {
+  command_.add_option(name, word, about)->required();
+}
+
+void Words::Required(const char* name, RecordNr& number, const char* about) {
+  command_.add_option(name, number, about)->required();
+}
+
+void Words::Optional(const char* name, std::string& word, const char* about) {
+  command_.add_option(name, word, about);
+}
+
+void Words::OptionalRecord(const char* name, RecordNr& record, const char* about) {
+  command_.add_option(name, record, about)->check(NoRecord);
+}
+
+void Words::Rest(std::vector<std::string>& words) {
+  command_.fallthrough(false);  // options are the rest's
+  command_.prefix_command();
+  rest_ = &words;
+}
+
+void Words::TakeRest() const {
+  if (rest_ != nullptr) *rest_ = command_.remaining();
+}
+
+void Words::Flag(const char* name, bool& flag, const char* about) { command_.add_flag(name, flag, about); }
+
+void Words::Option(const char* name, std::string& value, const char* type, const char* about) {
+  command_.add_option(name, value, about)->type_name(type);
+}
+
+void Words::RequiredOption(const char* name, std::string& value, const char* type, const char* about) {
+  command_.add_option(name, value, about)->type_name(type)->required();
+}
+
+void Words::RecordOption(const char* name, RecordNr& record, const char* about) {
+  command_.add_option(name, record, about)->type_name("N")->check(NoRecord);
+}
+
+void Words::ListOption(const char* name, std::vector<std::string>& values, const char* about) {
+  command_.add_option(name, values, about)->take_all();
+}
+
+void Words::NumberOption(const char* name, std::int64_t& value, std::int64_t lowest, std::int64_t highest,
+                         const char* about) {
+  command_.add_option(name, value, about)->check(CLI::Range(lowest, highest).description(""));
+}
+
+void Words::Needs(const char* name, const char* other) {
+  command_.get_option(name)->needs(command_.get_option(other));
+}
+
+void Words::Excludes(const char* name, const char* other) {
+  command_.get_option(name)->excludes(command_.get_option(other));
+}
