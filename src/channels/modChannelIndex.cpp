@@ -23,10 +23,7 @@ bool IsKnown(std::string_view fieldId) {
 }
 
 /// "None" counts as channel 0; a word is no number.
-Variant NumberOf(const Variant& shown) {
-  if (CStr(shown) == kNone) return 0;
-  return IsNumeric(shown) ? Variant(CLng(shown)) : shown;
-}
+Variant NumberOf(const Variant& shown) { return CStr(shown) == kNone ? Variant(0) : WholeNumberOf(shown); }
 }  // namespace
 
 void GetChannelIndex(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {

@@ -19,9 +19,9 @@ struct FieldEdit {
   bool Is(std::int32_t code) const;
   /// The stored value of another field; empty for a record that does not exist and for a field that this
   /// database version does not have.
-  Variant Stored(std::string_view field, RecordNr at = 1) const;
+  Variant Stored(std::string_view field, RecordNr at) const;
   /// Whether another field holds the code. What does not exist holds none, not even 0.
-  bool Holds(std::string_view field, std::int32_t code, RecordNr at = 1) const;
+  bool Holds(std::string_view field, std::int32_t code, RecordNr at) const;
   /// The network that the forms show, 0 for none.
   RecordNr CurrentNetwork() const;
 

@@ -10,7 +10,7 @@ void RaiseNothing(std::string_view what) {
 
 void TableRef::Sort(const ProviderRef& provider, std::string_view key) const {
   constexpr std::int32_t kAscending = 1;
-  Check(Host().Sort(provider.Host(), key, kAscending));
+  RaiseIfFailed(Host().Sort(provider.Host(), key, kAscending));
 }
 
 ScopedAutoUpdate::ScopedAutoUpdate(const ProviderRef& provider, bool state)
@@ -20,7 +20,7 @@ ScopedAutoUpdate::ScopedAutoUpdate(const ProviderRef& provider, bool state)
 
 ScopedAutoUpdate::~ScopedAutoUpdate() noexcept(false) {
   const Status restored = provider_.TrySetAutoUpdate(before_);
-  if (std::uncaught_exceptions() == errorsBefore_) Check(restored);
+  if (std::uncaught_exceptions() == errorsBefore_) RaiseIfFailed(restored);
 }
 
 Itier& ValidatorRef::Tier() const {
@@ -51,12 +51,12 @@ std::string ValidatorRef::LabelOf(std::string_view name) const {
   const std::string_view field = name.substr(name.find('.') + 1);  // npos + 1 is 0: no point, the whole name
   std::string label;
   Boolean known = kFalse;
-  Check(Deref(ui, "ItierUserInterface").GetLabelByUIID(field, label, known));
+  RaiseIfFailed(Deref(ui, "ItierUserInterface").GetLabelByUIID(field, label, known));
   return label.empty() ? std::string(field) : label;
 }
 
 bool ValidatorRef::Accepts(std::string_view uiid, Variant& value, RecordNr record) const {
   Boolean accepted = kFalse;
-  Check(Deref(Validator(), "ItierValidator").ValidateByUIID(uiid, value, record, accepted));
+  RaiseIfFailed(Deref(Validator(), "ItierValidator").ValidateByUIID(uiid, value, record, accepted));
   return accepted != kFalse;
 }

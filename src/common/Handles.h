@@ -19,7 +19,7 @@
 template <typename Out, typename Host, typename Operation, typename... Args>
 Out Ask(Host& host, Operation operation, const Args&... args) {
   Out out{};
-  Check((host.*operation)(args..., out));
+  RaiseIfFailed((host.*operation)(args..., out));
   return out;
 }
 
@@ -71,11 +71,16 @@ class ValueListRef {
   std::shared_ptr<IvalueList> list_;
 };
 
+/// The record of a table that has one.
+inline constexpr RecordNr kOnly = 1;
+
 class FieldRef {
  public:
   explicit FieldRef(std::shared_ptr<Ifield> field) : field_(std::move(field)) {}
   Variant Value(RecordNr record) const { return Ask<Variant>(Host(), &Ifield::Value, record); }
-  void SetValue(RecordNr record, const Variant& value) const { Check(Host().SetValue(record, value)); }
+  void SetValue(RecordNr record, const Variant& value) const {
+    RaiseIfFailed(Host().SetValue(record, value));
+  }
   RecordNr RecordCount() const { return Ask<RecordNr>(Host(), &Ifield::RecordCount); }
   /// Records count from 1; one that is still to come, or none, is not there.
   bool HasRecord(RecordNr record) const { return record >= 1 && record <= RecordCount(); }
@@ -165,11 +170,11 @@ class ProviderRef {
   }
   bool FactoryMode() const { return Ask<Boolean>(Host(), &Iprovider::FactoryMode) != kFalse; }
   bool AutoUpdate() const { return Ask<Boolean>(Host(), &Iprovider::AutoUpdate) != kFalse; }
-  void SetAutoUpdate(bool state) const { Check(TrySetAutoUpdate(state)); }
+  void SetAutoUpdate(bool state) const { RaiseIfFailed(TrySetAutoUpdate(state)); }
   Status TrySetAutoUpdate(bool state) const { return Host().SetAutoUpdate(ToBoolean(state)); }
-  void ClearTable(std::string_view tableId) const { Check(Host().ClearTable(tableId, kTrue)); }
-  void RefreshField(std::string_view name) const { Check(Host().RefreshField(name)); }
-  void RefreshValues(std::string_view fieldId) const { Check(Host().RefreshValues(fieldId)); }
+  void ClearTable(std::string_view tableId) const { RaiseIfFailed(Host().ClearTable(tableId, kTrue)); }
+  void RefreshField(std::string_view name) const { RaiseIfFailed(Host().RefreshField(name)); }
+  void RefreshValues(std::string_view fieldId) const { RaiseIfFailed(Host().RefreshValues(fieldId)); }
   bool IsNothing() const { return provider_ == nullptr; }
 
  private:
@@ -193,9 +198,9 @@ class MessengerRef {
     return static_cast<Button>(
         Ask<std::int32_t>(Host(), &Imessenger::ShowMessage, message, style, title, parameters));
   }
-  void RefreshField(std::string_view uiid) const { Check(Host().RefreshField(uiid)); }
+  void RefreshField(std::string_view uiid) const { RaiseIfFailed(Host().RefreshField(uiid)); }
   void SetFieldEnabled(std::string_view uiid, bool enabled) const {
-    Check(Host().SetFieldEnabled(uiid, ToBoolean(enabled)));
+    RaiseIfFailed(Host().SetFieldEnabled(uiid, ToBoolean(enabled)));
   }
 
  private:

@@ -10,9 +10,9 @@
 /// version.
 
 /// Empty for a record that does not exist and for a field that this version does not have.
-Variant StoredValue(const ProviderRef& provider, std::string_view field, RecordNr record = 1);
+Variant StoredValue(const ProviderRef& provider, std::string_view field, RecordNr record);
 /// Whether the field holds the code. What does not exist holds none, not even 0.
-bool HoldsCode(const ProviderRef& provider, std::string_view field, std::int32_t code, RecordNr record = 1);
+bool HoldsCode(const ProviderRef& provider, std::string_view field, std::int32_t code, RecordNr record);
 /// One record, for rules that ask it for several fields.
 struct StoredRecord {
   ProviderRef provider;

@@ -4,7 +4,7 @@
 
 void TierChild::Bind(Itier* tier) {
   std::shared_ptr<Iterminator> terminator;
-  if (tier != nullptr) Check(tier->Terminator(terminator));
+  if (tier != nullptr) RaiseIfFailed(tier->Terminator(terminator));
   tier_ = tier;
   isNoticed_ = terminator != nullptr;
   life_ = terminator;

@@ -31,6 +31,6 @@ void RaiseError(const Fault& fault) {
   if (!terminateOnError) throw Error(fault);
   ShowMessageBox(fault.description, MessageStyle::kCritical);
   if (terminators.empty()) throw Error(fault);
-  Check(terminators.back()->TerminateApplication());
+  RaiseIfFailed(terminators.back()->TerminateApplication());
 }
 }  // namespace modRaiseError

@@ -142,7 +142,7 @@ bool CheckAckAndANISequences(const ValidatorRef& validator) {
 
 bool OfferSideTones(const ValidatorRef& validator) {
   const ProviderRef provider = validator.CurrentProvider();
-  if (!HoldsCode(provider, "PTTPressCallSetup1_k6k", kOn)) return true;
+  if (!HoldsCode(provider, "PTTPressCallSetup1_k6k", kOn, kOnly)) return true;
   const FieldRef sideTones = provider.Field("SelcallAudibleSideTones");
   const std::vector<Variant> values = sideTones.Values();
   if (std::all_of(values.begin(), values.end(), IsTicked)) return true;
@@ -160,7 +160,7 @@ bool OfferSideTones(const ValidatorRef& validator) {
 bool CheckFFSKBaudRate(const ValidatorRef& validator) {
   constexpr std::int32_t kFastBitsPerSecond = 2400;
   const ProviderRef provider = validator.CurrentProvider();
-  if (!HoldsCode(provider, "FFSKBaudRate", kFastBitsPerSecond)) return true;
+  if (!HoldsCode(provider, "FFSKBaudRate", kFastBitsPerSecond, kOnly)) return true;
   for (const RecordNr record : provider.Field("NetworkID").Records()) {
     const StoredRecord network{provider, record};
     if (!network.Holds("SignallingType", SignallingType::kSelcall) ||

@@ -22,7 +22,7 @@ void AdviseOnGap(const FieldEdit& edit, const Variant& gap, const Variant& tone)
 
 /// The networks whose repeat interval rests on the system that the forms show.
 void UpdateRepeatIntervals(FieldEdit& edit, std::string_view identityField, std::string_view currentSystem) {
-  const Variant identity = edit.Stored(identityField, CLng(edit.Stored(currentSystem)));
+  const Variant identity = edit.Stored(identityField, CLng(edit.Stored(currentSystem, kOnly)));
   if (identity.IsEmpty()) return;  // there is no such system
   const FieldRef identities = edit.validator.CurrentProvider().Field("NetworkSignallingID");
   for (const RecordNr network : identities.Records()) {

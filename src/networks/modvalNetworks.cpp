@@ -109,7 +109,7 @@ bool ValidateNetworkID(FieldEdit& edit) {
     const Variant old = provider.Field("NetworkID").Value(edit.record);
     if (SameValue(old, edit.value)) return edit.PassUnchanged();
     // The form's number is text; the references are numbers.
-    const Variant number = IsNumeric(edit.value) ? Variant(CLng(edit.value)) : edit.value;
+    const Variant number = WholeNumberOf(edit.value);
     if (!MoveChannels(edit, old, number)) return false;
     for (const auto& [fieldId, uiid] : kNumbers) {
       if (provider.Field(fieldId).HasRecord(edit.record)) edit.writes.Set(fieldId, uiid, edit.record, number);

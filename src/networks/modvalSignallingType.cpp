@@ -181,11 +181,11 @@ class TypeChange {
   }
 
   /// The network takes the first system of the type.
-  std::string FirstIdentity() const { return CStr(edit_.Stored(needs_->identity)); }
+  std::string FirstIdentity() const { return CStr(edit_.Stored(needs_->identity, 1)); }
 
   bool GoesWithANI() {
     if (needs_ == nullptr || needs_->noANI.empty() || !HasEmergencyANI(edit_)) return true;
-    if (!CStr(edit_.Stored(modNetworks::ANISequenceField(needs_->type))).empty()) return true;
+    if (!CStr(edit_.Stored(modNetworks::ANISequenceField(needs_->type), 1)).empty()) return true;
     if (!Agrees(edit_, needs_->noANI, {FirstIdentity()})) return false;
     edit_.writes.Set("EmCyclingANI", edit_.record, kOff);
     return true;

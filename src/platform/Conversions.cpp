@@ -234,6 +234,14 @@ bool SameValue(const Variant& a, const Variant& b) {
   return HasText(a) && HasText(b) && CStr(a) == CStr(b);
 }
 
+bool IsAbove(const Variant& a, const Variant& b) {
+  const auto left = NumberOf(a);
+  const auto right = NumberOf(b);
+  return left && right && *left > *right;
+}
+
+Variant WholeNumberOf(const Variant& value) { return IsNumeric(value) ? Variant(CLng(value)) : value; }
+
 bool IsTicked(const Variant& value) {
   const auto number = NumberOf(value);
   return number && std::fabs(*number) == 1;

@@ -33,6 +33,10 @@ bool IsNumeric(const Variant& value);
 /// Equality of two values from the host: both numeric, as numbers; else as exact text. A number and a
 /// word differ, never an error; arrays equal nothing.
 bool SameValue(const Variant& a, const Variant& b);
+/// Whether both are numbers and the first is the greater one.
+bool IsAbove(const Variant& a, const Variant& b);
+/// A number as an integer, what is none as it is.
+Variant WholeNumberOf(const Variant& value);
 
 /// A tick is on when the absolute numeric value is 1 (true is -1). A text that is no number is off.
 bool IsTicked(const Variant& value);

@@ -23,7 +23,7 @@ class [[nodiscard]] Status {
 };
 
 /// Raises the fault of a failed status.
-inline void Check(const Status& status) {
+inline void RaiseIfFailed(const Status& status) {
   if (!status.Ok()) [[unlikely]] {
     throw Error(status.Reason());
   }

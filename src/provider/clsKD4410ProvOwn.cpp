@@ -190,7 +190,7 @@ Status clsKD4410ProvOwn::GetCurrentFrequencyRanges(std::int32_t& txLowest, std::
   return Call([&](Itier* tier) {
     Procedure("GetCurrentFrequencyRanges", [&] {
       const std::int32_t position = BandPosition(ValidatorRef(tier).CurrentProvider());
-      Check(GetFrequencyRanges(position, txLowest, txHighest, rxLowest, rxHighest, steps));
+      RaiseIfFailed(GetFrequencyRanges(position, txLowest, txHighest, rxLowest, rxHighest, steps));
     });
   });
 }

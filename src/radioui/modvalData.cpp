@@ -27,8 +27,8 @@ bool IsBlank(std::string_view identity) {
 
 bool CheckDataIdentity(const ValidatorRef& validator) {
   const ProviderRef provider = validator.CurrentProvider();
-  if (!IsBlank(CStr(StoredValue(provider, "DataIdentity"))) ||
-      !HoldsCode(provider, "SDMEncodeCallerIDEnabled", kOn)) {
+  if (!IsBlank(CStr(StoredValue(provider, "DataIdentity", kOnly))) ||
+      !HoldsCode(provider, "SDMEncodeCallerIDEnabled", kOn, kOnly)) {
     return true;
   }
   return Refuse(validator,
@@ -39,9 +39,9 @@ bool CheckDataIdentity(const ValidatorRef& validator) {
 /// GPS needs a port of its own, and would have one of the two on the mic.
 bool CheckPorts(const ValidatorRef& validator) {
   const ProviderRef provider = validator.CurrentProvider();
-  const Variant dataPort = StoredValue(provider, "DataCCDIPort");
-  const Variant gpsPort = StoredValue(provider, "GPSSerialPort");
-  if (!HoldsCode(provider, "GPSEnabled", kOn) || dataPort.IsEmpty() || gpsPort.IsEmpty()) return true;
+  const Variant dataPort = StoredValue(provider, "DataCCDIPort", kOnly);
+  const Variant gpsPort = StoredValue(provider, "GPSSerialPort", kOnly);
+  if (!HoldsCode(provider, "GPSEnabled", kOn, kOnly) || dataPort.IsEmpty() || gpsPort.IsEmpty()) return true;
   if (SameValue(dataPort, gpsPort)) {
     return Refuse(validator,
                   "The Data Port field on the Serial Communications tab can not be the same setting as the "
@@ -56,12 +56,13 @@ bool CheckPorts(const ValidatorRef& validator) {
 
 bool CheckMTU(const ValidatorRef& validator) {
   const ProviderRef provider = validator.CurrentProvider();
-  const MTULimits& limits =
-      HoldsCode(provider, "dataTotalModeService", kFirstService) ? kFirstServiceLimits : kOtherServiceLimits;
+  const MTULimits& limits = HoldsCode(provider, "dataTotalModeService", kFirstService, kOnly)
+                                ? kFirstServiceLimits
+                                : kOtherServiceLimits;
   const std::int32_t limit =
-      HoldsCode(provider, "VHSDForwardErrorCorrection", kOff) ? limits.plain : limits.corrected;
-  const Variant size = StoredValue(provider, "dataTotalMtuSize");
-  if (!IsNumeric(size) || CDbl(size) <= limit) return true;
+      HoldsCode(provider, "VHSDForwardErrorCorrection", kOff, kOnly) ? limits.plain : limits.corrected;
+  const Variant size = StoredValue(provider, "dataTotalMtuSize", kOnly);
+  if (!IsAbove(size, limit)) return true;
   return Refuse(validator,
                 "TOTAL MTU Size can not exceed %0:S for this combination of FEC Enabled and TOTAL Service.",
                 {std::to_string(limit)});
@@ -71,8 +72,8 @@ bool CheckMTU(const ValidatorRef& validator) {
 bool ValidateGPSPollResponseChannel(const ValidatorRef& validator) {
   return Procedure("ValidateGPSPollResponseChannel", true, [&] {
     const ProviderRef provider = validator.CurrentProvider();
-    if (!HoldsCode(provider, "GPSPollResponseChannelType", ChannelType::kDedicated) ||
-        CStr(StoredValue(provider, "GPSPollResponseChannel")) != kNone) {
+    if (!HoldsCode(provider, "GPSPollResponseChannelType", ChannelType::kDedicated, kOnly) ||
+        CStr(StoredValue(provider, "GPSPollResponseChannel", kOnly)) != kNone) {
       return true;
     }
     return Refuse(validator,

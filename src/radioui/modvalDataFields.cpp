@@ -13,7 +13,7 @@ constexpr std::string_view kFlowControls[] = {"DataCMFlowControl", "DataTMFlowCo
 
 /// Tone blanking is on and the last of the two options that it may rest on goes.
 bool LeavesToneBlankingAlone(const FieldEdit& edit, std::string_view otherOption) {
-  return edit.Holds(otherOption, kOff) && edit.Holds("MuteOnFFSKReceiving", kOn);
+  return edit.Holds(otherOption, kOff, kOnly) && edit.Holds("MuteOnFFSKReceiving", kOn, kOnly);
 }
 
 bool RefuseForToneBlanking(const FieldEdit& edit) {
@@ -38,7 +38,8 @@ bool TurnOffVHSDModem(FieldEdit& edit) {
 
 /// The state whose mode is turned off falls back to command mode.
 void LeavePowerupState(FieldEdit& edit, std::int32_t state) {
-  if (edit.Holds("DataPowerupState", state)) edit.writes.Set("DataPowerupState", 1, PowerupState::kCommand);
+  if (edit.Holds("DataPowerupState", state, kOnly))
+    edit.writes.Set("DataPowerupState", 1, PowerupState::kCommand);
 }
 
 /// The digits of a hexadecimal number that count: 5 is 05, and no text is 0.
@@ -48,20 +49,18 @@ std::string Significant(const Variant& hex) {
 }
 
 bool SameCharacter(const FieldEdit& edit, std::string_view otherField) {
-  const Variant other = edit.Stored(otherField);
+  const Variant other = edit.Stored(otherField, kOnly);
   return !other.IsEmpty() && EqualsIgnoringCase(Significant(edit.value), Significant(other));
 }
-
-bool IsAbove(const Variant& a, const Variant& b) { return IsNumeric(a) && IsNumeric(b) && CDbl(a) > CDbl(b); }
 }  // namespace
 
 bool ValidatePowerupState(FieldEdit& edit) {
-  if (edit.Is(PowerupState::kFFSKTransparent) && edit.Holds("DataOptionsEnabled", kOff)) {
+  if (edit.Is(PowerupState::kFFSKTransparent) && edit.Holds("DataOptionsEnabled", kOff, kOnly)) {
     return Refuse(
         edit.validator,
         "You may only choose FFSK Transparent Mode as the Powerup State when Transparent Mode is enabled");
   }
-  if (edit.Is(PowerupState::kVHSD) && edit.Holds("DataVHSDModemEnabled", kOff)) {
+  if (edit.Is(PowerupState::kVHSD) && edit.Holds("DataVHSDModemEnabled", kOff, kOnly)) {
     return Refuse(edit.validator,
                   "You may only choose VHSD as the Powerup State when the VHSD Modem is enabled");
   }
@@ -71,7 +70,7 @@ bool ValidatePowerupState(FieldEdit& edit) {
 bool ValidateTransparentMode(FieldEdit& edit) {
   if (edit.Is(kOff)) {
     if (LeavesToneBlankingAlone(edit, "DataSDMOptionsEnabled")) return RefuseForToneBlanking(edit);
-    if (edit.Holds("DataVHSDModemEnabled", kOn) && !TurnOffVHSDModem(edit)) return false;
+    if (edit.Holds("DataVHSDModemEnabled", kOn, kOnly) && !TurnOffVHSDModem(edit)) return false;
     LeavePowerupState(edit, PowerupState::kFFSKTransparent);
   }
   return true;
@@ -83,7 +82,7 @@ bool ValidateVHSDModem(FieldEdit& edit) {
 }
 
 bool ValidateSDMOptions(FieldEdit& edit) {
-  if (edit.Is(kOff) && edit.Holds("GPSEnabled", kOn)) {
+  if (edit.Is(kOff) && edit.Holds("GPSEnabled", kOn, kOnly)) {
     return Refuse(edit.validator, "You can not disable SDM when GPS Position Reporting is enabled.");
   }
   if (edit.Is(kOff) && LeavesToneBlankingAlone(edit, "DataOptionsEnabled"))
@@ -97,8 +96,8 @@ bool ValidateSDMOutput(FieldEdit& edit) {
 }
 
 bool ValidateToneBlanking(FieldEdit& edit) {
-  if (!edit.Is(kOn) || !edit.Holds("DataSDMOptionsEnabled", kOff) ||
-      !edit.Holds("DataOptionsEnabled", kOff)) {
+  if (!edit.Is(kOn) || !edit.Holds("DataSDMOptionsEnabled", kOff, kOnly) ||
+      !edit.Holds("DataOptionsEnabled", kOff, kOnly)) {
     return true;
   }
   return Refuse(
@@ -125,10 +124,12 @@ bool ValidateDataIdentity(FieldEdit& edit) {
 
 bool ValidateDataPort(FieldEdit& edit) {
   if (!edit.Is(SerialPort::kMic)) return true;
-  if (edit.Holds("KeypadMic", kOn)) {
+  if (edit.Holds("KeypadMic", kOn, kOnly)) {
     return Refuse(edit.validator, "Data Port can not be set to Mic when the Mic field is set to Keypad Mic.");
   }
-  const auto isHardware = [&](std::string_view field) { return edit.Holds(field, FlowControl::kHardware); };
+  const auto isHardware = [&](std::string_view field) {
+    return edit.Holds(field, FlowControl::kHardware, kOnly);
+  };
   if (std::ranges::none_of(kFlowControls, isHardware)) return true;
   if (AskYesNo(
           edit.validator,
@@ -144,19 +145,19 @@ bool ValidateDataPort(FieldEdit& edit) {
 }
 
 bool ValidateFlowControl(FieldEdit& edit) {
-  if (!edit.Is(FlowControl::kHardware) || !edit.Holds("DataCCDIPort", SerialPort::kMic)) return true;
+  if (!edit.Is(FlowControl::kHardware) || !edit.Holds("DataCCDIPort", SerialPort::kMic, kOnly)) return true;
   return Refuse(edit.validator, "Flow Control can not be set to Hardware when the Data Port is set to Mic.");
 }
 
 bool ValidateBackoffMinimum(FieldEdit& edit) {
-  if (IsAbove(edit.value, edit.Stored("dataTxBackoffTimeMax"))) {
+  if (IsAbove(edit.value, edit.Stored("dataTxBackoffTimeMax", kOnly))) {
     edit.writes.Set("dataTxBackoffTimeMax", 1, CLng(edit.value));
   }
   return true;
 }
 
 bool ValidateBackoffMaximum(FieldEdit& edit) {
-  if (!IsAbove(edit.Stored("dataTxBackoffTimeMin"), edit.value)) return true;
+  if (!IsAbove(edit.Stored("dataTxBackoffTimeMin", kOnly), edit.value)) return true;
   return Refuse(
       edit.validator,
       "The Tx Back-off Time Maximum value must be greater then the Tx Back-off Time Minimum value.");

@@ -8,10 +8,10 @@
 
 namespace modvalGPSFields {
 bool ValidateGPSEnabled(FieldEdit& edit) {
-  if (edit.Is(kOn) && edit.Holds("DataSDMOptionsEnabled", kOff)) {
+  if (edit.Is(kOn) && edit.Holds("DataSDMOptionsEnabled", kOff, kOnly)) {
     return Refuse(edit.validator, "You must enable SDM before you can enable GPS Position Reporting.");
   }
-  if (edit.Is(kOn) && edit.Holds("GPSSDMCompatibility", SDMFormat::kCCDI2Text)) {
+  if (edit.Is(kOn) && edit.Holds("GPSSDMCompatibility", SDMFormat::kCCDI2Text, kOnly)) {
     return Refuse(edit.validator,
                   "GPS Position Reporting can not be enabled when GPS SDM Format is set to 'CCDI2 Text'");
   }
@@ -19,7 +19,7 @@ bool ValidateGPSEnabled(FieldEdit& edit) {
 }
 
 bool ValidateGPSPort(FieldEdit& edit) {
-  if (!edit.Is(SerialPort::kMic) || !edit.Holds("KeypadMic", kOn)) return true;
+  if (!edit.Is(SerialPort::kMic) || !edit.Holds("KeypadMic", kOn, kOnly)) return true;
   return Refuse(edit.validator, "GPS Port can not be set to Mic when the Mic field is set to Keypad Mic.");
 }
 
@@ -29,7 +29,7 @@ bool ValidatePollResponseType(FieldEdit& edit) {
 }
 
 bool ValidateSDMFormat(FieldEdit& edit) {
-  if (!edit.Is(SDMFormat::kCCDI2Text) || !edit.Holds("GPSEnabled", kOn)) return true;
+  if (!edit.Is(SDMFormat::kCCDI2Text) || !edit.Holds("GPSEnabled", kOn, kOnly)) return true;
   return Refuse(edit.validator,
                 "GPS SDM Format can not be set to 'CCDI2 Text' when GPS Position Reporting is enabled.");
 }

@@ -40,7 +40,7 @@ bool TurnOffChannelEncryption(FieldEdit& edit) {
 
 bool ValidateLowPowerStart(FieldEdit& edit) {
   const auto turnsItOff = [&](const FunctionKey& key) {
-    return edit.Holds(key.action, KeyAction::kLowPowerTransmit);
+    return edit.Holds(key.action, KeyAction::kLowPowerTransmit, kOnly);
   };
   if (edit.Is(kOn) && std::ranges::none_of(kFunctionKeys, turnsItOff)) {
     Notify(
@@ -53,8 +53,8 @@ bool ValidateLowPowerStart(FieldEdit& edit) {
 
 bool ValidateGroupActivity(FieldEdit& edit) {
   const bool on = edit.Is(kOn);
-  const Variant firstChannel = edit.Stored("ChannelID_k6k");
-  if (on && CStr(edit.Stored("ChannelGroupIDForRadioStartup")).empty() && !firstChannel.IsEmpty()) {
+  const Variant firstChannel = edit.Stored("ChannelID_k6k", 1);
+  if (on && CStr(edit.Stored("ChannelGroupIDForRadioStartup", kOnly)).empty() && !firstChannel.IsEmpty()) {
     edit.writes.Set("ChannelGroupIDForRadioStartup", 1, firstChannel);
   }
   return true;
@@ -62,10 +62,10 @@ bool ValidateGroupActivity(FieldEdit& edit) {
 
 bool ValidateKeypadMic(FieldEdit& edit) {
   if (!edit.Is(kOn)) return true;
-  if (edit.Holds("DataCCDIPort", SerialPort::kMic)) {
+  if (edit.Holds("DataCCDIPort", SerialPort::kMic, kOnly)) {
     return Refuse(edit.validator, "The Mic can not be set to Keypad Mic because the Data Port is set to Mic");
   }
-  if (edit.Holds("GPSSerialPort", SerialPort::kMic)) {
+  if (edit.Holds("GPSSerialPort", SerialPort::kMic, kOnly)) {
     return Refuse(edit.validator, "The Mic can not be set to Keypad Mic because the GPS Port is set to Mic");
   }
   return true;

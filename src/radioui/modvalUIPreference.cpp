@@ -14,8 +14,8 @@ bool ValidateFuncKey(FieldEdit& edit) {
     std::int32_t number = 0;
     for (const FunctionKey& key : kFunctionKeys) {
       ++number;
-      if (!edit.Holds(key.action, KeyAction::kBacklightTimerToggle) &&
-          !edit.Holds(key.action, KeyAction::kBacklightTimer)) {
+      if (!edit.Holds(key.action, KeyAction::kBacklightTimerToggle, kOnly) &&
+          !edit.Holds(key.action, KeyAction::kBacklightTimer, kOnly)) {
         continue;
       }
       if (AskYesNo(edit.validator,

@@ -52,9 +52,9 @@ bool clsKD4410Tier::CreateSchema() {
   schema_ = schema;
   std::string currentVersion;
   Boolean initialized = kFalse;
-  Check(schema->Initialize(this, kVersionLists, currentVersion, initialized));
+  RaiseIfFailed(schema->Initialize(this, kVersionLists, currentVersion, initialized));
   if (initialized == kFalse) return false;
-  if (!currentVersion.empty()) Check(SetTierKey(currentVersion + "." + tierName_));
+  if (!currentVersion.empty()) RaiseIfFailed(SetTierKey(currentVersion + "." + tierName_));
   return true;
 }
 
@@ -62,7 +62,7 @@ bool clsKD4410Tier::CreateUserInterface(const Variant& uiArgument) {
   const auto userInterface = std::make_shared<clsTierUI>(time_);
   userInterface_ = userInterface;
   Boolean initialised = kFalse;
-  Check(userInterface->InitialiseUserInterface(this, uiArgument, initialised));
+  RaiseIfFailed(userInterface->InitialiseUserInterface(this, uiArgument, initialised));
   return initialised != kFalse;
 }
 
@@ -82,10 +82,11 @@ Status clsKD4410Tier::InitializeAsDelegate(Itier* delegatingTier,
 }
 
 void clsKD4410Tier::BindChildren(Itier* tier, const std::shared_ptr<IvalidatorHost>& validatorHost) {
-  Check(Deref(providerOwner_, "IproviderOwner").Initialize(tier));
+  RaiseIfFailed(Deref(providerOwner_, "IproviderOwner").Initialize(tier));
   Boolean filesRead = kFalse;  // not looked at: the files were read before
-  Check(Deref(userInterface_, "ItierUserInterface").InitialiseUserInterface(tier, Variant(), filesRead));
-  Check(Deref(validator_, "ItierValidator").Initialize(tier, validatorHost));
+  RaiseIfFailed(
+      Deref(userInterface_, "ItierUserInterface").InitialiseUserInterface(tier, Variant(), filesRead));
+  RaiseIfFailed(Deref(validator_, "ItierValidator").Initialize(tier, validatorHost));
 }
 
 std::shared_ptr<IprovInfo> clsKD4410Tier::FindCurrentProvInfo() {
@@ -110,7 +111,7 @@ Status clsKD4410Tier::CurrentProvInfo(std::shared_ptr<IprovInfo>& out) {
 Status clsKD4410Tier::CurrentProvider(std::shared_ptr<Iprovider>& out) {
   return Call([&] {
     const auto info = FindCurrentProvInfo();
-    Check(Deref(info, "IprovInfo").Provider(out));
+    RaiseIfFailed(Deref(info, "IprovInfo").Provider(out));
   });
 }
 
@@ -176,5 +177,5 @@ Status clsKD4410Tier::Messenger(std::shared_ptr<Imessenger>& out) {
 }
 
 Status clsKD4410Tier::TerminateApplication() {
-  return Call([] { Check(HostServices::RaiseEvent(kTerminateEvent)); });
+  return Call([] { RaiseIfFailed(HostServices::RaiseEvent(kTerminateEvent)); });
 }

@@ -84,7 +84,7 @@ Status clsSchema::Initialize(Itier* tier, const std::vector<std::string>& versio
         auto info = HostServices::CreateProvInfo();
         if (info == nullptr) return false;
         Boolean loaded = kFalse;  // not looked at: what counts is what Load has filled
-        Check(info->Load(kTierFamily, version, "", currentVersion, loaded));
+        RaiseIfFailed(info->Load(kTierFamily, version, "", currentVersion, loaded));
         versions_.Add(info, support::Key(info));
       }
       menuText_ = support::MenuText({versions_.begin(), versions_.end()});

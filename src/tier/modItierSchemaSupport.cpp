@@ -43,8 +43,8 @@ std::shared_ptr<IcolProvInfo> ListWithSiblings(const Versions& versions) {
   for (const auto& version : versions) {
     const Versions siblings = Siblings(version);
     const std::string key = Key(version);
-    if (!HasKey(siblings, key)) Check(list->Add(version, key));
-    for (const auto& sibling : siblings) Check(list->Add(sibling, Key(sibling)));
+    if (!HasKey(siblings, key)) RaiseIfFailed(list->Add(version, key));
+    for (const auto& sibling : siblings) RaiseIfFailed(list->Add(sibling, Key(sibling)));
   }
   return list;
 }

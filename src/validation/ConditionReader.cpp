@@ -48,7 +48,7 @@ bool ConditionReader::Holds(const Condition& test, const Reading& reading) const
       holds = std::ranges::any_of(test.codes, isCode);
       break;
     case Kind::Above:
-      holds = IsNumeric(value) && CDbl(value) > test.codes.front();
+      holds = IsAbove(value, test.codes.front());
       break;
     case Kind::Text:
       holds = CStr(value) == test.text;

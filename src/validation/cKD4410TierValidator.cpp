@@ -28,7 +28,7 @@ template <typename Work>
 Status cKD4410TierValidator::GuardedCall(Work work) {
   return Border([&] {
     Guard();
-    Check(Call(work));
+    RaiseIfFailed(Call(work));
   });
 }
 

@@ -19,8 +19,8 @@ constexpr double kHertzPerMHz = 1'000'000;
 /// A radio that starts scanning does not start as a modem.
 bool CheckPowerupState(const ValidatorRef& validator) {
   const ProviderRef provider = validator.CurrentProvider();
-  if (!HoldsCode(provider, "DataPowerupState", PowerupState::kVHSD)) return true;
-  if (!HoldsCode(provider, "GroupActivityOnPowerUp_k6k", kOn)) return true;
+  if (!HoldsCode(provider, "DataPowerupState", PowerupState::kVHSD, kOnly)) return true;
+  if (!HoldsCode(provider, "GroupActivityOnPowerUp_k6k", kOn, kOnly)) return true;
   return AskYesNo(
              validator,
              "You have set the Powerup State (Data form) to 'VHSD' and selected the Group Active on Power Up "
@@ -62,7 +62,7 @@ bool MendLowPowerLevel(const ValidatorRef& validator) {
 
 bool CheckItinerantPower(const ValidatorRef& validator) {
   const ProviderRef provider = validator.CurrentProvider();
-  if (!HoldsCode(provider, "RFCompliance", kOn)) return true;
+  if (!HoldsCode(provider, "RFCompliance", kOn, kOnly)) return true;
   const std::int32_t band = CLng(provider.Field("Band_k6k").Value(1));
   const FieldRef frequency = provider.Field("TxFreq_k6k");
   const FieldRef power = provider.Field("TxPower_k6k");

@@ -81,6 +81,8 @@ TEST_F(FinalRules, ASequenceThatANetworkUsesIsNotBlank) {
     EXPECT_TRUE(boxes[0].ends_with("|2|9")) << boxes[0];
     provider.Set(sequence, 2, "123");
     EXPECT_TRUE(FinalValidation());
+    provider.Set(sequence, 2, "0000");
+    EXPECT_EQ(FinalValidation(), type != 4);  // with which MDC1200 sends nothing
     provider.Set(sequence, 2, " None ");
     provider.Set("NetworkSignallingID", 2, "7");  // there is no such system to judge
     EXPECT_TRUE(FinalValidation());

@@ -5,7 +5,7 @@
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
 #include "workbench/cli/TextTable.h"
-#include "workbench/jobs/Check.h"
+#include "workbench/jobs/PersonalityCheck.h"
 #include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"

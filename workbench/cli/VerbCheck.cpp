@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "workbench/cli/Verb.h"
-#include "workbench/jobs/Check.h"
+#include "workbench/jobs/PersonalityCheck.h"
 
 namespace {
 

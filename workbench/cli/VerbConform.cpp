@@ -119,7 +119,7 @@ ExitCode Run(const ConformArguments& arguments, Workplace& workplace) {
 
 void Take(Words& words, ConformArguments& given) {
   words.NumberOption("--level", given.level, Conform::kLowestLevel, Conform::kHighestLevel,
-                     "The highest level; 5 when none is given");
+                     "The highest level, 1 to 8; 5 when none is given");
   words.ListOption("--check", given.checks, "Only the check of this name; may be given more than once");
   words.NumberOption("--seed", given.seed, 0, std::numeric_limits<std::int64_t>::max(),
                      "Of the random sessions; 1 when none is given");

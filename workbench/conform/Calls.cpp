@@ -71,9 +71,9 @@ void Remove(Bench& bench, const Call& call) {
   std::shared_ptr<Itables> tables;
   std::shared_ptr<Itable> table;
   RecordNr left = 0;
-  ::Check(bench.Content().Tables(tables));
-  ::Check(tables->Table(std::to_string(TableOf(bench, call).number), table));
-  if (bench.Content().Count(TableOf(bench, call)) > 0) ::Check(table->DeleteRecord(call.record, left));
+  RaiseIfFailed(bench.Content().Tables(tables));
+  RaiseIfFailed(tables->Table(std::to_string(TableOf(bench, call).number), table));
+  if (bench.Content().Count(TableOf(bench, call)) > 0) RaiseIfFailed(table->DeleteRecord(call.record, left));
 }
 
 Status CompleteDeleted(Bench& bench, const Call& call, Answer& answer) {

@@ -184,7 +184,7 @@ void DecimalSymbols(CheckRun& run) {
 std::string TroubleOf(const Shown& box) {
   static const std::regex kPlaceholder("%[0-9]+:[sS]");
   std::string caption;
-  ::Check(ValidatorHost().Caption(caption));
+  RaiseIfFailed(ValidatorHost().Caption(caption));
   const bool isError = box.title == caption + " Error";
   if (!isError && box.title != caption + " Warning") return "has the title " + box.title;
   const bool isQuestion = IsQuestion(box.style);

@@ -19,7 +19,7 @@ void TryAll(CheckRun& run, Judge judge) {
   for (const Personality& personality : run.Personalities()) {
     Bench bench(run.Parts(), *personality.stored);
     for (const bool autoUpdate : {true, false}) {
-      ::Check(bench.Content().SetAutoUpdate(ToBoolean(autoUpdate)));
+      RaiseIfFailed(bench.Content().SetAutoUpdate(ToBoolean(autoUpdate)));
       for (const Call& call : AllCallsOn(bench)) {
         if (!call.isLegal) continue;
         const Answer answer = bench.Try(call);
@@ -46,7 +46,7 @@ void SilentForms(CheckRun& run) {
 
 /// The call on the version of the key, and how often it asked that provider.
 std::int64_t CallsAt(const VersionName& version, Bench& bench, const Call& call, CallMonitor& monitor) {
-  ::Check(bench.GetSession().Host().Tier().SetTierKey(version.Key()));
+  RaiseIfFailed(bench.GetSession().Host().Tier().SetTierKey(version.Key()));
   monitor.Clear();
   static_cast<void>(bench.Try(call));
   return monitor.Count();

@@ -115,7 +115,7 @@ template <typename MakeJudge>
 void ConvertAll(CheckRun& run, MakeJudge makeJudge) {
   for (const Personality& personality : run.Personalities()) {
     Session session(run.Parts(), personality.stored->StoredCopy(), std::make_shared<WatchfulMessenger>());
-    ::Check(session.Content().SetAutoUpdate(kTrue));
+    RaiseIfFailed(session.Content().SetAutoUpdate(kTrue));
     session.Content().Monitor().Record(true);
     session.Host().Require(session.Host().Owner().PostReadProcessing(session.SharedContent(), Variant()));
     for (const Direction& direction : kDirections) {

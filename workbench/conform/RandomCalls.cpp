@@ -122,7 +122,7 @@ template <typename Operation>
 void RandomHost::Call(std::string text, bool isLegal, Operation call) {
   told_.calls.push_back(std::move(text));
   const bool isAutoUpdating = choices_.Below(2) == 0;
-  Check(Content().SetAutoUpdate(ToBoolean(isAutoUpdating)));
+  RaiseIfFailed(Content().SetAutoUpdate(ToBoolean(isAutoUpdating)));
   Journal journal(Content());
   Boolean result = kUnwritten;
   const Status status = call(result);

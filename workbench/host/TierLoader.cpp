@@ -74,7 +74,7 @@ TierLibrary::~TierLibrary() {
 
 bool TierLibrary::CanUnloadNow() const {
   std::int32_t result = 1;
-  Check(entryPoints_->DllCanUnloadNow(result));
+  RaiseIfFailed(entryPoints_->DllCanUnloadNow(result));
   return result == 0;
 }
 
@@ -99,7 +99,7 @@ std::shared_ptr<TierLibrary> TierLibrary::Load(const std::string& path, Trace::R
 
 std::int32_t TierLibrary::ClassObject(std::string_view className, std::shared_ptr<IclassFactory>& out) const {
   std::int32_t result = 0;
-  Check(entryPoints_->DllGetClassObject(className, out, result));
+  RaiseIfFailed(entryPoints_->DllGetClassObject(className, out, result));
   return result;
 }
 
@@ -115,9 +115,9 @@ std::shared_ptr<IclassFactory> TierLibrary::Factory(std::string_view className) 
 
 std::shared_ptr<Itier> TierLibrary::CreateTier(std::shared_ptr<IhostServices> services) {
   const auto factory = Factory(kTierClass);
-  Check(factory->SetHostServices(std::move(services)));
+  RaiseIfFailed(factory->SetHostServices(std::move(services)));
   std::shared_ptr<Itier> tier;
-  Check(factory->CreateTier(tier));
+  RaiseIfFailed(factory->CreateTier(tier));
   // The tier's own code runs when it goes, so the library goes after it.
   struct Loaded {
     std::shared_ptr<TierLibrary> library;
@@ -128,7 +128,7 @@ std::shared_ptr<Itier> TierLibrary::CreateTier(std::shared_ptr<IhostServices> se
   return {loaded, loaded->tier.get()};
 }
 
-void TierLibrary::WithdrawServices() { Check(Factory(kTierClass)->SetHostServices(nullptr)); }
+void TierLibrary::WithdrawServices() { RaiseIfFailed(Factory(kTierClass)->SetHostServices(nullptr)); }
 
 void TierLibrary::Register() const {
   const std::int32_t result = register_();

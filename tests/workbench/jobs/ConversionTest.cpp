@@ -130,7 +130,7 @@ TEST_F(ConversionTest, AStepWorksOnCopiesAndAllThatItWritesIsKept) {
 TEST_F(ConversionTest, ARefusalStopsTheConversion) {
   const auto step = [&](TierHost& host, const ConversionPair& pair) {
     std::int32_t button = 0;
-    Check(messenger->ShowMessage("At " + pair.to, MessageStyle::kExclamation, "Error", "", button));
+    RaiseIfFailed(messenger->ShowMessage("At " + pair.to, MessageStyle::kExclamation, "Error", "", button));
     return pair.to != "KD4410.0091" && StepOfTier(host, pair);
   };
   const auto content = Content("minimal");

@@ -1,4 +1,4 @@
-#include "workbench/jobs/Check.h"
+#include "workbench/jobs/PersonalityCheck.h"
 
 #include <algorithm>
 #include <iterator>
