@@ -1,6 +1,8 @@
 #include "workbench/trace/Invocations.h"
 
+#include <array>
 #include <map>
+#include <span>
 
 #include "workbench/trace/TracedCall.h"
 
@@ -20,22 +22,55 @@ struct HolderOf<std::string_view> {
 template <typename Holder>
 concept Reference = kHoldsObjects<Holder> || std::is_pointer_v<Holder>;
 
-template <typename Holder>
-void Read(const Json& json, Holder& out, Objects& objects) {
-  if constexpr (Reference<Holder>) {
-    objects.Read(json, out);
-  } else {
-    FromJson(json, out);
-  }
-}
+/// An argument of a recorded call, whatever its type.
+class Held {
+ public:
+  virtual void Read(const Json& json, Objects& objects) = 0;
+  virtual Json Write(Objects& objects) const = 0;
+
+ protected:
+  ~Held() = default;
+};
 
 template <typename Holder>
-Json Write(const Holder& value, Objects& objects) {
-  if constexpr (Reference<Holder>) {
-    return objects.Reference(value);
-  } else {
-    return ToJson(value);
+class HeldAs final : public Held {
+ public:
+  Holder value{};
+
+  void Read(const Json& json, Objects& objects) override {
+    if constexpr (Reference<Holder>) {
+      objects.Read(json, value);
+    } else {
+      FromJson(json, value);
+    }
   }
+  Json Write(Objects& objects) const override {
+    if constexpr (Reference<Holder>) {
+      return objects.Reference(value);
+    } else {
+      return ToJson(value);
+    }
+  }
+};
+
+struct Argument {
+  Held* held;
+  bool isResult;
+};
+
+void ReadAll(const Json& arguments, std::span<const Argument> held, Objects& objects) {
+  auto next = List(arguments, held.size()).begin();
+  for (const Argument& one : held) one.held->Read(*next++, objects);
+}
+
+Answer AnswerWith(Status status, std::span<const Argument> held, Objects& objects) {
+  Answer answer{std::move(status), {}};
+  if (!answer.status.Ok()) return answer;
+  answer.results = Json::array();
+  for (const Argument& one : held) {
+    if (one.isResult) answer.results.push_back(one.held->Write(objects));
+  }
+  return answer;
 }
 
 /// Null when the object does not have the interface.
@@ -53,20 +88,17 @@ std::optional<Answer> InvokeMember(Status (I::*member)(Parameters...), std::int3
                                    const Json& arguments, Objects& objects) {
   const std::shared_ptr<I> object = ObjectOf<I>(number, objects);
   if (object == nullptr) return {};
-  std::tuple<typename HolderOf<Parameters>::Type...> holders;
-  auto next = List(arguments, sizeof...(Parameters)).begin();
-  std::apply([&](auto&... holder) { (Read(*next++, holder, objects), ...); }, holders);
-
-  Answer answer;
-  answer.status = std::apply(
-      [&](auto&... holder) { return (object.get()->*member)(static_cast<Parameters>(holder)...); }, holders);
-  if (!answer.status.Ok()) return answer;
-  answer.results = Json::array();
-  const auto add = [&]<typename P>(std::type_identity<P>, const auto& holder) {
-    if constexpr (kIsResult<P>) answer.results.push_back(Write(holder, objects));
-  };
-  std::apply([&](const auto&... holder) { (add(std::type_identity<Parameters>(), holder), ...); }, holders);
-  return answer;
+  std::tuple<HeldAs<typename HolderOf<Parameters>::Type>...> holders;
+  const auto held = std::apply(
+      [](auto&... holder) {
+        return std::array<Argument, sizeof...(Parameters)>{Argument{&holder, kIsResult<Parameters>}...};
+      },
+      holders);
+  ReadAll(arguments, held, objects);
+  Status status = std::apply(
+      [&](auto&... holder) { return (object.get()->*member)(static_cast<Parameters>(holder.value)...); },
+      holders);
+  return AnswerWith(std::move(status), held, objects);
 }
 
 using Invoker = std::optional<Answer> (*)(std::int32_t number, const Json& arguments, Objects& objects);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <span>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -22,12 +24,26 @@ inline constexpr bool kIsResult =
     std::is_lvalue_reference_v<P> && !std::is_const_v<std::remove_reference_t<P>> &&
     !Interface<std::remove_reference_t<P>>;
 
+/// An argument on its way across the border. What follows from its type alone is behind this class: an
+/// operation that is traced is compiled once more for its call and for nothing else.
+class Crossing {
+ public:
+  virtual Json Argument(Objects& objects) const = 0;
+  // Of those that bring a result.
+  virtual Json Result(Objects&) const { return {}; }
+  virtual void Take(Objects&) {}
+  virtual void Read(const Json&, Objects&) {}
+
+ protected:
+  ~Crossing() = default;
+};
+
 /// How an argument of type P crosses the border: here one that goes in alone.
 template <typename P>
-class Passage {
+class Passage final : public Crossing {
  public:
   explicit Passage(P given) : given_(given) {}
-  Json Argument(Objects&) const { return ToJson(given_); }
+  Json Argument(Objects&) const override { return ToJson(given_); }
   P Passed(Objects&) const { return given_; }
 
  private:
@@ -36,24 +52,23 @@ class Passage {
 
 /// A value that the callee writes.
 template <typename T>
-requires(kIsResult<T&> && !kHoldsObjects<T>) class Passage<T&> {
+requires(kIsResult<T&> && !kHoldsObjects<T>) class Passage<T&> final : public Crossing {
  public:
   explicit Passage(T& given) : given_(given) {}
-  Json Argument(Objects&) const { return ToJson(given_); }
+  Json Argument(Objects&) const override { return ToJson(given_); }
   T& Passed(Objects&) const { return given_; }
-  Json Result(Objects&) const { return ToJson(given_); }
-  void Take(Objects&) const {}
-  void Read(const Json& json, Objects&) const { FromJson(json, given_); }
+  Json Result(Objects&) const override { return ToJson(given_); }
+  void Read(const Json& json, Objects&) override { FromJson(json, given_); }
 
  private:
   T& given_;
 };
 
 template <Interface I>
-class Passage<std::shared_ptr<I>> {
+class Passage<std::shared_ptr<I>> final : public Crossing {
  public:
   explicit Passage(std::shared_ptr<I> given) : given_(std::move(given)) {}
-  Json Argument(Objects& objects) const { return objects.Reference(given_); }
+  Json Argument(Objects& objects) const override { return objects.Reference(given_); }
   std::shared_ptr<I> Passed(Objects& objects) const { return objects.Cross(given_); }
 
  private:
@@ -63,17 +78,17 @@ class Passage<std::shared_ptr<I>> {
 /// One object or many that the callee hands out.
 template <typename T>
 requires kHoldsObjects<T>
-class Passage<T&> {
+class Passage<T&> final : public Crossing {
  public:
   explicit Passage(T& given) : given_(given) {}
-  Json Argument(Objects& objects) const { return objects.Reference(given_); }
+  Json Argument(Objects& objects) const override { return objects.Reference(given_); }
   T& Passed(Objects& objects) {
     handedOut_ = objects.Cross(given_);
     return handedOut_;
   }
-  Json Result(Objects& objects) const { return objects.Reference(handedOut_); }
-  void Take(Objects& objects) const { given_ = objects.Cross(handedOut_); }
-  void Read(const Json& json, Objects& objects) const { objects.Read(json, given_); }
+  Json Result(Objects& objects) const override { return objects.Reference(handedOut_); }
+  void Take(Objects& objects) override { given_ = objects.Cross(handedOut_); }
+  void Read(const Json& json, Objects& objects) override { objects.Read(json, given_); }
 
  private:
   T& given_;
@@ -81,10 +96,10 @@ class Passage<T&> {
 };
 
 template <Interface I>
-class Passage<I*> {
+class Passage<I*> final : public Crossing {
  public:
   explicit Passage(I* given) : given_(given) {}
-  Json Argument(Objects& objects) const { return objects.Reference(given_); }
+  Json Argument(Objects& objects) const override { return objects.Reference(given_); }
   I* Passed(Objects& objects) const { return objects.Cross(given_); }
 
  private:
@@ -92,14 +107,41 @@ class Passage<I*> {
 };
 
 template <Interface I>
-class Passage<I&> {
+class Passage<I&> final : public Crossing {
  public:
   explicit Passage(I& given) : given_(given) {}
-  Json Argument(Objects& objects) const { return objects.Reference(&given_); }
+  Json Argument(Objects& objects) const override { return objects.Reference(&given_); }
   I& Passed(Objects& objects) const { return *objects.Cross(&given_); }
 
  private:
   I& given_;
+};
+
+/// What all calls have in common: their arguments, one after the other.
+class CallOfCrossings : public BorderCall {
+ public:
+  struct Argument {
+    Crossing* crossing;
+    bool isResult;
+  };
+
+  Json Arguments() final;
+  Json Results() final;
+  void TakeResults() final;
+  void ReadResults(const Json& results) final;
+
+ protected:
+  CallOfCrossings(std::string_view interface, std::string_view operation, Side side, std::int32_t object,
+                  Objects& objects)
+      : BorderCall(interface, operation, side, object), objects_(objects) {}
+  ~CallOfCrossings() = default;
+
+  void SetArguments(std::span<const Argument> arguments) { arguments_ = arguments; }
+  Objects& KnownObjects() const { return objects_; }
+
+ private:
+  Objects& objects_;
+  std::span<const Argument> arguments_;
 };
 
 template <auto Member, typename Signature = decltype(Member)>
@@ -107,59 +149,30 @@ class TracedCall;
 
 /// A call of the operation `Member`.
 template <auto Member, typename I, typename... Parameters>
-class TracedCall<Member, Status (I::*)(Parameters...)> final : public BorderCall {
+class TracedCall<Member, Status (I::*)(Parameters...)> final : public CallOfCrossings {
  public:
   TracedCall(Objects& objects, std::int32_t number, I* real, Parameters... given)
-      : BorderCall(Contract<I>::kName, kNameOf<Member>, Contract<I>::kSide, number),
-        objects_(objects),
+      : CallOfCrossings(Contract<I>::kName, kNameOf<Member>, Contract<I>::kSide, number, objects),
         real_(real),
-        passages_(static_cast<Parameters>(given)...) {}
-
-  Json Arguments() override {
-    Json list = Json::array();
-    Each([&]<typename P>(Passage<P>& passage) {
-      if (Contract<I>::kSide == Side::Tier || !kIsResult<P>) list.push_back(passage.Argument(objects_));
-    });
-    return list;
+        passages_(static_cast<Parameters>(given)...),
+        arguments_(std::apply(
+            [](auto&... passage) {
+              return std::array<Argument, sizeof...(Parameters)>{
+                  Argument{&passage, kIsResult<Parameters>}...};
+            },
+            passages_)) {
+    SetArguments(arguments_);
   }
 
   Status Run() override {
-    return std::apply([&](auto&... passage) { return (real_->*Member)(passage.Passed(objects_)...); },
+    return std::apply([&](auto&... passage) { return (real_->*Member)(passage.Passed(KnownObjects())...); },
                       passages_);
   }
 
-  Json Results() override {
-    Json list = Json::array();
-    EachResult([&](auto& passage) { list.push_back(passage.Result(objects_)); });
-    return list;
-  }
-
-  void TakeResults() override {
-    EachResult([&](auto& passage) { passage.Take(objects_); });
-  }
-
-  void ReadResults(const Json& results) override {
-    std::size_t count = 0;
-    EachResult([&](auto&) { ++count; });
-    auto next = List(results, count).begin();
-    EachResult([&](auto& passage) { passage.Read(*next++, objects_); });
-  }
-
  private:
-  template <typename Work>
-  void Each(Work work) {
-    std::apply([&](auto&... passage) { (work(passage), ...); }, passages_);
-  }
-  template <typename Work>
-  void EachResult(Work work) {
-    Each([&]<typename P>(Passage<P>& passage) {
-      if constexpr (kIsResult<P>) work(passage);
-    });
-  }
-
-  Objects& objects_;
   I* real_;
   std::tuple<Passage<Parameters>...> passages_;
+  std::array<Argument, sizeof...(Parameters)> arguments_;
 };
 
 template <Interface I>
@@ -176,6 +189,11 @@ Status Traced<I>::Call(Arguments&&... arguments) {
   TracedCall<Member> call(place_.channel->KnownObjects(), place_.number, real,
                           std::forward<Arguments>(arguments)...);
   return place_.channel->Carry(call);
+}
+
+template <typename Counterpart, typename I>
+std::shared_ptr<I> Make(Place& place, std::shared_ptr<I>& real) {
+  return std::make_shared<Counterpart>(std::move(place), std::move(real));
 }
 
 }  // namespace Trace

@@ -152,11 +152,6 @@ class TracedHostServices final : public Traced<IhostServices> {
   Status RaiseEvent(std::int32_t number) override { return Call<&IhostServices::RaiseEvent>(number); }
 };
 
-template <typename Counterpart, typename I>
-std::shared_ptr<I> Make(Place& place, std::shared_ptr<I>& real) {
-  return std::make_shared<Counterpart>(std::move(place), std::move(real));
-}
-
 }  // namespace
 
 std::shared_ptr<Ifield> MakeTraced(Place place, std::shared_ptr<Ifield> real) {

@@ -269,11 +269,6 @@ class TracedReasons final : public TracedTierValidator, public IenablementReason
   }
 };
 
-template <typename Counterpart, typename I>
-std::shared_ptr<I> Make(Place& place, std::shared_ptr<I>& real) {
-  return std::make_shared<Counterpart>(std::move(place), std::move(real));
-}
-
 }  // namespace
 
 std::shared_ptr<IentryPoints> MakeTraced(Place place, std::shared_ptr<IentryPoints> real) {
