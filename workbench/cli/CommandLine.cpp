@@ -107,3 +107,12 @@ ExitCode RunCommand(std::vector<std::string> words, Workplace& workplace, bool i
   const std::optional<ExitCode> end = Parse(app, std::move(words), workplace);
   return end ? *end : Carry(verbs, workplace);
 }
+
+std::optional<ExitCode> ReadWords(const char* program, const char* about, std::vector<std::string> words,
+                                  const std::function<void(Words&)>& declare, Workplace& workplace) {
+  CLI::App app(about, program);
+  AddOptions(app, workplace.options);
+  Words declared(app);
+  declare(declared);
+  return Parse(app, std::move(words), workplace);
+}

@@ -19,9 +19,8 @@ Json JsonOf(const Variant& value) {
   if (value.IsText()) return std::get<std::string>(value);
   if (value.IsArray()) {
     const XArrayDBObject& array = CArray(value);
-    Json rows = Json::array();
-    for (std::int32_t row = 1; row <= array.UpperBound(1); ++row)
-      rows.push_back(JsonOf(array.GetValue(row, 0)));
+    Json rows = Json::List();
+    for (std::int32_t row = 1; row <= array.UpperBound(1); ++row) rows.Add(JsonOf(array.GetValue(row, 0)));
     return rows;
   }
   if (std::holds_alternative<std::int32_t>(value) || std::holds_alternative<std::int16_t>(value)) {
@@ -46,31 +45,31 @@ TextTable ChangeTable(const Session& session, const std::vector<Change>& changes
 }
 
 Json JsonOf(const Session& session, const std::vector<Change>& changes) {
-  Json list = Json::array();
+  Json list = Json::List();
   for (const Change& change : changes) {
     if (change.field == nullptr) {
-      list.push_back({{"table", change.table->number},
-                      {"title", change.table->title},
-                      {"recordsBefore", JsonOf(change.before)},
-                      {"recordsNow", JsonOf(change.now)}});
+      list.Add({{"table", change.table->number},
+                {"title", change.table->title},
+                {"recordsBefore", JsonOf(change.before)},
+                {"recordsNow", JsonOf(change.now)}});
     } else {
-      list.push_back({{"name", change.field->CommonName()},
-                      {"fieldId", change.field->id},
-                      {"label", session.LabelOf(*change.field)},
-                      {"record", change.record},
-                      {"before", JsonOf(change.before)},
-                      {"now", JsonOf(change.now)}});
+      list.Add({{"name", change.field->CommonName()},
+                {"fieldId", change.field->id},
+                {"label", session.LabelOf(*change.field)},
+                {"record", change.record},
+                {"before", JsonOf(change.before)},
+                {"now", JsonOf(change.now)}});
     }
   }
   return list;
 }
 
 Json JsonOf(const std::vector<Shown>& boxes) {
-  Json list = Json::array();
+  Json list = Json::List();
   for (const Shown& box : boxes) {
     Json message = {{"kind", ::NameOf(KindOf(box))}, {"text", box.text}};
     if (IsQuestion(box.style)) message["answer"] = box.answer == Button::Yes ? "Yes" : "No";
-    list.push_back(std::move(message));
+    list.Add(std::move(message));
   }
   return list;
 }

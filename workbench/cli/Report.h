@@ -1,11 +1,11 @@
 #pragma once
 
 #include <iosfwd>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
 #include "platform/Variant.h"
+#include "workbench/cli/Json.h"
 
 class Session;
 class TextTable;
@@ -14,8 +14,6 @@ struct Shown;
 
 /// How values, changes and edits appear in the output.
 namespace Report {
-
-using Json = nlohmann::ordered_json;
 
 Json JsonOf(const Variant& value);
 

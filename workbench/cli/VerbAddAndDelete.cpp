@@ -11,8 +11,6 @@
 
 namespace {
 
-using Json = Workplace::Json;
-
 /// The two verbs differ in this alone.
 enum class Action { Add, Delete };
 

@@ -8,8 +8,6 @@
 
 namespace {
 
-using Json = Workplace::Json;
-
 /// "6.25, 5, 3.125, 2.5" of the steps in Hz "6250|5000|3125|2500".
 std::string StepsInKHz(const std::string& steps) {
   std::string text;
@@ -31,7 +29,7 @@ ExitCode ListBands(const NoArguments&, Workplace& workplace) {
                    {"Lowest MHz", TextTable::Align::Right},
                    {"Highest MHz", TextTable::Align::Right},
                    {"Steps kHz"}});
-  Json list = Json::array();
+  Json list = Json::List();
   for (std::int32_t position = 0; position <= bands.UpperBound(1); ++position) {
     const std::string name = CStr(bands.GetValue(position, 0));
     std::int32_t txLowest = 0, txHighest = 0, rxLowest = 0, rxHighest = 0;
@@ -39,11 +37,11 @@ ExitCode ListBands(const NoArguments&, Workplace& workplace) {
     host.Require(host.Owner().GetFrequencyRanges(position, txLowest, txHighest, rxLowest, rxHighest, steps));
     table.Add(
         {std::to_string(position), name, CStr(rxLowest / 1e6), CStr(rxHighest / 1e6), StepsInKHz(steps)});
-    list.push_back({{"position", position},
-                    {"band", name},
-                    {"lowestHz", rxLowest},
-                    {"highestHz", rxHighest},
-                    {"stepsHz", steps}});
+    list.Add({{"position", position},
+              {"band", name},
+              {"lowestHz", rxLowest},
+              {"highestHz", rxHighest},
+              {"stepsHz", steps}});
   }
   workplace.Tell(std::move(list), table);
   return ExitCode::Done;

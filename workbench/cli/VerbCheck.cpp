@@ -11,8 +11,6 @@
 
 namespace {
 
-using Json = Workplace::Json;
-
 Json JsonOf(const Finding& finding) {
   Json json = {{"kind", NameOf(finding.kind)}, {"rule", finding.rule}, {"label", finding.label}};
   if (finding.table >= 0) {
@@ -27,8 +25,8 @@ Json JsonOf(const Finding& finding) {
 }
 
 Json JsonOf(const std::string& file, const std::vector<Finding>& findings) {
-  Json list = Json::array();
-  for (const Finding& finding : findings) list.push_back(JsonOf(finding));
+  Json list = Json::List();
+  for (const Finding& finding : findings) list.Add(JsonOf(finding));
   return {{"file", file}, {"count", findings.size()}, {"findings", std::move(list)}};
 }
 

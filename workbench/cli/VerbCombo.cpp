@@ -13,8 +13,6 @@
 
 namespace {
 
-using Json = Workplace::Json;
-
 void Print(const ComboList& list, std::ostream& out) {
   TextTable table(list.hasCodes ? std::vector<TextTable::Column>{{"Item"}, {"Code", TextTable::Align::Right}}
                                 : std::vector<TextTable::Column>{{""}});
@@ -27,10 +25,10 @@ void Print(const ComboList& list, std::ostream& out) {
 }
 
 Json JsonOf(const ComboList& list) {
-  Json items = Json::array();
+  Json items = Json::List();
   for (const ComboItem& item : list.items) {
-    items.push_back({{"item", item.text}});
-    if (item.code) items.back()["code"] = *item.code;
+    items.Add({{"item", item.text}});
+    if (item.code) items.Last()["code"] = *item.code;
   }
   return items;
 }

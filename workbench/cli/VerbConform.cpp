@@ -15,7 +15,6 @@
 
 namespace {
 
-using Json = Workplace::Json;
 using Conform::Check;
 using Conform::CheckResult;
 
@@ -46,10 +45,10 @@ std::vector<Check> Chosen(const ConformArguments& arguments) {
 }
 
 ExitCode List(const std::vector<Check>& checks, Workplace& workplace) {
-  Json list = Json::array();
+  Json list = Json::List();
   TextTable table({{"Level", TextTable::Align::Right}, {"Check"}, {"What a tier that passes promises"}});
   for (const Check& check : checks) {
-    list.push_back({{"level", check.level}, {"name", check.name}, {"promise", check.promise}});
+    list.Add({{"level", check.level}, {"name", check.name}, {"promise", check.promise}});
     table.Add({std::to_string(check.level), std::string(check.name), std::string(check.promise)});
   }
   workplace.Tell(
@@ -69,8 +68,8 @@ ExitCode RunHere(const Check& check, const ConformArguments& arguments, Workplac
 }
 
 Json JsonOf(const CheckResult& result) {
-  Json findings = Json::array();
-  for (const auto& [at, what] : result.findings) findings.push_back({{"at", at}, {"what", what}});
+  Json findings = Json::List();
+  for (const auto& [at, what] : result.findings) findings.Add({{"at", at}, {"what", what}});
   Json json = {{"level", result.check.level},     {"name", result.check.name},
                {"promise", result.check.promise}, {"outcome", Conform::NameOf(result.outcome)},
                {"tried", result.tried},           {"findings", std::move(findings)}};
@@ -106,8 +105,8 @@ ExitCode Run(const ConformArguments& arguments, Workplace& workplace) {
       results, [](const CheckResult& result) { return result.outcome != Conform::Outcome::Passed; });
   workplace.Tell(
       [&] {
-        Json list = Json::array();
-        for (const CheckResult& result : results) list.push_back(JsonOf(result));
+        Json list = Json::List();
+        for (const CheckResult& result : results) list.Add(JsonOf(result));
         return Json({{"tier", parts.tierLibrary}, {"failed", failed}, {"checks", std::move(list)}});
       },
       [&](std::ostream& out) {

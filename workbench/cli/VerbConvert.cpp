@@ -21,8 +21,6 @@
 
 namespace {
 
-using Json = Workplace::Json;
-
 struct ConvertArguments {
   std::string file;
   std::string version;
@@ -143,16 +141,16 @@ Json JsonOf(const Session& session, const Loss& loss) {
 }
 
 Json JsonOf(const Session& session, const Hop& hop) {
-  Json losses = Json::array();
-  for (const Loss& loss : hop.losses) losses.push_back(JsonOf(session, loss));
-  Json outside = Json::array();
+  Json losses = Json::List();
+  for (const Loss& loss : hop.losses) losses.Add(JsonOf(session, loss));
+  Json outside = Json::List();
   for (const OutsideValue& one : hop.outside) {
-    outside.push_back({{"fieldId", one.field->id},
-                       {"label", session.LabelOf(*one.field)},
-                       {"record", one.record},
-                       {"value", Report::JsonOf(one.value)},
-                       {"minimum", one.field->minimum},
-                       {"maximum", one.field->maximum}});
+    outside.Add({{"fieldId", one.field->id},
+                 {"label", session.LabelOf(*one.field)},
+                 {"record", one.record},
+                 {"value", Report::JsonOf(one.value)},
+                 {"minimum", one.field->minimum},
+                 {"maximum", one.field->maximum}});
   }
   return {{"from", hop.from},
           {"to", hop.to},
@@ -173,8 +171,8 @@ struct Converted {
 };
 
 Json JsonOf(const Converted& converted) {
-  Json hops = Json::array();
-  for (const Hop& hop : converted.conversion.hops) hops.push_back(JsonOf(converted.session, hop));
+  Json hops = Json::List();
+  for (const Hop& hop : converted.conversion.hops) hops.Add(JsonOf(converted.session, hop));
   const AtomicFile* written = converted.written;
   return {{"file", converted.arguments.file},
           {"from", converted.way.front()},

@@ -14,8 +14,6 @@
 
 namespace {
 
-using Json = Workplace::Json;
-
 /// The two personalities, what tells them apart, and a session that knows the labels.
 struct Compared {
   const std::string& fileA;
@@ -89,44 +87,44 @@ void Print(const Compared& compared, std::ostream& out) {
 }
 
 Json JsonOf(const std::vector<RecordDifference>& records) {
-  Json list = Json::array();
+  Json list = Json::List();
   for (const RecordDifference& one : records) {
-    list.push_back({{"table", one.table->number}, {"title", one.table->title}, {"record", one.record}});
+    list.Add({{"table", one.table->number}, {"title", one.table->title}, {"record", one.record}});
   }
   return list;
 }
 
 Json JsonOf(const Session& session, const std::vector<ExtraValue>& values) {
-  Json list = Json::array();
+  Json list = Json::List();
   for (const ExtraValue& one : values) {
-    list.push_back({{"fieldId", one.field->id},
-                    {"label", session.LabelOf(*one.field)},
-                    {"record", one.record},
-                    {"value", Report::JsonOf(one.value)}});
+    list.Add({{"fieldId", one.field->id},
+              {"label", session.LabelOf(*one.field)},
+              {"record", one.record},
+              {"value", Report::JsonOf(one.value)}});
   }
   return list;
 }
 
 Json JsonOf(const Session& session, const std::vector<CellDifference>& cells) {
-  Json list = Json::array();
+  Json list = Json::List();
   for (const CellDifference& cell : cells) {
-    list.push_back({{"table", cell.table->number},
-                    {"title", cell.table->title},
-                    {"record", cell.record},
-                    {"fieldId", cell.field->id},
-                    {"label", session.LabelOf(*cell.shownAs)},
-                    {"a", Report::JsonOf(cell.a)},
-                    {"b", Report::JsonOf(cell.b)},
-                    {"storedA", Report::JsonOf(cell.storedA)},
-                    {"storedB", Report::JsonOf(cell.storedB)}});
+    list.Add({{"table", cell.table->number},
+              {"title", cell.table->title},
+              {"record", cell.record},
+              {"fieldId", cell.field->id},
+              {"label", session.LabelOf(*cell.shownAs)},
+              {"a", Report::JsonOf(cell.a)},
+              {"b", Report::JsonOf(cell.b)},
+              {"storedA", Report::JsonOf(cell.storedA)},
+              {"storedB", Report::JsonOf(cell.storedB)}});
   }
   return list;
 }
 
 Json JsonOf(const Compared& compared) {
   const Difference& difference = compared.difference;
-  Json reordered = Json::array();
-  for (const SchemaTable* table : difference.reordered) reordered.push_back(table->number);
+  Json reordered = Json::List();
+  for (const SchemaTable* table : difference.reordered) reordered.Add(table->number);
   return {{"a", {{"file", compared.fileA}, {"version", compared.versionA}}},
           {"b", {{"file", compared.fileB}, {"version", compared.versionB}}},
           {"equal", difference.IsEqual()},

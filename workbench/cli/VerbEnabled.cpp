@@ -16,8 +16,6 @@
 
 namespace {
 
-using Json = Workplace::Json;
-
 constexpr RecordNr kCurrent = 0;  // no record was given: the one that the form shows
 
 struct EnabledArguments {
@@ -64,14 +62,14 @@ EnablementReason ReasonOf(const TierHost& host, const std::string& uiid, RecordN
 }
 
 Json JsonOf(const EnablementReason& reason) {
-  Json readings = Json::array();
+  Json readings = Json::List();
   for (const EnablementReading& reading : reason.readings) {
-    readings.push_back({{"field", reading.field},
-                        {"test", reading.test},
-                        {"record", reading.record},
-                        {"exists", reading.exists != kFalse},
-                        {"value", Report::JsonOf(reading.value)},
-                        {"holds", reading.holds != kFalse}});
+    readings.Add({{"field", reading.field},
+                  {"test", reading.test},
+                  {"record", reading.record},
+                  {"exists", reading.exists != kFalse},
+                  {"value", Report::JsonOf(reading.value)},
+                  {"holds", reading.holds != kFalse}});
   }
   return {{"hasRule", !reason.condition.empty()},
           {"condition", reason.condition},
@@ -153,7 +151,7 @@ ExitCode ManyControls(const Form* form, const EnabledArguments& arguments, Workp
     if (isMeant && arguments.shown != kCurrent) ShowRecord(content, one.subject, arguments.shown);
   }
   TextTable table({{"Form"}, {"UIID"}, {"Label"}, {"Record", TextTable::Align::Right}, {"State"}});
-  Json list = Json::array();
+  Json list = Json::List();
   for (const Control& control : Forms::Controls(session)) {
     if (form != nullptr && !Forms::Holds(*form, control)) continue;
     const RecordNr record = DrawnRecord(content, control.field, arguments.shown);
@@ -161,12 +159,12 @@ ExitCode ManyControls(const Form* form, const EnabledArguments& arguments, Workp
     const std::string label = session.LabelOf(control.uiid);
     const bool enabled = IsEnabled(session.Host(), control.uiid, record);
     table.Add({place, control.uiid, label, std::to_string(record), std::string(StateOf(enabled))});
-    list.push_back({{"form", place},
-                    {"grid", control.grid},
-                    {"uiid", control.uiid},
-                    {"label", label},
-                    {"record", record},
-                    {"enabled", enabled}});
+    list.Add({{"form", place},
+              {"grid", control.grid},
+              {"uiid", control.uiid},
+              {"label", label},
+              {"record", record},
+              {"enabled", enabled}});
   }
   workplace.Tell(std::move(list), table);
   return ExitCode::Done;

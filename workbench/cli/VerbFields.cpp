@@ -10,8 +10,6 @@
 
 namespace {
 
-using Json = Workplace::Json;
-
 /// What the metadata tells of a UIID; the defaults stand for one that it does not know.
 struct FieldFacts {
   std::string label, units, grid;
@@ -57,7 +55,7 @@ ExitCode ListFields(const FieldsArguments& arguments, Workplace& workplace) {
                    {"Access", TextTable::Align::Right},
                    {"Grid"},
                    {"FieldId"}});
-  Json list = Json::array();
+  Json list = Json::List();
   const std::string upperFilter = UpperCase(filter);
   for (const SchemaField& field : schema->Fields()) {
     for (const std::string& uiid : field.uiids) {
@@ -65,16 +63,16 @@ ExitCode ListFields(const FieldsArguments& arguments, Workplace& workplace) {
       if (!Contains(uiid, upperFilter) && !Contains(facts.label, upperFilter)) continue;
       table.Add({uiid, facts.label, facts.units, std::to_string(facts.width), std::to_string(facts.access),
                  facts.grid, field.id});
-      list.push_back({{"uiid", uiid},
-                      {"label", facts.label},
-                      {"units", facts.units},
-                      {"width", facts.width},
-                      {"accessLevel", facts.access},
-                      {"grid", facts.grid},
-                      {"fieldId", field.id}});
+      list.Add({{"uiid", uiid},
+                {"label", facts.label},
+                {"units", facts.units},
+                {"width", facts.width},
+                {"accessLevel", facts.access},
+                {"grid", facts.grid},
+                {"fieldId", field.id}});
     }
   }
-  const bool found = !list.empty();
+  const bool found = !list.IsEmpty();
   if (workplace.options.json) {
     workplace.Emit(std::move(list));
   } else if (found) {

@@ -15,8 +15,6 @@
 
 namespace {
 
-using Json = Workplace::Json;
-
 constexpr RecordNr kCurrent = 0;  // no record was given: the one that the form shows
 
 struct FormArguments {
@@ -37,12 +35,12 @@ void Take(Words& words, FormArguments& given) {
 
 ExitCode ListForms(Workplace& workplace) {
   TextTable table({{"Form"}, {"For the KE2210"}, {"Title"}, {"Grid"}});
-  Json list = Json::array();
+  Json list = Json::List();
   for (const Form& form : Forms::All()) {
     const std::string_view nameKE2210 = form.NameFor("KE2210");
     table.Add({std::string(form.names[0]), std::string(nameKE2210), std::string(form.title),
                std::string(form.grid)});
-    list.push_back(
+    list.Add(
         {{"form", form.names[0]}, {"formForKE2210", nameKE2210}, {"title", form.title}, {"grid", form.grid}});
   }
   workplace.Tell(std::move(list), table);

@@ -9,8 +9,6 @@
 
 namespace {
 
-using Json = Workplace::Json;
-
 struct GetArguments {
   std::string file;
   std::string name;
@@ -34,10 +32,10 @@ ExitCode Get(const GetArguments& arguments, Workplace& workplace) {
     TypedNames::RequireRecord(content, field, arguments.record);
     first = last = arguments.record;
   }
-  Json values = Json::array();
+  Json values = Json::List();
   for (RecordNr record = first; record <= last; ++record) {
     if (workplace.options.json) {
-      values.push_back({{"record", record}, {"value", Report::JsonOf(content.Get(field, record))}});
+      values.Add({{"record", record}, {"value", Report::JsonOf(content.Get(field, record))}});
     } else {
       workplace.Out() << ValueText::Of(content.Get(field, record)) << '\n';
     }

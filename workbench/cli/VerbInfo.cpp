@@ -31,7 +31,7 @@ ExitCode ShowInfo(const InfoArguments& arguments, Workplace& workplace) {
   const Provider& content = opened.Content();
   const std::string band = BandOf(opened);
 
-  Workplace::Json tables = Workplace::Json::array();
+  Json tables = Json::List();
   TextTable list({{"Table", TextTable::Align::Right},
                   {"Title"},
                   {"Records", TextTable::Align::Right},
@@ -39,7 +39,7 @@ ExitCode ShowInfo(const InfoArguments& arguments, Workplace& workplace) {
   for (const SchemaTable& table : content.GetSchema().Tables()) {
     const RecordNr count = content.Count(table);
     if (!table.IsRaw() || count == 0) continue;
-    tables.push_back(
+    tables.Add(
         {{"table", table.number}, {"title", table.title}, {"records", count}, {"maximum", table.maximum}});
     list.Add(
         {std::to_string(table.number), table.title, std::to_string(count), std::to_string(table.maximum)});
@@ -47,7 +47,7 @@ ExitCode ShowInfo(const InfoArguments& arguments, Workplace& workplace) {
   const std::string& version = content.GetSchema().Version();
   workplace.Tell(
       [&] {
-        return Workplace::Json(
+        return Json(
             {{"file", arguments.file}, {"version", version}, {"band", band}, {"tables", std::move(tables)}});
       },
       [&](std::ostream& out) {

@@ -50,7 +50,7 @@ ExitCode MakeNew(const NewArguments& arguments, Workplace& workplace) {
   const std::string& version = opened.Content().GetSchema().Version();
   workplace.Tell(
       [&] {
-        return Workplace::Json({{"file", arguments.file}, {"version", version}});
+        return Json({{"file", arguments.file}, {"version", version}});
       },
       [&](std::ostream& out) {
         out << arguments.file << ": a new personality of version " << version << '\n';

@@ -8,8 +8,6 @@
 
 namespace {
 
-using Json = Workplace::Json;
-
 std::string Counted(int calls) { return std::to_string(calls) + (calls == 1 ? " call" : " calls"); }
 
 void Print(const std::string& trace, const Trace::Replayed& replayed, std::ostream& out) {
@@ -27,7 +25,7 @@ void Print(const std::string& trace, const Trace::Replayed& replayed, std::ostre
 }
 
 /// As it stands in a trace, texts that are no UTF-8 too.
-Json Printable(const Trace::Json& line) { return Json::parse(Trace::LineOf(line)); }
+Json Printable(const Trace::Json& line) { return Json::Parse(Trace::LineOf(line)); }
 
 Json JsonOf(const std::string& trace, const Trace::Replayed& replayed) {
   Json data = {{"trace", trace},

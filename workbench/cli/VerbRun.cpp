@@ -12,8 +12,6 @@
 
 namespace {
 
-using Json = Workplace::Json;
-
 /// Cuts a line of a script into words. Blanks separate; a word or a part of it in double quotes keeps its
 /// blanks, \" and \\ stand for a quote and a backslash there. "#" at the start of a word begins a comment.
 class WordCutter {
@@ -104,8 +102,7 @@ class Script {
     const ExitCode code = RunCommand(std::move(words), workplace_, true);
     workplace_.CollectNothing();
     if (options_.json) {
-      results_.push_back(
-          {{"line", number_}, {"exitCode", static_cast<int>(code)}, {"data", std::move(data)}});
+      results_.Add({{"line", number_}, {"exitCode", static_cast<int>(code)}, {"data", std::move(data)}});
     }
     return code;
   }
@@ -115,7 +112,7 @@ class Script {
   const Options options_;
   const std::string prefix_;
   int number_ = 0;
-  Json results_ = Json::array();
+  Json results_ = Json::List();
 };
 
 struct RunArguments {

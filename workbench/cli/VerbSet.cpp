@@ -17,8 +17,6 @@
 
 namespace {
 
-using Json = Workplace::Json;
-
 struct EditArguments {
   std::string file;
   std::string name;
@@ -87,17 +85,17 @@ std::string WouldBeLost(const Edited& edited, const Session& session) {
 }
 
 Json JsonOf(const Session& session, const std::vector<CellDifference>& stored) {
-  Json list = Json::array();
+  Json list = Json::List();
   for (const CellDifference& cell : stored) {
-    list.push_back({{"table", cell.table->number},
-                    {"title", cell.table->title},
-                    {"record", cell.record},
-                    {"fieldId", cell.field->id},
-                    {"label", session.LabelOf(*cell.shownAs)},
-                    {"before", Report::JsonOf(cell.a)},
-                    {"after", Report::JsonOf(cell.b)},
-                    {"storedBefore", Report::JsonOf(cell.storedA)},
-                    {"storedAfter", Report::JsonOf(cell.storedB)}});
+    list.Add({{"table", cell.table->number},
+              {"title", cell.table->title},
+              {"record", cell.record},
+              {"fieldId", cell.field->id},
+              {"label", session.LabelOf(*cell.shownAs)},
+              {"before", Report::JsonOf(cell.a)},
+              {"after", Report::JsonOf(cell.b)},
+              {"storedBefore", Report::JsonOf(cell.storedA)},
+              {"storedAfter", Report::JsonOf(cell.storedB)}});
   }
   return list;
 }

@@ -16,7 +16,6 @@
 
 namespace {
 
-using Json = Workplace::Json;
 using ValueNames = std::span<const std::string_view>;
 
 constexpr std::string_view kPowers[] = {"Off", "Very Low", "Low", "Medium", "High"};
@@ -67,7 +66,7 @@ void ShowView(const View& view, const Provider& content, Workplace& workplace) {
   for (const ViewColumn& column : view.columns)
     columns.push_back({std::string(column.heading), column.align});
   TextTable table(std::move(columns));
-  Json list = Json::array();
+  Json list = Json::List();
   for (RecordNr record = 1; record <= content.Count(view.table); ++record) {
     std::vector<std::string> row = {std::to_string(record)};
     Json item = {{"record", record}};
@@ -76,13 +75,13 @@ void ShowView(const View& view, const Provider& content, Workplace& workplace) {
       item[std::string(column.key)] = row.back();
     }
     table.Add(std::move(row));
-    list.push_back(std::move(item));
+    list.Add(std::move(item));
   }
   workplace.Tell(std::move(list), table);
 }
 
 Json RecordAsJson(const Provider& content, const SchemaTable& table, RecordNr record) {
-  Json fields = Json::object();
+  Json fields = Json::Object();
   for (const SchemaField& field : content.GetSchema().FieldsOf(table)) {
     fields[std::string(field.Name())] = Report::JsonOf(content.Get(field, record));
   }
@@ -102,9 +101,9 @@ void PrintRecord(Session& session, const SchemaTable& table, RecordNr record, st
 }
 
 Json JsonOf(const SchemaTable& table, const Provider& content) {
-  Json records = Json::array();
+  Json records = Json::List();
   for (RecordNr record = 1; record <= content.Count(table); ++record) {
-    records.push_back(RecordAsJson(content, table, record));
+    records.Add(RecordAsJson(content, table, record));
   }
   return {{"table", table.number}, {"title", table.title}, {"records", std::move(records)}};
 }

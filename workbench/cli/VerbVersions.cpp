@@ -12,8 +12,6 @@
 
 namespace {
 
-using Json = Workplace::Json;
-
 /// A database version as the tier's list describes it.
 struct ListedVersion {
   std::string version;
@@ -72,13 +70,13 @@ VersionList AskTier(const std::string& model, Workplace& workplace) {
 }
 
 Json JsonOf(const std::string& model, const VersionList& list) {
-  Json versions = Json::array();
+  Json versions = Json::List();
   for (const ListedVersion& one : list.versions) {
-    versions.push_back({{"version", one.version},
-                        {"base", one.base.empty() ? Json(nullptr) : Json(one.base)},
-                        {"text", one.text},
-                        {"inMenu", one.showsInMenu},
-                        {"latest", &one == &list.versions.back()}});
+    versions.Add({{"version", one.version},
+                  {"base", one.base.empty() ? Json(nullptr) : Json(one.base)},
+                  {"text", one.text},
+                  {"inMenu", one.showsInMenu},
+                  {"latest", &one == &list.versions.back()}});
   }
   return {{"model", model}, {"first", list.first}, {"menuList", list.menuList}, {"versions", versions}};
 }
@@ -105,10 +103,10 @@ ExitCode ListVersions(const VersionsArguments& arguments, Workplace& workplace) 
     known += (known.empty() ? "" : ", ") + model;
   }
   if (models.empty()) throw UsageError("\"" + asked + "\" is no model; the models are " + known);
-  Json data = Json::array();
+  Json data = Json::List();
   for (const std::string& model : models) {
     const VersionList list = AskTier(model, workplace);
-    data.push_back(JsonOf(model, list));
+    data.Add(JsonOf(model, list));
     if (workplace.options.json) continue;
     if (model != models.front()) workplace.Out() << '\n';
     Print(list, workplace.Out());

@@ -22,8 +22,7 @@ void Workplace::Emit(Json data) {
   if (collected_ != nullptr) {
     *collected_ = std::move(data);
   } else {
-    // Values of the tier are shown as they are: a text that is no UTF-8 must not end the output.
-    *out_ << data.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+    data.Print(*out_);
   }
 }
 

@@ -2,10 +2,10 @@
 
 #include <iosfwd>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
 
+#include "workbench/cli/Json.h"
 #include "workbench/files/AtomicFile.h"
 #include "workbench/host/Messengers.h"
 #include "workbench/jobs/Session.h"
@@ -33,8 +33,6 @@ struct Options {
 /// What the commands of one process share: options, output and what is costly to make twice.
 class Workplace {
  public:
-  using Json = nlohmann::ordered_json;
-
   explicit Workplace(std::ostream& out) : out_(&out) {}
 
   Options options;

@@ -1,6 +1,5 @@
 // Writes the sample personalities: kd4410-make-samples FOLDER. They come out the same on every run.
 
-#include <CLI/CLI.hpp>
 #include <cmath>
 #include <iostream>
 #include <memory>
@@ -8,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "workbench/cli/Workplace.h"
+#include "workbench/cli/CommandLine.h"
 #include "workbench/samples/SampleContent.h"
 #include "workbench/samples/SampleFull.h"
 #include "workbench/schema/Schema.h"
@@ -178,18 +177,18 @@ void WriteAll(const std::string& folder, Workplace& workplace) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App app("Writes the sample personalities", "kd4410-make-samples");
   Workplace workplace(std::cout);
+  workplace.prefix = "kd4410-make-samples: ";
   std::string folder;
-  app.add_option("FOLDER", folder, "Where the samples go")->required()->check(CLI::ExistingDirectory);
-  app.add_option("--tier", workplace.options.tier, "The library of the tier");
-  app.add_option("--data", workplace.options.data, "The folder of the data files and the schema");
-  CLI11_PARSE(app, argc, argv);
+  const auto declare = [&](Words& words) { words.Required("FOLDER", folder, "Where the samples go"); };
+  const std::optional<ExitCode> end = ReadWords("kd4410-make-samples", "Writes the sample personalities",
+                                                {argv + 1, argv + argc}, declare, workplace);
+  if (end) return static_cast<int>(*end);
   try {
     WriteAll(folder, workplace);
     return 0;
   } catch (const std::exception& error) {
-    std::cerr << "kd4410-make-samples: " << error.what() << '\n';
+    std::cerr << workplace.prefix << error.what() << '\n';
     return 2;
   }
 }

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
 #include "platform/Conversions.h"
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
