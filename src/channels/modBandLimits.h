@@ -7,6 +7,8 @@
 
 #include "common/Handles.h"
 
+inline constexpr double kHertzPerMHz = 1'000'000;
+
 /// A range in which a channel may receive or transmit, in Hz. The tolerances widen it into a range that
 /// is not refused outright but needs the user's consent.
 struct SubBand {

@@ -15,7 +15,6 @@
 
 namespace modChannels {
 namespace {
-constexpr double kHertzPerMHz = 1'000'000;
 
 void HertzToForm(const ProviderRef& provider, std::string_view rawField, std::string_view fieldId,
                  RecordNr record) {

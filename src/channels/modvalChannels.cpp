@@ -8,7 +8,6 @@
 
 namespace modvalChannels {
 namespace {
-constexpr double kHertzPerMHz = 1'000'000;
 
 /// The walk over all transmit frequencies. The first channel in the maritime range ends it with a notice,
 /// without a look at later ones.

@@ -16,7 +16,6 @@ namespace modvalChannels {
 namespace {
 using modCommonGlobals::CDblLocal;
 
-constexpr double kHertzPerMHz = 1'000'000;
 constexpr double kHertzPerKHz = 1'000;
 constexpr std::string_view kReceive = "RXFREQ_K6K";
 

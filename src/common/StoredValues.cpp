@@ -16,5 +16,5 @@ bool HoldsCode(const ProviderRef& provider, std::string_view field, std::int32_t
 std::string StoredRecord::Text(std::string_view field) const { return CStr(Value(field)); }
 
 RecordNr CurrentNetwork(const ProviderRef& provider) {
-  return CLng(StoredValue(provider, "CurrentNetworkNr"));
+  return CLng(StoredValue(provider, "CurrentNetworkNr", kOnly));
 }

@@ -12,12 +12,12 @@ char SymbolOfUserLocale() {
   }
 }
 
-char chosen = '\0';
+char chosenSymbol = '\0';
 }  // namespace
 
 char DecimalSymbol() {
   static const char ofLocale = SymbolOfUserLocale();
-  return chosen != '\0' ? chosen : ofLocale;
+  return chosenSymbol != '\0' ? chosenSymbol : ofLocale;
 }
 
-void SetDecimalSymbol(char symbol) { chosen = symbol; }
+void SetDecimalSymbol(char symbol) { chosenSymbol = symbol; }

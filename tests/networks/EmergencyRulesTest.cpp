@@ -5,9 +5,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-constexpr auto kYes = Button::Yes;
-constexpr auto kNo = Button::No;
-
 class EmergencyRules : public ChannelFixture {
  protected:
   void SetUp() override {

@@ -7,9 +7,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-constexpr auto kYes = Button::Yes;
-constexpr auto kNo = Button::No;
-
 class NetworkRules : public ChannelFixture {
  protected:
   void SetUp() override {

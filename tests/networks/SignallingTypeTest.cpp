@@ -5,9 +5,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-constexpr auto kYes = Button::Yes;
-constexpr auto kNo = Button::No;
-
 /// Network 2 (number 7) is Selcall and has channel 2 with a call; channel 1 is of another network.
 class SignallingRules : public ChannelFixture {
  protected:

@@ -21,6 +21,10 @@ const SchemaField* FindInAnyVersion(std::string_view name);
 /// What a session of the workbench is made from: these schemas, the built plug-in and the data beside it.
 HostParts ProjectParts();
 
+// Answers of a script.
+inline constexpr auto kYes = Button::Yes;
+inline constexpr auto kNo = Button::No;
+
 /// The tier itself, initialised on a new personality with default content. A test fails when a question
 /// comes unscripted, when a scripted answer is not asked for, and when the tier ends the application
 /// unexpectedly.

@@ -50,8 +50,6 @@ class FieldRules : public ChannelFixture {
   }
 };
 
-constexpr auto kYes = Button::Yes;
-constexpr auto kNo = Button::No;
 constexpr const char* kToneBlankingNeeds = "FFSK Tone Blanking requires the SDM option";
 
 TEST_F(FieldRules, DataModesRestOnEachOther) {

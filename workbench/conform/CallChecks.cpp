@@ -35,7 +35,7 @@ void CallVersionPairs(CheckRun& run) {
 }
 
 // clang-format off
-constexpr Check kChecks[] = {
+constexpr Check kCallChecks[] = {
     {"field-rules",     3, "every field rule answers",                 CallEach<Subject::FieldRule>},
     {"control-states",  3, "every control is enabled or not, also before its record exists",
                                                                        CallEach<Subject::ControlState>},
@@ -50,6 +50,6 @@ constexpr Check kChecks[] = {
 
 }  // namespace
 
-std::span<const Check> CallChecks() { return kChecks; }
+std::span<const Check> CallChecks() { return kCallChecks; }
 
 }  // namespace Conform

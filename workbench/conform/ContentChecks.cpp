@@ -89,7 +89,7 @@ void RoundTrips(CheckRun& run) {
 }
 
 /// All that a call came to, as one text.
-std::string Outcome(Bench& bench, const Call& call) {
+std::string OutcomeOf(Bench& bench, const Call& call) {
   const Answer answer = bench.Try(call, true);
   std::string text = answer.Text() + '\n' + answer.trail;
   for (const std::string& box : answer.boxes) text += "fault " + box + '\n';
@@ -114,13 +114,13 @@ void Repeatable(CheckRun& run) {
     std::vector<std::string> first;
     {
       Bench bench(run.Parts(), *personality.stored);
-      for (const Call& call : AllCallsOn(bench)) first.push_back(Outcome(bench, call));
+      for (const Call& call : AllCallsOn(bench)) first.push_back(OutcomeOf(bench, call));
     }
     Bench bench(run.Parts(), *personality.stored);
     std::size_t place = 0;
     for (const Call& call : AllCallsOn(bench)) {
       const std::string& before = first[place++];
-      const std::string now = Outcome(bench, call);
+      const std::string now = OutcomeOf(bench, call);
       run.Judge(std::string(personality.name) + ": " + call.Text(),
                 now == before ? "" : "differs in the second run: " + FirstDifference(before, now));
     }
@@ -141,11 +141,11 @@ void LetterCase(CheckRun& run) {
     // A field to be converted and a version are given as the schema spells them.
     const Subject subject = call.operation->subject;
     if (subject == Subject::Transformation || subject == Subject::VersionPair || !call.isLegal) continue;
-    const std::string asGiven = UpperCase(Outcome(bench, call));
+    const std::string asGiven = UpperCase(OutcomeOf(bench, call));
     for (const std::string& name : {UpperCase(call.name), LowerCase(call.name)}) {
       Call spelled = call;
       spelled.name = name;
-      const std::string now = UpperCase(Outcome(bench, spelled));
+      const std::string now = UpperCase(OutcomeOf(bench, spelled));
       run.Judge(spelled.Text(),
                 now == asGiven ? "" : "the case of the name counts: " + FirstDifference(asGiven, now));
     }
@@ -214,7 +214,7 @@ void Messages(CheckRun& run) {
 }
 
 // clang-format off
-constexpr Check kChecks[] = {
+constexpr Check kContentChecks[] = {
     {"round-trips",   5, "what is opened and saved is the same; what a form shows comes back from the radio", RoundTrips},
     {"repeatable",    5, "a second run answers, tells and writes the same",           Repeatable},
     {"letter-case",   5, "the case of a name does not count",                         LetterCase},
@@ -226,6 +226,6 @@ constexpr Check kChecks[] = {
 
 }  // namespace
 
-std::span<const Check> ContentChecks() { return kChecks; }
+std::span<const Check> ContentChecks() { return kContentChecks; }
 
 }  // namespace Conform

@@ -131,7 +131,7 @@ void NamesOfTheVersion(CheckRun& run) {
 }
 
 // clang-format off
-constexpr Check kChecks[] = {
+constexpr Check kEffectChecks[] = {
     {"auto-update",   4, "AutoUpdate is afterwards as it was before",             AutoUpdateIsRestored},
     {"silent-forms",  4, "no form is reloaded while AutoUpdate is off",           SilentForms},
     {"kept-provider", 4, "no provider is kept over a change of the tier's key",   NoProviderIsKept},
@@ -142,6 +142,6 @@ constexpr Check kChecks[] = {
 
 }  // namespace
 
-std::span<const Check> EffectChecks() { return kChecks; }
+std::span<const Check> EffectChecks() { return kEffectChecks; }
 
 }  // namespace Conform

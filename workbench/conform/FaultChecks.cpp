@@ -94,7 +94,7 @@ void FailEach(CheckRun& run) {
 }
 
 // clang-format off
-constexpr Check kChecks[] = {
+constexpr Check kFaultChecks[] = {
     {"single-faults",  7, "every call on the host fails once: one box names procedure and fault, the application ends, "
                           "AutoUpdate is restored", FailEach<Lasts::Once>},
     {"lasting-faults", 8, "every call on the host fails, and all after it: each box with its end of the application",
@@ -104,6 +104,6 @@ constexpr Check kChecks[] = {
 
 }  // namespace
 
-std::span<const Check> FaultChecks() { return kChecks; }
+std::span<const Check> FaultChecks() { return kFaultChecks; }
 
 }  // namespace Conform

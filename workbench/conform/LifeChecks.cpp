@@ -188,7 +188,7 @@ void UnboundValidator(CheckRun& run) {
 }
 
 // clang-format off
-constexpr Check kChecks[] = {
+constexpr Check kLifeChecks[] = {
     {"initialising",      2, "Initialize makes the children and keeps what it was given",        Initialising},
     {"terminating",       2, "Activate may come again; Terminate drops all; another tier begins anew", Terminating},
     {"unknown-names",     2, "unknown names are answered without a fault",                       UnknownNames},
@@ -198,6 +198,6 @@ constexpr Check kChecks[] = {
 
 }  // namespace
 
-std::span<const Check> LifeChecks() { return kChecks; }
+std::span<const Check> LifeChecks() { return kLifeChecks; }
 
 }  // namespace Conform

@@ -103,7 +103,7 @@ void Lifetimes(CheckRun& run) {
 }
 
 // clang-format off
-constexpr Check kChecks[] = {
+constexpr Check kLoadChecks[] = {
     {"load",      1, "the library loads with its entry points",                     Load},
     {"exports",   1, "it exports its four entry points and nothing else",           OnlyEntryPoints},
     {"factories", 1, "each class has a factory, which makes this class alone",      Factories},
@@ -113,6 +113,6 @@ constexpr Check kChecks[] = {
 
 }  // namespace
 
-std::span<const Check> LoadChecks() { return kChecks; }
+std::span<const Check> LoadChecks() { return kLoadChecks; }
 
 }  // namespace Conform

@@ -175,7 +175,7 @@ void SilentConversions(CheckRun& run) {
 }
 
 // clang-format off
-constexpr Check kChecks[] = {
+constexpr Check kOrderChecks[] = {
     {"silent-conversions", 4, "conversions write while AutoUpdate is off", SilentConversions},
     {"conversion-order", 5, "in the order of the contract no conversion reads what a later one fills",
      OrderOfConversions},
@@ -186,6 +186,6 @@ constexpr Check kChecks[] = {
 
 }  // namespace
 
-std::span<const Check> OrderChecks() { return kChecks; }
+std::span<const Check> OrderChecks() { return kOrderChecks; }
 
 }  // namespace Conform

@@ -31,13 +31,13 @@ void RandomSessions(CheckRun& run) {
   }
 }
 
-constexpr Check kChecks[] = {
+constexpr Check kSessionChecks[] = {
     {"random-sessions", 6, "random legal and illegal calls leave a personality that is saved and read again",
      RandomSessions},
 };
 
 }  // namespace
 
-std::span<const Check> SessionChecks() { return kChecks; }
+std::span<const Check> SessionChecks() { return kSessionChecks; }
 
 }  // namespace Conform

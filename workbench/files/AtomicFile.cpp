@@ -48,7 +48,9 @@ std::string SidePath(const std::string& path) {
   return path.substr(0, start) + "." + path.substr(start) + ".saving";
 }
 
-class Descriptor {
+}  // namespace
+
+class AtomicFile::Descriptor {
  public:
   explicit Descriptor(int file) : file_(file) {}
   Descriptor(const Descriptor&) = delete;
@@ -62,8 +64,6 @@ class Descriptor {
  private:
   int file_;
 };
-
-}  // namespace
 
 bool AtomicFile::Identity::SameContentAs(const Identity& other) const {
   return device == other.device && inode == other.inode && size == other.size &&

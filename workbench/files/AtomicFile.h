@@ -52,6 +52,7 @@ class AtomicFile {
 
     bool SameContentAs(const Identity& other) const;
   };
+  class Descriptor;
   class SideFile;
 
   static Identity IdentityOf(const struct stat& status);

@@ -9,9 +9,6 @@
 namespace {
 constexpr std::int32_t kNoTransformation = -1;
 
-std::string CallName(const char* operation, std::string_view name) {
-  return std::string(operation).append(" ").append(name);
-}
 }  // namespace
 
 Provider::Provider(std::shared_ptr<const Schema> schema)

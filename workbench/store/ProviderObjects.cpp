@@ -5,17 +5,17 @@
 #include "workbench/store/ValueLists.h"
 
 namespace {
-std::string CallName(const char* operation, std::string_view what) {
-  std::string name = operation;
-  if (!what.empty()) name.append(" ").append(what);
-  return name;
-}
-
 [[noreturn]] void RaiseUnknown(const char* what, std::string_view name, const char* reason = "") {
   throw Error(ErrorNumber::kInvalidCall, "Provider",
               "Unknown " + std::string(what) + ": " + std::string(name) + reason);
 }
 }  // namespace
+
+std::string CallName(const char* operation, std::string_view what) {
+  std::string name = operation;
+  if (!what.empty()) name.append(" ").append(what);
+  return name;
+}
 
 ProviderState::ProviderState(std::shared_ptr<const Schema> schema) : records(std::move(schema)) {
   fields.reserve(GetSchema().Fields().size());

@@ -13,6 +13,9 @@
 
 /// The objects that a provider hands out: views of its content, made once with it.
 
+/// "Ifield.Value 5.ChannelName": an operation and what it is called for, as a monitor tells it.
+std::string CallName(const char* operation, std::string_view what);
+
 class FreeValueList;
 struct ProviderState;
 
