@@ -19,6 +19,7 @@ constexpr SubBand MHz(double lower, double upper, double tolerance) {
   return {lower * kMHz, upper * kMHz, tolerance * kMHz, tolerance * kMHz};
 }
 
+// Given by the maintainers' reference, like all that ARCHITECTURE lists as given.
 constexpr SubBand kA4[] = {MHz(66, 88, 5)};
 constexpr SubBand kB1[] = {MHz(136, 174, 10)};
 constexpr SubBand kC0[] = {MHz(174, 225, 10)};

@@ -7,6 +7,7 @@
 
 namespace Grids {
 namespace {
+// Given by the maintainers' reference, like all that ARCHITECTURE lists as given.
 constexpr struct {
   std::string_view name;
   std::int32_t table;

@@ -4,6 +4,7 @@
 #include <string_view>
 
 /// Codes of the radio's fields, by the field that holds them.
+/// Given by the maintainers' reference, like all that ARCHITECTURE lists as given.
 
 /// A tick box.
 inline constexpr std::int32_t kOff = 0;

@@ -157,6 +157,7 @@ constexpr auto kDataToCome = nullptr;  // the tier has neither tone sets nor ton
 
 using namespace modFunctionKeyLists;
 using namespace modProgIOLists;
+// Given by the maintainers' reference, like all that ARCHITECTURE lists as given.
 // clang-format off
 constexpr ComboList kLists[] = {  // the first match decides
     {500, GetK6000AvailableChannelAndGroupIDs},

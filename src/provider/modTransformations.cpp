@@ -31,6 +31,7 @@ void GetSelcallID(const ProviderRef& provider, std::string_view fieldId, RecordN
 }
 
 using namespace modChannels;
+// Given by the maintainers' reference, like all that ARCHITECTURE lists as given.
 // clang-format off
 constexpr Transformation kTransformations[] = {
     // number, from the form,                    to the form

@@ -8,6 +8,7 @@
 
 namespace modDisplayIndicators {
 namespace {
+// Given by the maintainers' reference, like all that ARCHITECTURE lists as given.
 // clang-format off
 constexpr DisplayIndicator kIndicators[] = {
     // label, mode, duration, opaque; five a line in the order of their numbers, from 1

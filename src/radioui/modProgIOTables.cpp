@@ -2,6 +2,7 @@
 #include "radioui/modProgIO.h"
 
 namespace modProgIO {
+// Given by the maintainers' reference, like all that ARCHITECTURE lists as given.
 // clang-format off
 constexpr clsProgIOPins ProgIOPins[] = {
     // id in   out    name         interface default label

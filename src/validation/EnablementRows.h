@@ -6,6 +6,7 @@
 namespace modvalEnablement {
 using namespace ControlConditions;
 
+// Given by the maintainers' reference, like all that ARCHITECTURE lists as given.
 /// When each control may be edited; names as the forms spell them.
 // clang-format off
 inline constexpr EnablementRow kRows[] = {

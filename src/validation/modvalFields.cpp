@@ -41,6 +41,7 @@ bool OnCurrentNetwork(FieldEdit& edit) {
 /// Nothing is judged; what the edit does is to switch the controls beside it.
 bool SwitchesAlone(FieldEdit&) { return true; }
 
+// Given by the maintainers' reference, like all that ARCHITECTURE lists as given.
 // clang-format off
 constexpr FieldRule kRules[] = {
     // channels

@@ -16,6 +16,7 @@ bool Plain(const ValidatorRef& validator, bool) {
   return check(validator);
 }
 
+// Given by the maintainers' reference, like all that ARCHITECTURE lists as given.
 constexpr struct {
   std::string_view form;
   bool (*check)(const ValidatorRef& validator, bool refresh);

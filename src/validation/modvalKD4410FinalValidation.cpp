@@ -77,6 +77,7 @@ bool CheckItinerantPower(const ValidatorRef& validator) {
   return true;
 }
 
+// Given by the maintainers' reference, like all that ARCHITECTURE lists as given.
 constexpr bool (*kRules[])(const ValidatorRef& validator) = {
     CheckPowerupState,
     modvalNetworkChecks::CheckEmergencySequences,
