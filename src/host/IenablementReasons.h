@@ -21,7 +21,7 @@ struct EnablementReading {
 /// Why a control is enabled or disabled.
 struct EnablementReason {
   Boolean enabled = 0;
-  /// When the control is enabled, in words; empty for a control without a rule, which always is.
+  /// When the control is enabled, in words; empty for a control without a condition, which always is.
   std::string condition;
   /// What the condition asks, in its order, whether or not the answer was needed.
   std::vector<EnablementReading> readings;

@@ -103,7 +103,7 @@ TEST_F(SignallingRules, WithoutSignallingTheNetworkKeepsNothingOfIt) {
            {"InhibitEPTT2WhenCallInactive_k6k", "0"}}) {
     EXPECT_EQ(Text(field, 2), value) << field;
   }
-  // Each by its own rule, from the new type; those without a rule are enabled.
+  // Each by its own condition, from the new type; those without one are enabled.
   EXPECT_THAT(
       Switched(),
       StartsWith(

@@ -38,8 +38,8 @@ void Take(Words& words, EnabledArguments& given) {
   words.RecordOption("--record", given.shown, "The record that the forms show (else 1)");
 }
 
-/// Tells the tier which record of the table the forms show, one that is still to come included: the rules of
-/// most controls read the current record instead of the one that is drawn.
+/// Tells the tier which record of the table the forms show, one that is still to come included: the
+/// conditions of most controls read the current record instead of the one that is drawn.
 void ShowRecord(Provider& content, std::int32_t table, RecordNr record) {
   const SchemaField* pointer = Forms::PointerOf(content.GetSchema(), table);
   if (pointer != nullptr) content.Set(*pointer, 1, record);
@@ -71,7 +71,7 @@ Json JsonOf(const EnablementReason& reason) {
                   {"value", Report::JsonOf(reading.value)},
                   {"holds", reading.holds != kFalse}});
   }
-  return {{"hasRule", !reason.condition.empty()},
+  return {{"hasCondition", !reason.condition.empty()},
           {"condition", reason.condition},
           {"readings", std::move(readings)},
           {"missing", reason.missing}};
@@ -90,7 +90,7 @@ void PrintReadings(const std::vector<EnablementReading>& readings, std::ostream&
 
 void PrintReason(const EnablementReason& reason, std::ostream& out) {
   if (reason.condition.empty()) {
-    out << "it has no rule: it is always enabled\n";
+    out << "it has no condition: it is always enabled\n";
     return;
   }
   out << "enabled when: " << reason.condition << '\n';

@@ -161,7 +161,7 @@ TEST_F(CommandLine, ADisabledControlTellsWhatItLacksAndIsEnabledByIt) {
   EXPECT_EQ(why["enabled"], true);
   EXPECT_EQ(why["why"]["readings"][0]["holds"], true);
   EXPECT_EQ(why["why"]["missing"], "");
-  EXPECT_THAT(Run({"enabled", file, "TxFreq_k6k", "--why"}).out, HasSubstr("it has no rule"));
+  EXPECT_THAT(Run({"enabled", file, "TxFreq_k6k", "--why"}).out, HasSubstr("it has no condition"));
   EXPECT_EQ(Run({"enabled", file, "StealthIndicator", "--why"}).out, "disabled\nenabled when: never\n");
 }
 
