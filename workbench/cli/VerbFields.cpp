@@ -73,11 +73,7 @@ ExitCode ListFields(const FieldsArguments& arguments, Workplace& workplace) {
     }
   }
   const bool found = !list.IsEmpty();
-  if (workplace.options.json) {
-    workplace.Emit(std::move(list));
-  } else if (found) {
-    table.Print(workplace.Out());
-  }
+  if (found || workplace.options.json) workplace.Tell(std::move(list), table);
   if (!found) throw UsageError("no field of version " + schema->Version() + " has \"" + filter + "\" in it");
   return ExitCode::Done;
 }
