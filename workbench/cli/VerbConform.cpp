@@ -31,6 +31,7 @@ struct ConformArguments {
 std::vector<Check> Chosen(const ConformArguments& arguments) {
   std::vector<Check> all = Conform::AllChecks();
   std::vector<std::string> names;
+  names.reserve(all.size());
   for (const Check& check : all) names.emplace_back(check.name);
   for (const std::string& name : arguments.checks) {
     if (std::ranges::find(names, name) != names.end()) continue;
