@@ -79,6 +79,9 @@ TEST_F(ProgIOActionInList, IsFoundInAnyRecordAsExactText) {
   provider.Set("1108.Action", 15, "Alarm Status");
   EXPECT_TRUE(holds("Alarm Status"));
   EXPECT_FALSE(holds("alarm status") || holds("Alarm") || holds("Busy Status"));
+  ExpectTermination();
+  provider.Monitor().FailOnce(1);
+  EXPECT_FALSE(holds("Alarm Status"));  // nobody knows
   provider.SetCount(1108, 0);
   EXPECT_FALSE(holds("Alarm Status"));
 }
