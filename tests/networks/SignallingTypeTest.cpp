@@ -125,6 +125,8 @@ TEST_F(SignallingRules, LeavingDTMFClearsItsPresetsAlone) {
   EXPECT_THAT(messenger.Texts(), ElementsAre(StartsWith("Changing the Signalling Type from DTMF")));
   EXPECT_EQ(Column("DTMFPresetCallSequence"), "1 None None");
   EXPECT_EQ(Column("5.TXCallBurstSeq"), "123 456 None");
+  provider.Set("SignallingType", 2, 2);
+  EXPECT_TRUE(Validate("SignallingType", 3, 2));  // there is nothing to ask about
   // A new system clears both kinds.
   provider.Set("5.TXCallBurstSeq", 2, "None");
   provider.Set("DTMFPresetCallSequence", 3, "5");

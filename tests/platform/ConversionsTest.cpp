@@ -99,6 +99,8 @@ TEST_F(Conversions, ToCurrencyAndSingle) {
   EXPECT_EQ(CCur("922337203685477").tenThousandths, 9'223'372'036'854'770'000);
   ExpectEach(CCur, "error 6", {"922337203685478", "-922337203685478"});
   EXPECT_EQ(CSng(3.4E38), 3.4E38F);
+  const float largest = std::numeric_limits<float>::max();
+  EXPECT_EQ(CSng(largest), largest);
   ExpectEach(CSng, "error 6", {3.5E38, -3.5E38});
 }
 
