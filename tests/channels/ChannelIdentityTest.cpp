@@ -55,6 +55,10 @@ TEST_F(ChannelNumber, OnlyYesMovesAReferenceAndWithoutOneThereIsNoQuestion) {
   GiveChannels({11, 13});
   EXPECT_TRUE(Validate("ChannelID_k6k", 15, 2));
   EXPECT_EQ(Trail(), "");
+  provider.Set("FK4Parameter1", 1, 13);  // the last place that is looked at
+  messenger.Play({Button::No});
+  EXPECT_FALSE(Validate("ChannelID_k6k", 15, 2));
+  EXPECT_EQ(Text("FK4Parameter1"), "13");
   CloseEveryBox();
   EXPECT_FALSE(Validate("ChannelID_k6k", 15, 1));
   EXPECT_EQ(Text("EmChannel", 3), "11");

@@ -126,6 +126,11 @@ TEST_F(FinalRules, ABackgroundGroupShowsAndCallsOnTheSelectedChannel) {
 }
 
 TEST_F(FinalRules, AnUnknownPowerLevelIsMended) {
+  for (const int known : {1, 3}) {
+    provider.Set("LowPowerLevelMeans", 1, known);
+    EXPECT_TRUE(FinalValidation());
+    EXPECT_EQ(Text("LowPowerLevelMeans"), std::to_string(known));
+  }
   provider.Set("LowPowerLevelMeans", 1, 4);
   EXPECT_TRUE(FinalValidation());
   EXPECT_THAT(Boxes(),
