@@ -1,6 +1,8 @@
 #include "platform/XArrayDBObject.h"
 
 #include <algorithm>
+#include <iterator>
+#include <numeric>
 
 #include "platform/Conversions.h"
 #include "platform/Error.h"
@@ -30,22 +32,29 @@ int Compare(const Variant& a, const Variant& b, std::int32_t type) {
 }
 }  // namespace
 
-std::size_t XArrayDBObject::RowIndex(std::int32_t row) const {
+void XArrayDBObject::CheckRow(std::int32_t row) const {
   if (row < firstRow_ || row > UpperBound(kRows)) RaiseOutside();
-  return static_cast<std::size_t>(row - firstRow_);
 }
 
-std::size_t XArrayDBObject::ColumnIndex(std::int32_t column) const {
+void XArrayDBObject::CheckColumn(std::int32_t column) const {
   if (column < firstColumn_ || column > UpperBound(kColumns)) RaiseOutside();
-  return static_cast<std::size_t>(column - firstColumn_);
+}
+
+std::size_t XArrayDBObject::Place(std::int32_t row, std::int32_t column) const {
+  return static_cast<std::size_t>(row - firstRow_) * static_cast<std::size_t>(columns_) +
+         static_cast<std::size_t>(column - firstColumn_);
 }
 
 const Variant& XArrayDBObject::GetValue(std::int32_t row, std::int32_t column) const {
-  return rows_[RowIndex(row)][ColumnIndex(column)];
+  CheckRow(row);
+  CheckColumn(column);
+  return cells_[Place(row, column)];
 }
 
 void XArrayDBObject::SetValue(std::int32_t row, std::int32_t column, Variant value) {
-  rows_[RowIndex(row)][ColumnIndex(column)] = std::move(value);
+  CheckRow(row);
+  CheckColumn(column);
+  cells_[Place(row, column)] = std::move(value);
 }
 
 void XArrayDBObject::Redim(std::int32_t firstRow, std::int32_t lastRow, std::int32_t firstColumn,
@@ -59,7 +68,7 @@ void XArrayDBObject::Redim(std::int32_t firstRow, std::int32_t lastRow, std::int
   for (auto row = std::max(firstRow, firstRow_); row <= std::min(lastRow, UpperBound(kRows)); ++row) {
     for (auto column = std::max(firstColumn, firstColumn_);
          column <= std::min(lastColumn, UpperBound(kColumns)); ++column) {
-      next.SetValue(row, column, std::move(rows_[RowIndex(row)][ColumnIndex(column)]));
+      next.cells_[next.Place(row, column)] = std::move(cells_[Place(row, column)]);
     }
   }
   *this = std::move(next);
@@ -67,14 +76,20 @@ void XArrayDBObject::Redim(std::int32_t firstRow, std::int32_t lastRow, std::int
 
 void XArrayDBObject::AppendRows(std::int32_t dimension, std::int32_t count) {
   if (dimension != kRows || count < 0) RaiseOutside();
-  rows_.resize(rows_.size() + static_cast<std::size_t>(count), Row(static_cast<std::size_t>(columns_)));
+  const std::size_t rows = rows_ + static_cast<std::size_t>(count);
+  cells_.resize(rows * static_cast<std::size_t>(columns_));
+  rows_ = rows;
 }
 
 void XArrayDBObject::DeleteRows(std::int32_t row, std::int32_t count) {
   if (count <= 0) return;
-  const auto first = rows_.begin() + static_cast<std::ptrdiff_t>(RowIndex(row));
-  const auto last = rows_.begin() + static_cast<std::ptrdiff_t>(RowIndex(row + count - 1)) + 1;
-  rows_.erase(first, last);
+  CheckRow(row);
+  CheckRow(row + count - 1);
+  const auto at = [&](std::int32_t place) {
+    return cells_.begin() + static_cast<std::ptrdiff_t>(Place(place, firstColumn_));
+  };
+  cells_.erase(at(row), at(row + count));
+  rows_ -= static_cast<std::size_t>(count);
 }
 
 std::int32_t XArrayDBObject::LowerBound(std::int32_t dimension) const {
@@ -93,22 +108,30 @@ std::int32_t XArrayDBObject::FindValue(std::int32_t startRow, std::int32_t colum
 
 void XArrayDBObject::SortRows(std::int32_t firstRow, std::int32_t lastRow, std::span<const SortKey> keys) {
   if (lastRow < firstRow) return;
-  for (const SortKey& key : keys) ColumnIndex(key.column);
-  const auto first = rows_.begin() + static_cast<std::ptrdiff_t>(RowIndex(firstRow));
-  const auto last = rows_.begin() + static_cast<std::ptrdiff_t>(RowIndex(lastRow)) + 1;
-  std::stable_sort(first, last, [&](const Row& a, const Row& b) {
+  for (const SortKey& key : keys) CheckColumn(key.column);
+  CheckRow(firstRow);
+  CheckRow(lastRow);
+  std::vector<std::int32_t> order(static_cast<std::size_t>(lastRow - firstRow + 1));
+  std::iota(order.begin(), order.end(), firstRow);
+  std::ranges::stable_sort(order, [&](std::int32_t a, std::int32_t b) {
     for (const SortKey& key : keys) {
-      const std::size_t column = ColumnIndex(key.column);
-      const int order = Compare(a[column], b[column], key.type) * key.order;
-      if (order != 0) return order < 0;
+      const int sign = Compare(GetValue(a, key.column), GetValue(b, key.column), key.type) * key.order;
+      if (sign != 0) return sign < 0;
     }
     return false;
   });
+  std::vector<Variant> sorted;
+  sorted.reserve(order.size() * static_cast<std::size_t>(columns_));
+  for (const std::int32_t row : order) {
+    const auto first = cells_.begin() + static_cast<std::ptrdiff_t>(Place(row, firstColumn_));
+    std::move(first, first + columns_, std::back_inserter(sorted));
+  }
+  std::ranges::move(sorted, cells_.begin() + static_cast<std::ptrdiff_t>(Place(firstRow, firstColumn_)));
 }
 
 std::int32_t XArrayDBObject::Count(std::int32_t dimension) const {
   CheckDimension(dimension);
-  return dimension == kRows ? static_cast<std::int32_t>(rows_.size()) : columns_;
+  return dimension == kRows ? static_cast<std::int32_t>(rows_) : columns_;
 }
 
 std::int32_t XArrayDBObject::UpperBound(std::int32_t dimension) const {

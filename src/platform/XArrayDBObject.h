@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -41,12 +42,14 @@ class XArrayDBObject {
   std::int32_t UpperBound(std::int32_t dimension) const;
 
  private:
-  using Row = std::vector<Variant>;
-  std::size_t RowIndex(std::int32_t row) const;
-  std::size_t ColumnIndex(std::int32_t column) const;
+  void CheckRow(std::int32_t row) const;
+  void CheckColumn(std::int32_t column) const;
+  /// The place of a cell in `cells_`; both have been checked.
+  std::size_t Place(std::int32_t row, std::int32_t column) const;
 
   std::int32_t firstRow_ = 0;
   std::int32_t firstColumn_ = 0;
+  std::size_t rows_ = 0;
   std::int32_t columns_ = 1;
-  std::vector<Row> rows_;
+  std::vector<Variant> cells_;  // row by row: a sequence of tones is one block of memory
 };

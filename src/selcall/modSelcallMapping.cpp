@@ -8,23 +8,26 @@
 #include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
+#include "platform/Error.h"
 
 namespace modSelcallMapping {
 namespace {
-/// The characters of the codes 10 to 18.
-constexpr std::string_view kLetters = "ABCDEF-GV";
-constexpr std::int32_t kFirstLetterCode = 10;
+/// The characters of the codes 0 to 18.
+constexpr std::string_view kTones = "0123456789ABCDEF-GV";
 
 std::int32_t ToneCode(char tone) {
-  const std::size_t letter = kLetters.find(tone);
-  if (letter != std::string_view::npos) return kFirstLetterCode + static_cast<std::int32_t>(letter);
-  return CLng(std::string_view(&tone, 1));
+  const std::size_t code = kTones.find(tone);
+  if (code == std::string_view::npos) RaiseTypeMismatch();
+  return static_cast<std::int32_t>(code);
 }
 
-std::string ToneText(std::int32_t code) {
-  const auto letter = static_cast<std::size_t>(code - kFirstLetterCode);
-  if (code >= kFirstLetterCode && letter < kLetters.size()) return {kLetters[letter]};
-  return std::to_string(code);
+/// A code that is no tone stands there in decimal.
+void AppendTone(std::string& text, std::int32_t code) {
+  if (code >= 0 && code < std::ssize(kTones)) {
+    text += kTones[static_cast<std::size_t>(code)];
+  } else {
+    text += std::to_string(code);
+  }
 }
 }  // namespace
 
@@ -50,7 +53,7 @@ std::string NumarrayToString(const Variant& sequence) {
     if (sequence.IsEmpty()) return;
     const XArrayDBObject& codes = CArray(sequence);
     for (std::int32_t row = 1, last = codes.UpperBound(1); row <= last; ++row) {
-      text += ToneText(CLng(codes.GetValue(row, 0)));
+      AppendTone(text, CLng(codes.GetValue(row, 0)));
     }
   });
 }

@@ -1,6 +1,7 @@
 #include "workbench/schema/Schema.h"
 
 #include <algorithm>
+#include <bit>
 #include <utility>
 
 #include "host/IproviderOwner.h"
@@ -34,20 +35,22 @@ Schema::Schema(VersionName version, std::vector<SchemaTable> tables, std::vector
 }
 
 void Schema::AddNames() {
-  constexpr std::size_t kNamesPerField = 3;
-  fieldByName_.reserve(fields_.size() * kNamesPerField);
+  std::size_t names = 0;
+  for (const SchemaField& field : fields_) names += 2 + field.uiids.size();
+  fieldByName_ = FieldNames(names);
   for (const SchemaField& field : fields_) {
-    fieldByName_.emplace(field.id, &field);
-    for (const std::string& uiid : field.uiids) fieldByName_.emplace(uiid, &field);
+    fieldByName_.Add(field.id, &field);
+    for (const std::string& uiid : field.uiids) fieldByName_.Add(uiid, &field);
   }
   // What is bound stands; only the other names can be ambiguous.
-  std::unordered_map<std::string_view, const SchemaField*, NameHash, NameEqual> ownNames;
-  ownNames.reserve(fields_.size());
+  FieldNames ownNames(fields_.size());
   for (const SchemaField& field : fields_) {
-    const auto [entry, isNew] = ownNames.emplace(field.Name(), &field);
-    if (!isNew) entry->second = kAmbiguous;
+    FieldNames::Entry& entry = ownNames.Add(field.Name(), &field);
+    if (entry.field != &field) entry.field = kAmbiguous;
   }
-  fieldByName_.merge(ownNames);
+  for (const SchemaField& field : fields_) {
+    fieldByName_.Add(field.Name(), ownNames.Find(field.Name())->field);
+  }
 }
 
 std::span<const SchemaField> Schema::FieldsOf(const SchemaTable& table) const {
@@ -66,13 +69,33 @@ const SchemaTable* Schema::FindTable(std::int32_t number) const {
 }
 
 const SchemaField* Schema::Find(std::string_view name) const {
-  const auto found = fieldByName_.find(name);
-  return found == fieldByName_.end() ? nullptr : found->second;
+  const FieldNames::Entry* found = fieldByName_.Find(name);
+  return found == nullptr ? nullptr : found->field;
 }
 
 bool Schema::IsAmbiguous(std::string_view name) const {
-  const auto found = fieldByName_.find(name);
-  return found != fieldByName_.end() && found->second == kAmbiguous;
+  const FieldNames::Entry* found = fieldByName_.Find(name);
+  return found != nullptr && found->field == kAmbiguous;
+}
+
+FieldNames::FieldNames(std::size_t capacity) : places_(std::bit_ceil(2 * capacity + 1)) {}
+
+std::size_t FieldNames::Place(std::string_view name) const {
+  const std::size_t mask = places_.size() - 1;
+  std::size_t place = NameHash()(name) & mask;
+  while (!places_[place].name.empty() && !NameEqual()(places_[place].name, name)) place = (place + 1) & mask;
+  return place;
+}
+
+FieldNames::Entry& FieldNames::Add(std::string_view name, const SchemaField* field) {
+  Entry& entry = places_[Place(name)];
+  if (entry.name.empty()) entry = {name, field};
+  return entry;
+}
+
+const FieldNames::Entry* FieldNames::Find(std::string_view name) const {
+  const Entry& entry = places_[Place(name)];
+  return entry.name.empty() ? nullptr : &entry;
 }
 
 std::string VersionName::Digits() const {

@@ -79,6 +79,29 @@ struct VersionName {
   friend bool operator==(const VersionName&, const VersionName&) = default;
 };
 
+/// Fields by names that ignore case: a hash table in one block of memory, for the tier looks names up more
+/// often than it does anything else.
+class FieldNames {
+ public:
+  struct Entry {
+    std::string_view name;  // of a text that outlives the table
+    const SchemaField* field;
+  };
+
+  /// Room for so many names.
+  explicit FieldNames(std::size_t capacity = 0);
+  /// The entry of the name: the one that stands, else the new one.
+  Entry& Add(std::string_view name, const SchemaField* field);
+  /// Null for a name that was not added.
+  const Entry* Find(std::string_view name) const;
+
+ private:
+  /// The place of the name, or the free one where it belongs.
+  std::size_t Place(std::string_view name) const;
+
+  std::vector<Entry> places_;  // at least half of them free: no name
+};
+
 /// The tables and fields of one database version of one model. Does not change after it was made.
 class Schema {
  public:
@@ -125,8 +148,7 @@ class Schema {
   std::vector<const SchemaField*> toForms_;
   std::vector<const SchemaField*> toRadio_;
   std::unordered_map<std::int32_t, std::size_t> tableByNumber_;
-  /// Keys are views of texts in `fields_`; null marks an ambiguous name.
-  std::unordered_map<std::string_view, const SchemaField*, NameHash, NameEqual> fieldByName_;
+  FieldNames fieldByName_;
 };
 
 /// The schema files of all versions: tables.tsv and fields.tsv of one folder.
