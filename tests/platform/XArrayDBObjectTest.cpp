@@ -95,5 +95,7 @@ TEST(XArrayDBObject, SortsByBytesOrByNumberAndKeepsEqualRowsInOrder) {
   const Key both[] = {{.column = 0}, {.column = 1}};
   array.SortRows(0, 3, both);
   EXPECT_THAT(Column(array, 2), ElementsAre("1", "3", "2", "0"));
+  array.DeleteRows(1, 2);
+  EXPECT_THAT(Column(array, 2), ElementsAre("1", "0"));
 }
 }  // namespace
