@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <memory>
 
+#include "common/ArrayRows.h"
 #include "common/LibraryArray.h"
 #include "common/Procedure.h"
 #include "common/RadioCodes.h"
 #include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
-#include "radioui/ArrayRows.h"
 
 namespace modGPS {
 namespace {

@@ -4,11 +4,11 @@
 #include <memory>
 #include <span>
 
+#include "common/ArrayRows.h"
 #include "common/LibraryArray.h"
 #include "common/Procedure.h"
 #include "common/RadioCodes.h"
 #include "platform/Conversions.h"
-#include "radioui/ArrayRows.h"
 
 namespace modPersonalityOptions {
 namespace {
