@@ -7,12 +7,14 @@
 #include "channels/modChannels.h"
 #include "common/LibraryArray.h"
 #include "common/Procedure.h"
+#include "common/StoredValues.h"
 #include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "radioui/ItemLists.h"
 #include "radioui/modFunctionKeyLists.h"
 #include "radioui/modProgIOLists.h"
+#include "selcall/modToneSets.h"
 #include "ui/modUserInterface.h"
 
 namespace modComboItems {
@@ -127,6 +129,16 @@ void GetK6000SelcallPreset(const ProviderRef& provider, std::string_view uiid, R
   });
 }
 
+void GetK6000SelcallCustomTones(const ProviderRef& provider, std::string_view, RecordNr record,
+                                XArrayDBObject& items) {
+  Procedure("GetK6000SelcallCustomTones", [&] {
+    ItemList list(items);
+    const Variant base = StoredValue(provider, "48.BasedOnToneSet", record);
+    if (!IsNumeric(base)) return;
+    for (const std::string& hertz : modToneSets::FrequenciesOfToneset(CLng(base), false)) list.Add(hertz);
+  });
+}
+
 void GetK6000DTMFChannelPresets(const ProviderRef& provider, std::string_view, RecordNr record,
                                 XArrayDBObject& items) {
   constexpr RecordNr kFirstPreset = 2;  // record 1 belongs to no system
@@ -153,7 +165,7 @@ struct ComboList {
   std::string_view uiid = {};
 };
 
-constexpr auto kDataToCome = nullptr;  // the tier has neither tone sets nor tone tables
+constexpr auto kDataToCome = nullptr;  // the tier has no tone tables yet
 
 using namespace modFunctionKeyLists;
 using namespace modProgIOLists;
@@ -167,7 +179,7 @@ constexpr ComboList kLists[] = {  // the first match decides
     {511, GetUsedChannelAndGroupIDs},
     {512, GetK6000NetworkIDs},
     {514, GetK6000UsedNetworkIDs},
-    {515, kDataToCome},
+    {515, GetK6000SelcallCustomTones},
     {522, GetK6000FunctionKeyItems},
     {523, GetK6000FKParameter1},
     {525, GetK6000SelcallPreset},

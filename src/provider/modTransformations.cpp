@@ -14,6 +14,7 @@
 #include "radioui/modPersonalityOptions.h"
 #include "radioui/modUIPreferences.h"
 #include "selcall/modFreeFormat.h"
+#include "selcall/modToneSets.h"
 #include "signalling/modDTMF.h"
 #include "signalling/modMDC1200.h"
 
@@ -44,6 +45,8 @@ constexpr Transformation kTransformations[] = {
     {513, SetIsBirdieChannel,                  GetIsBirdieChannel},
     {514, SetChannelNetworkID,                 GetChannelNetworkID},
     {515, NoAction,                            NoAction},
+    {516, modToneSets::SetToneSet,             modToneSets::GetToneSet},
+    {517, modToneSets::SetCustomFrequencies,   modToneSets::GetCustomFrequencies},
     {519, modPersonalityOptions::SetSecurityPIN, modPersonalityOptions::GetSecurityPIN},
     {521, modFreeFormat::SetSelcallTone,       modFreeFormat::GetSelcallTone, "49.FreeFormBurstB_UI"},
     {521, modFreeFormat::SetSelcallTone,       modFreeFormat::GetSelcallTone, "49.FreeFormBurstR1_UI"},
@@ -75,6 +78,7 @@ constexpr Transformation kTransformations[] = {
     {567, SetCompanding,                       GetCompanding},
     {568, modUIPreferences::SetPATimer,        modUIPreferences::GetPATimer},
     {569, modNetworks::SetEmergencyType,       modNetworks::GetEmergencyType},
+    {572, modToneSets::SetGenerateCCR,         NoAction},
     {573, modDTMF::SetPatchSequences,          modDTMF::GetPatchSequences},
     {574, modDTMF::SetChannelPreset,           modDTMF::GetChannelPreset},
     {575, SetDTMFPreset,                       GetDTMFPreset},

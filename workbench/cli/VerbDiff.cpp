@@ -174,9 +174,11 @@ const Verb kDiff(
      .details =
          "A pointer to a record is the same when it points at the same record. The lists of tones in use "
          "(tables\n"
-         "50 and 61) are compared through the channels that use them. Exit code 0: equal, 1: different, 2: "
-         "one\n"
-         "of the files can not be read."},
+         "50 and 61) are compared through the channels that use them; the standard tone sets (74), which "
+         "every\n"
+         "save lays out anew, are not compared. Exit code 0: equal, 1: different, 2: one of the files can "
+         "not\n"
+         "be read."},
     Take, Diff);
 
 }  // namespace

@@ -50,6 +50,7 @@ struct Edited {
   EditResult result;
   std::optional<LostValue> lost = {};  // what a save would not keep
   std::vector<CellDifference> stored = {};
+  std::vector<const SchemaTable*> laidOutAnew = {};
   bool saved = false;
   bool IsGranted() const { return result.accepted && !result.IsLost() && !lost; }
   Report::Outcome Outcome() const { return {result.accepted, IsGranted(), saved, result.others}; }
@@ -111,8 +112,14 @@ std::string TextOf(const CellDifference& cell) {
   return tellsMore ? meant + " (stored: " + stored + ")" : meant;
 }
 
+void PrintLaidOutAnew(const Edited& edited, std::ostream& out) {
+  for (const SchemaTable* table : edited.laidOutAnew) {
+    out << (edited.saved ? "Laid out anew" : "Would be laid out anew") << ", as by every save: table "
+        << table->number << " (" << table->title << ")\n";
+  }
+}
+
 void PrintStored(const Edited& edited, const Session& session, std::ostream& out) {
-  if (!edited.IsGranted()) return;
   if (edited.stored.empty()) {
     out << "The file holds the same values as before.\n";
     return;
@@ -143,6 +150,9 @@ Json JsonOf(const Edited& edited, const Session& session, const std::vector<Show
   if (edited.lost) data["refusal"] = WouldBeLost(edited, session);
   Report::AddTo(data, edited.Outcome(), session, boxes);
   data["stored"] = JsonOf(session, edited.stored);
+  Json anew = Json::List();
+  for (const SchemaTable* table : edited.laidOutAnew) anew.Add(table->number);
+  data["laidOutAnew"] = std::move(anew);
   return data;
 }
 
@@ -164,7 +174,9 @@ void Print(const Edited& edited, const Session& session, std::ostream& out) {
         << (result.refusal.empty() ? "" : ": " + result.refusal) << '\n';
   }
   Report::Print(edited.Outcome(), session, out);
+  if (!edited.IsGranted()) return;
   PrintStored(edited, session, out);
+  PrintLaidOutAnew(edited, out);
 }
 
 /// What the edit makes of the file, and the save unless something would be lost.
@@ -176,6 +188,7 @@ void FileAndSave(Edited& edited, OpenedFile& opened, const ComparedPersonality& 
   edited.lost = LostValueOf(filed);
   if (edited.lost) return;
   edited.stored = StoredChanges(filed);
+  edited.laidOutAnew = LaidOutAnew(filed);
   if (edited.arguments.dryRun) return;
   opened.Save(document);
   edited.saved = true;

@@ -57,13 +57,17 @@ OpenedFile::OpenedFile(Workplace& workplace, const std::string& path,
     : schemas_(workplace.Parts().schemas),
       file_(path),
       session_(workplace.Parts(), ReadContent(file_, *schemas_, workplace.options.factory),
-               std::move(messenger)) {}
+               std::move(messenger)) {
+  session_.SetFileName(file_.Name());
+}
 
 OpenedFile::OpenedFile(Workplace& workplace, AtomicFile file, std::shared_ptr<Provider> content,
                        std::shared_ptr<RecordingMessenger> messenger)
     : schemas_(workplace.Parts().schemas),
       file_(std::move(file)),
-      session_(workplace.Parts(), std::move(content), std::move(messenger)) {}
+      session_(workplace.Parts(), std::move(content), std::move(messenger)) {
+  session_.SetFileName(file_.Name());
+}
 
 std::string OpenedFile::Document() {
   return PersonalityFile::Format(file_.Name(), *session_.ConvertedToRaw());

@@ -10,6 +10,7 @@
 #include "workbench/host/TierLoader.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
+#include "workbench/store/RecordKeys.h"
 #include "workbench/store/ValueText.h"
 
 /// What comes back, and what is told.
@@ -33,7 +34,8 @@ void ExpectSameFile(CheckRun& run, const Personality& personality, Bench& bench)
   for (const SchemaTable& table : stored.GetSchema().Tables()) {
     if (!table.IsRaw()) continue;
     const RecordNr count = stored.Count(table);
-    run.Expect(saved->Count(table) == count,
+    const bool isLaidOut = personality.isNew && RecordKeys::IsLaidOutAnew(table);
+    run.Expect(saved->Count(table) == count || isLaidOut,
                std::string(personality.name) + ": table " + std::to_string(table.number),
                "is saved with " + std::to_string(saved->Count(table)) + " records instead of " +
                    std::to_string(count));

@@ -29,6 +29,7 @@ constexpr FormName kFormNames[] = {
     {"29.RxSeqOne",                          "29.DerivedRxDecode1"},
     {"29.RxSeqTwo",                          "29.DerivedRxDecode2"},
     {"30.FixedFormatBurstSeq",               "30.UGBurstSeq"},
+    {"48.SelcallToneSet",                    "48.DerivedSelcallToneSet"},
     {"53.ChannelRecordNr",                   "53.ChannelIDTracker"},
 };
 // clang-format on
@@ -60,7 +61,7 @@ class Comparison {
     for (const SchemaTable& table : schemaA_.Tables()) {
       const SchemaTable* other = schemaB_.FindTable(table.number);
       const bool isShared = table.IsRaw() && other != nullptr && other->IsRaw();
-      if (isShared && !RecordKeys::IsCodeList(table)) CompareTable(table, *other);
+      if (isShared && !RecordKeys::IsLaidOutAnew(table)) CompareTable(table, *other);
     }
     result_.extraInA = ExtraValues(a_, keysA_, schemaB_);
     result_.extraInB = ExtraValues(b_, keysB_, schemaA_);

@@ -25,7 +25,7 @@ class Changes {
 
   std::vector<CellDifference> ByPlace() {
     for (const SchemaTable& table : before_.stored->GetSchema().Tables()) {
-      if (!table.IsRaw() || RecordKeys::IsCodeList(table)) continue;
+      if (!table.IsRaw() || RecordKeys::IsLaidOutAnew(table)) continue;
       const RecordNr lastBefore = before_.stored->Count(table);
       const RecordNr lastAfter = after_.stored->Count(table);
       for (RecordNr record = 1; record <= std::max(lastBefore, lastAfter); ++record) {
@@ -63,6 +63,16 @@ class Changes {
   RecordKeys keysAfter_;
   std::vector<CellDifference> cells_;
 };
+
+bool IsSame(const SchemaTable& table, const Provider& a, const Provider& b) {
+  const RecordNr count = a.Count(table);
+  if (count != b.Count(table)) return false;
+  return std::ranges::all_of(a.GetSchema().FieldsOf(table), [&](const SchemaField& field) {
+    RecordNr record = 1;
+    while (record <= count && SameCell(a.Get(field, record), b.Get(field, record))) ++record;
+    return record > count;
+  });
+}
 
 /// Of a text that is a number in hexadecimal: without the zeros at its head. No text is no number.
 std::string_view WithoutZeros(std::string_view hex) {
@@ -106,7 +116,8 @@ std::optional<LostValue> ChangedByNobody(const FiledEdit& edit, const SchemaFiel
 std::optional<LostValue> ChangedByNobody(const FiledEdit& edit) {
   const Provider& before = *edit.before.stored;
   for (const SchemaField& field : before.GetSchema().Fields()) {
-    const RecordNr count = field.IsRaw() ? before.Count(field.table) : 0;
+    const bool isCompared = field.IsRaw() && !RecordKeys::IsLaidOutAnew(before.GetSchema().TableOf(field));
+    const RecordNr count = isCompared ? before.Count(field.table) : 0;
     if (count != edit.after.stored->Count(field.table)) continue;
     for (RecordNr record = 1; record <= count; ++record) {
       if (auto lost = ChangedByNobody(edit, field, record)) return lost;
@@ -122,6 +133,16 @@ std::vector<CellDifference> StoredChanges(const FiledEdit& edit) {
   // What is known by the number of a renamed record has another key, too, and keeps its place.
   const SchemaTable& table = edit.before.stored->GetSchema().TableOf(edit.field);
   return changes.IsRenamed(table, edit.record) ? changes.ByPlace() : changes.ByKey();
+}
+
+std::vector<const SchemaTable*> LaidOutAnew(const FiledEdit& edit) {
+  std::vector<const SchemaTable*> tables;
+  for (const SchemaTable& table : edit.before.stored->GetSchema().Tables()) {
+    const bool isOther =
+        RecordKeys::IsLaidOutAnew(table) && !IsSame(table, *edit.before.stored, *edit.after.stored);
+    if (isOther) tables.push_back(&table);
+  }
+  return tables;
 }
 
 std::optional<LostValue> LostValueOf(const FiledEdit& edit) {

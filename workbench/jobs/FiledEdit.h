@@ -21,6 +21,10 @@ struct FiledEdit {
 /// by each of its values; it has none (Empty) on the other side.
 std::vector<CellDifference> StoredChanges(const FiledEdit& edit);
 
+/// The tables that every save lays out anew and that come out another way than they were. That is nobody's
+/// edit: some follow the channels, some were not there yet.
+std::vector<const SchemaTable*> LaidOutAnew(const FiledEdit& edit);
+
 /// A value on the forms that does not come back from the file.
 struct LostValue {
   const SchemaField* field;

@@ -1,9 +1,28 @@
 #include "workbench/jobs/Session.h"
 
 #include "platform/Conversions.h"
+#include "workbench/files/FileError.h"
 #include "workbench/jobs/Control.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
+
+namespace {
+/// The radio may hold a number that the form shows and that ends the application on its way back.
+constexpr std::string_view kNotAllComeBack[] = {"48.DerivedSelcallToneSet"};
+
+void RequireConvertible(const Provider& content, const std::string& fileName) {
+  for (const std::string_view name : kNotAllComeBack) {
+    const SchemaField& field = content.FieldOf(name);
+    for (RecordNr record = 1; record <= content.Count(field.table); ++record) {
+      const Variant& value = content.Get(field, record);
+      if (IsNumeric(value) && LimitsOf(field).Hold(CDbl(value))) continue;
+      throw FileError(fileName, 0, field.CommonName() + ", record " + std::to_string(record),
+                      "\"" + CStr(value) + "\" is shown but can not be saved, which takes " +
+                          CStr(field.minimum) + " to " + CStr(field.maximum));
+    }
+  }
+}
+}  // namespace
 
 Limits LimitsOf(const SchemaField& field) {
   return {static_cast<double>(field.minimum), static_cast<double>(field.maximum)};
@@ -89,6 +108,7 @@ std::shared_ptr<Provider> Session::FormsOf(const Provider& stored) {
 }
 
 std::shared_ptr<Provider> Session::ConvertedToRaw() {
+  RequireConvertible(*provider_, fileName_);
   std::shared_ptr<Provider> copy = provider_->Copy();
   copy->SetMonitor(provider_->SharedMonitor());  // a save is part of the session
   host_.UseStore(copy);

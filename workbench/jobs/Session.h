@@ -60,8 +60,11 @@ class Session {
   /// Stores a form value and its conversion without asking the rules.
   void Store(const SchemaField& field, RecordNr record, Variant value);
 
-  /// The content as the radio holds it, for the file: made on a copy, the forms stay as they are.
+  /// The content as the radio holds it, for the file: made on a copy, the forms stay as they are. A FileError
+  /// names a value that the tier takes to the forms but not back; no conversion has begun by then.
   std::shared_ptr<Provider> ConvertedToRaw();
+  /// What such an error calls the file.
+  void SetFileName(std::string name) { fileName_ = std::move(name); }
 
   /// What a session shows that opens a file with this content.
   std::shared_ptr<Provider> FormsOf(const Provider& stored);
@@ -87,6 +90,7 @@ class Session {
 
   std::shared_ptr<Provider> provider_;
   TierHost host_;
+  std::string fileName_;
 };
 
 /// A new personality: the schema's defaults, with its model and version written into it.

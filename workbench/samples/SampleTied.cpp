@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <numeric>
 #include <string>
 #include <utility>
@@ -154,13 +155,29 @@ constexpr Column kInBandTones[] = {
     {"75.SIBTMinimumDecodeDuration_k6k", [](RecordNr r) { return 100 + 30 * r; }},
 };
 
+/// Of each Selcall system: the set whose tones a user may choose from, and the hertz of the tone codes.
+struct ToneSet {
+  std::int32_t base;
+  std::array<std::int32_t, 16> hertz;
+};
+constexpr ToneSet kToneSets[] = {
+    {9, {1275, 1400, 1728, 1830, 1981, 2110, 2247, 2433, 571, 631, 697, 770, 852, 941, 1040, 1160}},
+    {3, {1060, 2400, 1160, 1270, 1400, 1530, 1670, 1830, 2000, 2200, 2800, 810, 970, 885, 2600, 680}},
+    {6, {2400, 1160, 1060, 1270, 1400, 1530, 1670, 1830, 2000, 2200, 970, 810, 2800, 885, 680, 2600}},
+    {2, {1981, 1124, 1197, 1275, 1358, 1446, 1540, 1640, 1747, 1860, 1055, 930, 2400, 991, 2110, 2247}},
+};
+
 constexpr Column kSystems[] = {
     {"29.TonePeriod",           [](RecordNr r) { return r == 1 ? 1 : r + 1; }},
     {"29.GapPeriod",            [](RecordNr r) { return std::min(r + 3, 7); }},
     {"29.ThirdToneReset_k6k",   [](RecordNr r) { return r % 2; }},
     {"29.InvalidCallReset_k6k", [](RecordNr r) { return (r + 1) % 2; }},
-    {"31.GroupTone",  [](RecordNr r) { return 10 + r; }},
-    {"31.RepeatTone", [](RecordNr r) { return r == 1 ? 15 : 8 + r; }},
+    // The last system has a standard tone set, with its tones; those of the others are the user's.
+    {"31.GroupTone",  [](RecordNr r) { return r == 4 ? 10 : 10 + r; }},
+    {"31.RepeatTone", [](RecordNr r) { return r == 4 ? 14 : r == 1 ? 15 : 8 + r; }},
+    {"48.SelcallToneSet",         [](RecordNr r) { return kToneSets[r - 1].base; }},
+    {"48.ToneSetBandwidth",       [](RecordNr r) { return r == 4 ? 0 : 1; }},
+    {"48.ToneSetMixingFrequency", [](RecordNr r) { return r == 4 ? 1694 : 1600; }},
     {"32.SignalSystemId",   [](RecordNr r) { return 4 * ((r - 1) / 16) + 2; }},
     {"32.Value",            [](RecordNr r) { return 3 * ((r - 1) % 16) + 5; }},
     {"49.FreeFormSigSysID", [](RecordNr r) { return 4 * ((r - 1) / 7) + 2; }},
@@ -206,10 +223,8 @@ void FillToneSets(Provider& content) {
     content.Set("37.T99ToneSetRemapTable", r, Turned(1, 4, r % 4));
   }
   for (RecordNr r = 1; r <= content.Count(48); ++r) {
-    content.Set("48.CustomFrequencies", r, Series(16, 400 + 10 * r, 217));
-    content.Set("48.ToneSetLowFreq", r, Series(16, 395 + 10 * r, 217));
-    content.Set("48.ToneSetHighFreq", r, Series(16, 405 + 10 * r, 217));
-    content.Set("48.ToneSetRemapTable", r, Turned(0, 16, r));
+    const auto& hertz = kToneSets[r - 1].hertz;
+    content.Set("48.CustomFrequencies", r, Rows({hertz.begin(), hertz.end()}));
   }
 }
 

@@ -63,6 +63,8 @@ constexpr KeyedTable kKeyed[] = {
 struct CodeList { std::int32_t table; std::string_view code; };
 constexpr CodeList kCodeLists[] = {{50, "50.CTCSSfreq"}, {61, "61.DCScodeword"}};
 
+constexpr std::int32_t kStandardToneSets = 74;
+
 constexpr Pointer kPointers[] = {
     {"5.ChannelNetworkId",                  21},
     {"5.RxSubaudibleIndex",                 50, Counts::FromZero, "5.RxSubaudibleType", 1},
@@ -150,7 +152,9 @@ std::string ListOf(const std::vector<std::string>& keys) {
   return list;
 }
 
-bool RecordKeys::IsCodeList(const SchemaTable& table) { return RowOf(kCodeLists, table.number) != nullptr; }
+bool RecordKeys::IsLaidOutAnew(const SchemaTable& table) {
+  return table.number == kStandardToneSets || RowOf(kCodeLists, table.number) != nullptr;
+}
 
 const SchemaTable* RecordKeys::OwnerOf(const SchemaTable& table) const {
   const ParallelTable* parallel = RowOf(kParallel, table.number);

@@ -42,8 +42,9 @@ class RecordKeys {
   /// What a stored pointer points at, "None" for nothing; no value for a field that is no pointer there.
   std::optional<std::string> Target(const SchemaField& field, RecordNr record);
 
-  /// The table only lists the codes that records point at. It holds nothing of its own.
-  static bool IsCodeList(const SchemaTable& table);
+  /// Every save lays the table out anew, from what other records hold (the codes that they point at) or from
+  /// what is the same for all radios. It holds nothing of its own.
+  static bool IsLaidOutAnew(const SchemaTable& table);
 
  private:
   struct TableKeys {

@@ -38,7 +38,7 @@ TEST_F(ComboCommand, RefusesAnUnknownFieldAndAListToCome) {
   EXPECT_EQ(Run({"combo", file, "TapOutTypes"}), ExitCode::CouldNot);
   EXPECT_THAT(messages, HasSubstr("did you mean TapOutType?"));
   EXPECT_EQ(Run({"combo", file, "TapOutType", "0"}), ExitCode::CouldNot);
-  EXPECT_EQ(Run({"combo", file, "CustomFrequencies0"}), ExitCode::CouldNot);
+  EXPECT_EQ(Run({"combo", file, "T99ToneA_k6k"}), ExitCode::CouldNot);
   EXPECT_THAT(messages, HasSubstr("the tier does not support it yet: Object doesn't support this action"));
   EXPECT_EQ(out.str(), "");
 }

@@ -49,7 +49,6 @@ constexpr struct Unknown {
     {57, "55.DigitalIOInputPinID"},
     {59, "59.AudioIOMicLabels"},
     {60, "1118.SelcallIndivCallRxCadence1"},
-    {74, "74.CustomFrequencies"},
 };
 
 class FullSample : public testing::Test {
