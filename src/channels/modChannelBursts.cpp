@@ -9,38 +9,27 @@
 #include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
+#include "selcall/BurstSlots.h"
 #include "selcall/modSelcallMapping.h"
 
 namespace modChannels {
 namespace {
-/// The records of table 30 that hold the bursts of one kind, relative to the first record of the system's
-/// block less 1.
-struct BurstRange {
-  RecordNr first, last;
-};
-constexpr BurstRange kRepeater{2, 6};
-constexpr BurstRange kCallerId{7, 8};
-constexpr BurstRange kTxCall{9, 108};
-constexpr BurstRange kStatus{109, 132};
-constexpr BurstRange kAccessTone{133, 137};
-constexpr BurstRange kLeadIn{138, 142};
-
 struct BurstField {
   std::string_view form, pointer;
-  BurstRange range;
+  Burst kind;
 };
 // clang-format off
 constexpr BurstField kBurstFields[] = {
-    {"5.RepeaterBurstSeq",      "5.RepeaterBurst",       kRepeater},
-    {"5.CallerIDBurstSeq",      "5.CallerIDBurst",       kCallerId},
-    {"5.TXCallBurstSeq",        "5.TXCallBurst",         kTxCall},
-    {"5.StatusBurstSeq",        "5.StatusBurst",         kStatus},
-    {"5.RepeaterAccessToneSeq", "5.RepeaterAccessTone",  kAccessTone},
-    {"5.Lead-In-ToneSeq",       "5.Lead-In-Tone",        kLeadIn},
-    {"76.RepeaterBurstSeq", "76.DSDBM_CHANNEL_SEL_RPT_BURST_INDEX_POINTER", kRepeater},
-    {"76.CallerIDBurstSeq", "76.DSDBM_CHANNEL_SEL_CALLER_ID_INDEX_POINTER", kCallerId},
-    {"76.TXCallBurstSeq",   "76.DSDBM_CHANNEL_SEL_TXCALL_INDEX_POINTER",    kTxCall},
-    {"76.StatusBurstSeq",   "76.DSDBM_CHANNEL_SEL_STATUS_INDEX_POINTER",    kStatus},
+    {"5.RepeaterBurstSeq",      "5.RepeaterBurst",       Burst::Repeater},
+    {"5.CallerIDBurstSeq",      "5.CallerIDBurst",       Burst::CallerId},
+    {"5.TXCallBurstSeq",        "5.TXCallBurst",         Burst::TxCall},
+    {"5.StatusBurstSeq",        "5.StatusBurst",         Burst::Status},
+    {"5.RepeaterAccessToneSeq", "5.RepeaterAccessTone",  Burst::AccessTone},
+    {"5.Lead-In-ToneSeq",       "5.Lead-In-Tone",        Burst::LeadIn},
+    {"76.RepeaterBurstSeq", "76.DSDBM_CHANNEL_SEL_RPT_BURST_INDEX_POINTER", Burst::Repeater},
+    {"76.CallerIDBurstSeq", "76.DSDBM_CHANNEL_SEL_CALLER_ID_INDEX_POINTER", Burst::CallerId},
+    {"76.TXCallBurstSeq",   "76.DSDBM_CHANNEL_SEL_TXCALL_INDEX_POINTER",    Burst::TxCall},
+    {"76.StatusBurstSeq",   "76.DSDBM_CHANNEL_SEL_STATUS_INDEX_POINTER",    Burst::Status},
 };
 // clang-format on
 
@@ -57,15 +46,16 @@ bool IsBurstTable(std::string_view fieldId) {
   return table == "5" || table == "76";
 }
 
-/// The burst that the index points at, as its system shows it. An index that is 0 or lies outside the
-/// table points at nothing.
+/// The burst that the index points at: a status as its system shows it, any other by its tones. An index that
+/// is 0 or lies outside the table points at nothing.
 std::string BurstText(const ProviderRef& provider, std::int32_t index) {
   using namespace modSelcallMapping;
   const FieldRef bursts = provider.Field("30.FixedFormatBurstSeq");
   if (index <= 0 || index >= bursts.RecordCount()) return std::string(kNone);
   const RecordNr burst = index + 1;
-  return MapBurstToUI(provider, GetSigSysRecNrForFixedFormBurst(burst),
-                      NumarrayToString(bursts.Value(burst)));
+  const BurstLayout& layout = BurstLayoutOf(provider);
+  if (layout.KindOf(layout.SlotOf(burst)) == Burst::Status) return BurstToForm(provider, layout, burst);
+  return MapBurstToUI(provider, layout.SystemOf(burst), NumarrayToString(bursts.Value(burst)));
 }
 
 /// The record of table 5 that the field's record belongs to; table 76 names it by its record number.
@@ -98,29 +88,29 @@ RecordNr NetworkOf(const ProviderRef& provider, RecordNr channel) {
   return FallBackToFirstNetwork(provider, channel, number);
 }
 
-/// The records of the system's bursts of one kind; the last range reaches one record past the system's block.
+/// The records of the system's bursts of one kind, as far as the table has them.
 struct BurstRecords {
   RecordNr first, last;
 };
-BurstRecords RecordsOf(const FieldRef& bursts, RecordNr system, const BurstRange& range) {
-  const RecordNr base = (system - 1) * modSelcallMapping::kBurstsPerSystem;
-  return {base + range.first, std::min(base + range.last, bursts.RecordCount())};
+BurstRecords RecordsOf(const ProviderRef& provider, const FieldRef& bursts, RecordNr system, Burst kind) {
+  const BurstLayout& layout = BurstLayoutOf(provider);
+  const RecordNr before = layout.RecordOf(system, layout.OffsetOf(kind));
+  return {before + 1, std::min(before + layout.CountOf(kind), bursts.RecordCount())};
 }
 
 /// The record of the system's burst with that text among those of its kind; 0 for none.
-RecordNr FindBurst(const ProviderRef& provider, RecordNr system, const BurstRange& range,
-                   const std::string& text) {
+RecordNr FindBurst(const ProviderRef& provider, RecordNr system, Burst kind, const std::string& text) {
   const FieldRef bursts = provider.Field("30.UGBurstSeq");
-  const auto [first, last] = RecordsOf(bursts, system, range);
+  const auto [first, last] = RecordsOf(provider, bursts, system, kind);
   for (RecordNr burst = first; burst <= last; ++burst) {
     if (CStr(bursts.Value(burst)) == text) return burst;
   }
   return 0;
 }
 
-std::vector<std::string> TextsInRange(const ProviderRef& provider, RecordNr system, const BurstRange& range) {
+std::vector<std::string> TextsInRange(const ProviderRef& provider, RecordNr system, Burst kind) {
   const FieldRef bursts = provider.Field("30.UGBurstSeq");
-  const auto [first, last] = RecordsOf(bursts, system, range);
+  const auto [first, last] = RecordsOf(provider, bursts, system, kind);
   std::vector<std::string> texts;
   for (RecordNr burst = first; burst <= last; ++burst) {
     std::string text = CStr(bursts.Value(burst));
@@ -130,7 +120,7 @@ std::vector<std::string> TextsInRange(const ProviderRef& provider, RecordNr syst
 }
 
 /// The index that the text stands for on this channel; none when the stored one is to be kept.
-std::optional<std::int32_t> BurstIndex(const ProviderRef& provider, RecordNr channel, const BurstRange& range,
+std::optional<std::int32_t> BurstIndex(const ProviderRef& provider, RecordNr channel, Burst kind,
                                        const std::string& text) {
   const RecordNr network = NetworkOf(provider, channel);
   if (network == 0) return 0;
@@ -138,7 +128,7 @@ std::optional<std::int32_t> BurstIndex(const ProviderRef& provider, RecordNr cha
   const Variant identity = provider.Field("21.NetworkSignallingID").Value(network);
   const RecordNr system =
       modProjectGlobals::SigSysRecordNr(provider, SignallingType::kSelcall, identity, true);
-  const RecordNr burst = system == 0 ? 0 : FindBurst(provider, system, range, text);
+  const RecordNr burst = system == 0 ? 0 : FindBurst(provider, system, kind, text);
   if (burst == 0) return std::nullopt;
   return burst - 1;
 }
@@ -165,7 +155,7 @@ void SetPresetSelcallIndex(const ProviderRef& provider, std::string_view fieldId
     }
     const RecordNr channel = ChannelOf(provider, fieldId, record);
     if (!provider.Table("5").HasRecord(channel)) return;
-    const auto index = BurstIndex(provider, channel, field->range, text);
+    const auto index = BurstIndex(provider, channel, field->kind, text);
     if (index) pointer.SetValue(record, *index);
   });
 }
@@ -189,6 +179,6 @@ std::vector<std::string> BurstsOnOffer(const ProviderRef& provider, std::string_
   if (!identity) return {};
   const RecordNr system =
       modProjectGlobals::SigSysRecordNr(provider, SignallingType::kSelcall, *identity, true);
-  return system == 0 ? std::vector<std::string>() : TextsInRange(provider, system, field->range);
+  return system == 0 ? std::vector<std::string>() : TextsInRange(provider, system, field->kind);
 }
 }  // namespace modChannels

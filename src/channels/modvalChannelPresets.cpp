@@ -7,22 +7,10 @@
 #include "common/Procedure.h"
 #include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
+#include "selcall/BurstSlots.h"
 
 namespace modvalChannels {
 namespace {
-/// The bursts of a channel: the field behind the form's name.
-struct PresetField {
-  std::string_view fieldId, uiid;
-};
-constexpr PresetField kPresets[] = {
-    {"5.RepeaterBurstSeq", "RepeaterBurstIndex_k6k"},
-    {"5.CallerIDBurstSeq", "CallerIDBurstIndex_k6k"},
-    {"5.TXCallBurstSeq", "TXCallBurstIndex_k6k"},
-    {"5.StatusBurstSeq", "StatusBurstIndex_k6k"},
-    {"5.RepeaterAccessToneSeq", "RepeaterAccessToneIndex_k6k"},
-    {"5.Lead-In-ToneSeq", "Lead-In-ToneIndex_k6k"},
-};
-
 /// The bursts that make up a call.
 constexpr std::string_view kCallBursts[] = {"5.TXCallBurstSeq", "5.StatusBurstSeq", "5.RepeaterBurstSeq",
                                             "5.CallerIDBurstSeq"};
@@ -98,7 +86,8 @@ bool ValidatePresetsForAllChannels(const ValidatorRef& validator) {
 
 bool ResetChannelSelcallPresets(FormWrites& writes, RecordNr channel) {
   return Procedure("ResetChannelSelcallPresets", true, [&] {
-    for (const PresetField& preset : kPresets) writes.Set(preset.fieldId, preset.uiid, channel, kNone);
+    for (const BurstFields& burst : kBurstFields)
+      writes.Set(burst.channel, burst.channelUiid, channel, kNone);
     return true;
   });
 }

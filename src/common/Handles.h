@@ -136,6 +136,11 @@ class TableRef {
     static_cast<void>(Ask<RecordNr>(Host(), &Itable::AppendRecord));
     return RecordCount();
   }
+  /// Appends records until the table holds as many as the version allows.
+  void FillToCapacity() const {
+    const RecordNr capacity = MaxRecords();
+    for (RecordNr count = RecordCount(); count < capacity; ++count) AppendRecord();
+  }
   void DeleteRecord(RecordNr record) const {
     static_cast<void>(Ask<RecordNr>(Host(), &Itable::DeleteRecord, record));
   }

@@ -77,14 +77,18 @@ double CDblLocal(std::string_view text) {
   return *number;
 }
 
+std::string Hex(std::int32_t number) {
+  char hex[8];
+  const auto value = static_cast<std::uint32_t>(number);
+  const auto [end, problem] = std::to_chars(std::begin(hex), std::end(hex), value, 16);
+  return UpperCase({hex, end});
+}
+
 std::string ConvertNumericToHex(std::string_view number) {
   std::string digits(number);
   std::erase(digits, ' ');
   if (digits.empty()) return WithEvenLength(digits);
-  char hex[8];
-  const auto value = static_cast<std::uint32_t>(CLng(digits));
-  const auto [end, problem] = std::to_chars(std::begin(hex), std::end(hex), value, 16);
-  return WithEvenLength(UpperCase({hex, end}));
+  return WithEvenLength(Hex(CLng(digits)));
 }
 
 std::string ConvertHexToNumeric(std::string_view hex) {

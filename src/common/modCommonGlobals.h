@@ -19,6 +19,8 @@ std::string LocalizeString(std::string_view text);
 /// The number in a text, written with "." or the user's decimal symbol. Raises 13 for any other text.
 double CDblLocal(std::string_view text);
 
+/// "C" for 12; a negative number is its 32-bit complement.
+std::string Hex(std::int32_t number);
 /// The hexadecimal text of a number in decimal, upper case, with a leading "0" when its length is odd:
 /// "10" is "0A", "" is "00". A negative number is its 32-bit complement.
 std::string ConvertNumericToHex(std::string_view number);

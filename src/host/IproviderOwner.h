@@ -25,6 +25,10 @@ inline constexpr ConversionOrder kToUIOrder[] = {
     {500, 526},  // channel numbers, before the emergency channel is told by its own
     {574, 575},  // the presets of the DTMF systems, before the preset of a channel
     {528, 527},  // the control statuses' identities, before they are laid out for their system
+    {542, 524},  // the systems' identities, before the burst slots are given them
+    {524, 521},  // the burst grids get their rows, then what they show
+    {520, 521},  // the formats, before a status that is told by them
+    {520, 525},
     {521, 535},  // the parts of a free-format sequence, before the whole
 };
 /// By TransformFromUI: `then` reads or appends to what `first` has stored, or `first` reads what `then` mends.

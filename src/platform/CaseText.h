@@ -44,6 +44,13 @@ constexpr std::size_t CharacterCount(std::string_view text) {
   return count;
 }
 
+/// The first character of a UTF-8 text, with the bytes that continue it; empty for no text.
+constexpr std::string_view FirstCharacter(std::string_view text) {
+  std::size_t length = std::size_t{!text.empty()};
+  while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U) ++length;
+  return text.substr(0, length);
+}
+
 inline std::string UpperCase(std::string_view text) {
   std::string upper(text);
   for (char& c : upper) c = UpperChar(c);

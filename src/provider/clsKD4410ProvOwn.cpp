@@ -27,12 +27,6 @@ void InvertPolarities(const ProviderRef& provider) {
   }
 }
 
-void PadToCapacity(const ProviderRef& provider, std::string_view tableId) {
-  const TableRef table = provider.Table(tableId);
-  const RecordNr capacity = table.MaxRecords();
-  for (RecordNr count = table.RecordCount(); count < capacity; ++count) table.AppendRecord();
-}
-
 std::int32_t BandPosition(const ProviderRef& provider) { return CLng(provider.Field("Band_k6k").Value(1)); }
 
 /// What a plain name stands for: its table and its name there.
@@ -89,8 +83,8 @@ Status clsKD4410ProvOwn::PreWriteProcessing(std::shared_ptr<Iprovider> provider,
     Procedure("PreWriteProcessing", [&] {
       const ProviderRef personality(provider);
       const ScopedAutoUpdate silent(personality, false);
-      PadToCapacity(personality, "50");
-      PadToCapacity(personality, "61");
+      personality.Table("50").FillToCapacity();
+      personality.Table("61").FillToCapacity();
       InvertPolarities(personality);
     });
   });

@@ -14,6 +14,7 @@
 #include "radioui/modPersonalityOptions.h"
 #include "radioui/modUIPreferences.h"
 #include "selcall/modFreeFormat.h"
+#include "selcall/modSelcallMapping.h"
 #include "selcall/modToneSets.h"
 #include "signalling/modDTMF.h"
 #include "signalling/modMDC1200.h"
@@ -48,13 +49,11 @@ constexpr Transformation kTransformations[] = {
     {516, modToneSets::SetToneSet,             modToneSets::GetToneSet},
     {517, modToneSets::SetCustomFrequencies,   modToneSets::GetCustomFrequencies},
     {519, modPersonalityOptions::SetSecurityPIN, modPersonalityOptions::GetSecurityPIN},
-    {521, modFreeFormat::SetSelcallTone,       modFreeFormat::GetSelcallTone, "49.FreeFormBurstB_UI"},
-    {521, modFreeFormat::SetSelcallTone,       modFreeFormat::GetSelcallTone, "49.FreeFormBurstR1_UI"},
-    {521, modFreeFormat::SetSelcallTone,       modFreeFormat::GetSelcallTone, "49.FreeFormBurstR2_UI"},
-    {521, modFreeFormat::SetSelcallTone,       modFreeFormat::GetSelcallTone, "49.FreeFormBurstR3_UI"},
-    {521, modFreeFormat::SetSelcallTone,       modFreeFormat::GetSelcallTone, "49.FreeFormStatus_UI"},
+    {520, modSelcallMapping::SetSelcallFormat, modSelcallMapping::GetSelcallFormat},
+    {521, modSelcallMapping::SetSelcallTone,   modSelcallMapping::GetSelcallTone},
     {522, NoAction,                            NoAction},
     {523, NoAction,                            NoAction},
+    {524, NoAction,                            modSelcallMapping::GetUnfilteredGridData},
     {525, SetPresetSelcallIndex,               GetPresetSelcallIndex},
     {526, modChannelIndex::SetChannelIndex, modChannelIndex::GetChannelIndex, "53.ChannelIDTracker"},
     {532, NoAction,                            NoAction},

@@ -26,11 +26,4 @@ void GetFreeFormatSequence(const ProviderRef& provider, std::string_view fieldId
 /// Writes identity, sequence number and monitor flag of a record from its system; nothing when table 29
 /// ends before it.
 void SetFreeFormatFields(const ProviderRef& provider, std::string_view fieldId, RecordNr record);
-
-/// One burst or the status of a record of table 49, whose form field is the raw one's name and "_UI"; any
-/// other field stays as it is. A status of one tone is a decimal number on the form. The way to the form
-/// sets the double-digit box by the length of the status, the way back asks it. Both raise 13 for what is
-/// no tone, and for a status of one digit that is no number.
-void GetSelcallTone(const ProviderRef& provider, std::string_view fieldId, RecordNr record);
-void SetSelcallTone(const ProviderRef& provider, std::string_view fieldId, RecordNr record);
 }  // namespace modFreeFormat

@@ -253,8 +253,8 @@ TEST_F(BurstMapping, PointersShowTheStoredTones) {
   for (const auto& [record, tones] : {std::pair{2, "12A-GV"}, {110, "C"}, {143, "77"}}) {
     provider.Set("30.FixedFormatBurstSeq", record, modSelcallMapping::StringToNumarray(tones));
   }
-  provider.Set("TxFormat_k6k", 1, "RRRRRS");  // a status is shown as stored, whatever the format
-  const std::pair<int, const char*> cases[] = {{0, "None"},   {1, "12A-GV"}, {109, "C"}, {142, "77"},
+  provider.Set("TxFormat_k6k", 1, "RRRRRS");  // a status slot is shown as its system shows it
+  const std::pair<int, const char*> cases[] = {{0, "None"},   {1, "12A-GV"}, {109, "12"}, {142, "77"},
                                                {143, "None"}, {-1, "None"},  {2, ""}};
   for (const auto& [form, pointer, first, last] : kBursts) {
     for (const auto& [index, shown] : cases) {

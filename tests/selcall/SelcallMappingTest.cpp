@@ -4,6 +4,7 @@
 
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
+#include "selcall/BurstSlots.h"
 #include "tests/support/ErrorNumberOf.h"
 
 namespace {
@@ -32,10 +33,15 @@ TEST(Periods, AreLengthsOfTheirCodesAndAnyOtherNumberIsALength) {
     EXPECT_EQ(PeriodMs(period), length) << period;
 }
 
-TEST(FixedFormatBursts, BelongToTheSystemOfTheirBlock) {
-  const std::pair<RecordNr, RecordNr> cases[] = {{1, 0},   {2, 1},   {142, 1}, {143, 2},
-                                                 {283, 2}, {284, 3}, {565, 4}};
-  for (const auto& [burst, system] : cases)
-    EXPECT_EQ(GetSigSysRecNrForFixedFormBurst(burst), system) << burst;
+TEST(BurstSlots, BelongToTheSystemOfTheirBlockInBothLayouts) {
+  const std::tuple<const BurstLayout*, RecordNr, RecordNr, RecordNr> cases[] = {
+      {&kBurstLayout, 1, 0, 0},        {&kBurstLayout, 2, 1, 1},       {&kBurstLayout, 142, 1, 141},
+      {&kBurstLayout, 143, 2, 1},      {&kBurstLayout, 565, 4, 141},   {&kEarlyBurstLayout, 1, 0, 0},
+      {&kEarlyBurstLayout, 52, 1, 51}, {&kEarlyBurstLayout, 53, 2, 1}, {&kEarlyBurstLayout, 205, 4, 51}};
+  for (const auto& [layout, record, system, slot] : cases) {
+    EXPECT_EQ(layout->SystemOf(record), system) << record;
+    EXPECT_EQ(layout->SlotOf(record), slot) << record;
+    EXPECT_EQ(system == 0 ? 1 : layout->RecordOf(system, slot), record);
+  }
 }
 }  // namespace

@@ -49,6 +49,7 @@ TierFixture::TierFixture(std::string_view version)
       provider(*sharedProvider),
       personality(std::make_shared<OpenPersonality>(ProjectSchemas())),
       services(std::make_shared<ApplicationServices>(personality, DATA_FOLDER, AnswerOk)) {
+  provider.Set("39.Databaseversion", 1, provider.GetSchema().Number());
   personality->Open(sharedProvider);
 }
 
