@@ -86,7 +86,7 @@ Status CapitalsOnly(BorderCall& call, Trace::Objects&) {
                                                                                : Real(call);
 }
 Status FailInTheEnd(BorderCall& call, Trace::Objects& objects) {
-  return calls > 100 ? Fail(call, objects) : Real(call);
+  return calls > 20 ? Fail(call, objects) : Real(call);
 }
 Status AskRecordZero(BorderCall& call, Trace::Objects& objects) {
   Variant ignored;
