@@ -83,7 +83,7 @@ RecordNr NetworkOf(const ProviderRef& provider, RecordNr channel) {
   const std::string number = CStr(provider.Field("5.ChannelNetworkIdUI").Value(channel));
   const FieldRef numbers = provider.Field("21.NetworkIDTracker");
   for (const RecordNr network : numbers.Records()) {
-    if (CStr(numbers.Value(network)) == number) return network;
+    if (ReadsAs(numbers.Value(network), number)) return network;
   }
   return FallBackToFirstNetwork(provider, channel, number);
 }
@@ -103,7 +103,7 @@ RecordNr FindBurst(const ProviderRef& provider, RecordNr system, Burst kind, con
   const FieldRef bursts = provider.Field("30.UGBurstSeq");
   const auto [first, last] = RecordsOf(provider, bursts, system, kind);
   for (RecordNr burst = first; burst <= last; ++burst) {
-    if (CStr(bursts.Value(burst)) == text) return burst;
+    if (ReadsAs(bursts.Value(burst), text)) return burst;
   }
   return 0;
 }

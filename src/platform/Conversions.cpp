@@ -33,6 +33,7 @@ double NumberIn(const std::string& text) {
 
 /// For comparisons: never an error. A value that is no number has none.
 std::optional<double> NumberOf(const Variant& value) {
+  if (const auto* number = std::get_if<std::int32_t>(&value)) return *number;
   if (!IsNumeric(value)) return std::nullopt;
   const auto* text = std::get_if<std::string>(&value);
   return text != nullptr ? ParseNumber(*text) : CDbl(value);
@@ -232,6 +233,11 @@ bool SameValue(const Variant& a, const Variant& b) {
   const auto right = NumberOf(b);
   if (left && right) return *left == *right;
   return HasText(a) && HasText(b) && CStr(a) == CStr(b);
+}
+
+bool ReadsAs(const Variant& value, std::string_view text) {
+  if (const auto* stored = std::get_if<std::string>(&value)) return *stored == text;
+  return CStr(value) == text;
 }
 
 bool IsAbove(const Variant& a, const Variant& b) {

@@ -33,6 +33,8 @@ bool IsNumeric(const Variant& value);
 /// Equality of two values from the host: both numeric, as numbers; else as exact text. A number and a
 /// word differ, never an error; arrays equal nothing.
 bool SameValue(const Variant& a, const Variant& b);
+/// Whether CStr of the value is that text, to the letter.
+bool ReadsAs(const Variant& value, std::string_view text);
 /// Whether both are numbers and the first is the greater one.
 bool IsAbove(const Variant& a, const Variant& b);
 /// A number as an integer, what is none as it is.
