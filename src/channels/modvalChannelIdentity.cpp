@@ -1,4 +1,5 @@
 #include "channels/modvalChannels.h"
+#include "common/ChannelNetworks.h"
 #include "common/Messages.h"
 #include "common/Procedure.h"
 #include "common/RadioCodes.h"
@@ -109,12 +110,7 @@ bool ValidateChannelID(const ValidatorRef& validator, RecordNr channel) {
 RecordNr FindChannelsNetworkRecordNr(const ValidatorRef& validator, RecordNr channel) {
   return Procedure("FindChannelsNetworkRecordNr", RecordNr{0}, [&] {
     const ProviderRef provider = validator.CurrentProvider();
-    const Variant number = provider.Field("ChannelNetworkId_k6k").Value(channel);
-    const FieldRef numbers = provider.Field("NetworkID");
-    for (const RecordNr network : numbers.Records()) {
-      if (SameValue(numbers.Value(network), number)) return network;
-    }
-    return numbers.RecordCount();
+    return ChannelNetworks(provider).NetworkOf(channel);
   });
 }
 }  // namespace modvalChannels

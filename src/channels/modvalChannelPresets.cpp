@@ -3,6 +3,7 @@
 #include <string>
 
 #include "channels/modvalChannels.h"
+#include "common/ChannelNetworks.h"
 #include "common/Messages.h"
 #include "common/Procedure.h"
 #include "common/modProjectGlobals.h"
@@ -94,13 +95,8 @@ bool ResetChannelSelcallPresets(FormWrites& writes, RecordNr channel) {
 
 RecordNr FindChannelsSignallingRecordNr(const ValidatorRef& validator, RecordNr channel) {
   return Procedure("FindChannelsSignallingRecordNr", RecordNr{0}, [&]() -> RecordNr {
-    const RecordNr network = FindChannelsNetworkRecordNr(validator, channel);
     const ProviderRef provider = validator.CurrentProvider();
-    if (network == 0 || CLng(provider.Field("SignallingType").Value(network)) != SignallingType::kSelcall) {
-      return 0;
-    }
-    const Variant identity = provider.Field("NetworkSignallingID").Value(network);
-    return modProjectGlobals::SigSysRecordNr(provider, SignallingType::kSelcall, identity, true);
+    return ChannelNetworks(provider).SelcallSystemOf(FindChannelsNetworkRecordNr(validator, channel));
   });
 }
 }  // namespace modvalChannels

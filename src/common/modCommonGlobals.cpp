@@ -26,6 +26,10 @@ int HexValue(std::string_view digits) {
   return problem == std::errc() && stop == end && digits.front() != '-' ? value : -1;
 }
 
+[[noreturn]] void RaiseNoTone() {
+  throw Error(ErrorNumber::kInvalidCall, "modCommonGlobals", "Invalid procedure call or argument");
+}
+
 bool IsTargetType(VarType type) {
   return (type >= VarType::Integer && type <= VarType::String) || type == VarType::Boolean;
 }
@@ -75,6 +79,19 @@ double CDblLocal(std::string_view text) {
   const auto number = ParseNumber(text);
   if (!number) RaiseTypeMismatch();
   return *number;
+}
+
+std::string ConvertToneToString(std::int32_t tone) {
+  if (tone < 0 || tone > 15) RaiseNoTone();
+  return Hex(tone);
+}
+
+std::int32_t ConvertToneToNumber(std::string_view tone) {
+  if (tone.empty()) return 0;
+  if (tone.size() > 1) return CLng(tone);
+  const int code = HexValue(tone);
+  if (code < 0) RaiseNoTone();
+  return code;
 }
 
 std::string Hex(std::int32_t number) {

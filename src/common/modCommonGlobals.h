@@ -19,6 +19,12 @@ std::string LocalizeString(std::string_view text);
 /// The number in a text, written with "." or the user's decimal symbol. Raises 13 for any other text.
 double CDblLocal(std::string_view text);
 
+/// The hexadecimal digit of a tone code, "0" to "F". Raises 5 for a number that is none.
+std::string ConvertToneToString(std::int32_t tone);
+/// The tone code of a hexadecimal digit, whatever its case; "" is 0. A longer text is read as a decimal
+/// number. Raises 5 for another character, 13 for a text that is no number.
+std::int32_t ConvertToneToNumber(std::string_view tone);
+
 /// "C" for 12; a negative number is its 32-bit complement.
 std::string Hex(std::int32_t number);
 /// The hexadecimal text of a number in decimal, upper case, with a leading "0" when its length is odd:

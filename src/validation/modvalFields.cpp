@@ -12,6 +12,7 @@
 #include "radioui/modvalGPSFields.h"
 #include "radioui/modvalOptionFields.h"
 #include "radioui/modvalUIPreference.h"
+#include "selcall/modvalBursts.h"
 #include "validation/modvalSwitches.h"
 
 namespace modvalFields {
@@ -85,6 +86,13 @@ constexpr FieldRule kRules[] = {
     {"EMERGENCYCALLALERTTYPE",     OnCurrentNetwork<ValidateAlertType>},
     {"DEFERREDCALLING_K6K",        OnCurrentNetwork<ValidateDeferredCalling>},
     {"CWIDENABLED",                OnCurrentNetwork<SwitchesAlone>},
+    {"CURRENTSELCALLNUMBER",       modvalBursts::ValidateCurrentSelcallNumber},
+    {"BURSTSEQUENCE0_K6K",         modvalBursts::ValidateBurstSequence},
+    {"BURSTSEQUENCE1_K6K",         modvalBursts::ValidateBurstSequence},
+    {"BURSTSEQUENCE2_K6K",         modvalBursts::ValidateBurstSequence},
+    {"BURSTSEQUENCE3_K6K",         modvalBursts::ValidateBurstSequence},
+    {"BURSTSEQUENCE4_K6K",         modvalBursts::ValidateBurstSequence},
+    {"BURSTSEQUENCE5_K6K",         modvalBursts::ValidateBurstSequence},
     {"MDC1200RADIOIDDERIVED",      ValidateMDC1200Identity},
     {"MDC1200ANISEQUENCE",         ValidateMDC1200Identity},
     {"MDC1200EMERGENCYSEQUENCE",   ValidateMDC1200Identity},

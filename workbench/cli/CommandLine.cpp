@@ -7,6 +7,7 @@
 
 #include "platform/Error.h"
 #include "workbench/cli/Verb.h"
+#include "workbench/jobs/Forms.h"
 
 namespace {
 
@@ -29,6 +30,11 @@ void AddOptions(CLI::App& app, Options& options) {
                  "Answers to questions: yes, no, or a file with one answer a line. Without it they are asked "
                  "on a terminal; elsewhere the answer is no")
       ->type_name("yes|no|FILE");
+  for (const Forms::Current& current : Forms::Currents()) {
+    app.add_option("--" + std::string(current.word), options.shown[current.word],
+                   "Have the forms show this " + std::string(current.word) + ", by its record")
+        ->type_name("N");
+  }
   app.add_flag("--factory", options.factory, "Factory mode: limits of sub-bands and of the Tx power relax");
 }
 

@@ -73,7 +73,7 @@ ExitCode Carry(Action action, const RecordArguments& arguments, Workplace& workp
   OpenedFile opened(workplace, arguments.file, messenger);
   Session& session = opened.GetSession();
   const Grid& grid = Grids::Named(opened.Content().GetSchema(), arguments.grid);
-  session.ConvertToForms();
+  opened.ShowForms();
 
   messenger->Clear();
   RecordEdits edits(session, grid);

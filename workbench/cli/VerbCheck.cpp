@@ -79,7 +79,7 @@ ExitCode Check(const CheckArguments& arguments, Workplace& workplace) {
   OpenedFile opened(workplace, arguments.file, messenger);
   PersonalityCheck check(opened.GetSession(), *messenger);
   check.CheckLimits();
-  opened.GetSession().ConvertToForms();
+  opened.ShowForms();
   messenger->Clear();
   check.RunRules();
 

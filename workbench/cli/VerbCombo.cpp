@@ -47,7 +47,7 @@ void Take(Words& words, ComboArguments& given) {
 
 ExitCode Combo(const ComboArguments& arguments, Workplace& workplace) {
   OpenedFile opened(workplace, arguments.file, workplace.Messenger());
-  opened.GetSession().ConvertToForms();
+  opened.ShowForms();
   const SchemaField& field = TypedNames::FieldNamed(opened.Content().GetSchema(), arguments.uiid);
   const std::string& uiid = field.CommonName();
   const ComboList list = ComboListOf(opened.GetSession().Host(), opened.Content(), uiid, arguments.record);

@@ -109,7 +109,7 @@ ExitCode OneControl(const EnabledArguments& arguments, Workplace& workplace) {
   const SchemaField& field = TypedNames::FieldNamed(opened.Content().GetSchema(), arguments.uiid);
   if (field.uiids.empty()) throw UsageError(field.id + " has no control on a form");
   const std::string& uiid = field.CommonName();
-  session.ConvertToForms();
+  opened.ShowForms();
   ShowRecord(opened.Content(), field.table, arguments.record);
 
   const bool enabled = IsEnabled(session.Host(), uiid, arguments.record);
@@ -145,7 +145,7 @@ ExitCode ManyControls(const Form* form, const EnabledArguments& arguments, Workp
   OpenedFile opened(workplace, arguments.file, workplace.Messenger());
   Session& session = opened.GetSession();
   Provider& content = opened.Content();
-  session.ConvertToForms();
+  opened.ShowForms();
   for (const Form& one : Forms::All()) {
     const bool isMeant = form == nullptr || form == &one;
     if (isMeant && arguments.shown != kCurrent) ShowRecord(content, one.subject, arguments.shown);

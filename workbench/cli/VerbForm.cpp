@@ -88,7 +88,7 @@ ExitCode LeaveForm(const FormArguments& arguments, Workplace& workplace) {
   const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
   OpenedFile opened(workplace, arguments.file, messenger);
   Session& session = opened.GetSession();
-  session.ConvertToForms();
+  opened.ShowForms();
   if (arguments.record != kCurrent) TurnToGiven(session, form, arguments.record);
 
   messenger->Clear();

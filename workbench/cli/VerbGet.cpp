@@ -23,7 +23,7 @@ void Take(Words& words, GetArguments& given) {
 
 ExitCode Get(const GetArguments& arguments, Workplace& workplace) {
   OpenedFile opened(workplace, arguments.file, workplace.Messenger());
-  opened.GetSession().ConvertToForms();
+  opened.ShowForms();
   const Provider& content = opened.Content();
   const SchemaField& field = TypedNames::FieldNamed(content.GetSchema(), arguments.name);
   RecordNr first = 1;

@@ -27,7 +27,7 @@ struct InfoArguments {
 
 ExitCode ShowInfo(const InfoArguments& arguments, Workplace& workplace) {
   OpenedFile opened(workplace, arguments.file, workplace.Messenger());
-  opened.GetSession().ConvertToForms();
+  opened.ShowForms();
   const Provider& content = opened.Content();
   const std::string band = BandOf(opened);
 

@@ -40,7 +40,7 @@ ExitCode MakeNew(const NewArguments& arguments, Workplace& workplace) {
   OpenedFile opened(workplace, std::move(file), NewPersonality(workplace.Schemas(), arguments.version),
                     workplace.Messenger());
   Session& session = opened.GetSession();
-  session.ConvertToForms();
+  opened.ShowForms();
   if (!arguments.band.empty()) {
     // No rule to ask: it would judge channels that are not there yet.
     session.Store(TypedNames::FieldNamed(opened.Content().GetSchema(), "Band_k6k"), 1,

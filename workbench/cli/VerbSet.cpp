@@ -201,13 +201,13 @@ ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
   const SchemaField& field = TypedNames::FieldNamed(opened.Content().GetSchema(), arguments.name);
   const std::string& uiid = EditedName(field, arguments.name);
   ComparedPersonality before{opened.Content().Copy(), nullptr};
-  session.ConvertToForms();
-  before.forms = opened.Content().Copy();
+  opened.ShowForms();
   TypedNames::RequireRecord(opened.Content(), field, arguments.record);
 
   if (!Forms::TurnTo(session, field.table, arguments.record)) {
     throw UsageError("the tier refuses to show record " + std::to_string(arguments.record) + " on the form");
   }
+  before.forms = opened.Content().Copy();
 
   messenger->Clear();
   Edited edited{arguments, field, uiid, session.Edit(field, uiid, arguments.record, arguments.value)};

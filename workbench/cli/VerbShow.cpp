@@ -137,7 +137,7 @@ void Take(Words& words, ShowArguments& given) {
 
 ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
   OpenedFile opened(workplace, arguments.file, workplace.Messenger());
-  opened.GetSession().ConvertToForms();
+  opened.ShowForms();
   const Provider& content = opened.Content();
   for (const View& view : kViews) {
     if (arguments.what != view.name) continue;

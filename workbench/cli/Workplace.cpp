@@ -1,12 +1,16 @@
 #include "workbench/cli/Workplace.h"
 
+#include <optional>
 #include <ostream>
 
 #include "workbench/cli/TextTable.h"
+#include "workbench/files/TabbedFile.h"
 #include "workbench/host/TierLoader.h"
+#include "workbench/jobs/Forms.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
+#include "workbench/store/TypedNames.h"
 
 namespace {
 
@@ -54,7 +58,8 @@ std::shared_ptr<RecordingMessenger> Workplace::Messenger() {
 
 OpenedFile::OpenedFile(Workplace& workplace, const std::string& path,
                        std::shared_ptr<RecordingMessenger> messenger)
-    : schemas_(workplace.Parts().schemas),
+    : options_(workplace.options),
+      schemas_(workplace.Parts().schemas),
       file_(path),
       session_(workplace.Parts(), ReadContent(file_, *schemas_, workplace.options.factory),
                std::move(messenger)) {
@@ -63,10 +68,31 @@ OpenedFile::OpenedFile(Workplace& workplace, const std::string& path,
 
 OpenedFile::OpenedFile(Workplace& workplace, AtomicFile file, std::shared_ptr<Provider> content,
                        std::shared_ptr<RecordingMessenger> messenger)
-    : schemas_(workplace.Parts().schemas),
+    : options_(workplace.options),
+      schemas_(workplace.Parts().schemas),
       file_(std::move(file)),
       session_(workplace.Parts(), std::move(content), std::move(messenger)) {
   session_.SetFileName(file_.Name());
+}
+
+void OpenedFile::ShowForms() {
+  session_.ConvertToForms();
+  const Schema& schema = Content().GetSchema();
+  for (const Forms::Current& current : Forms::Currents()) {
+    const auto given = options_.shown.find(current.word);
+    if (given == options_.shown.end() || given->second.empty()) continue;
+    const SchemaTable& table = *schema.FindTable(current.tables.front());
+    const std::optional<std::int32_t> record = ParseInteger(given->second);
+    const RecordNr count = Content().Count(table);
+    if (!record || *record < 1 || *record > count) {
+      throw UsageError("--" + std::string(current.word) + " " + given->second +
+                       ": there is no such record; table " + std::to_string(table.number) + " (" +
+                       table.title + ") has " + std::to_string(count));
+    }
+    if (!Forms::TurnTo(session_, table.number, *record)) {
+      throw UsageError("the tier refuses to show record " + given->second + " of " + table.title);
+    }
+  }
 }
 
 std::string OpenedFile::Document() {

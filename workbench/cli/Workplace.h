@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -28,6 +29,8 @@ struct Options {
   std::string data;
   std::string answer;
   bool factory = false;
+  std::map<std::string_view, std::string>
+      shown;  ///< the record that the forms show, by the words of Forms::Currents
 };
 
 /// What the commands of one process share: options, output and what is costly to make twice.
@@ -93,10 +96,15 @@ class OpenedFile {
   void Save() { Save(Document()); }
   void Save(const std::string& document) { file_.Write(document); }
 
+  /// What follows the opening: the content as the forms show it, turned to the records that the options name.
+  /// A UsageError for one that is not there.
+  void ShowForms();
+
   Session& GetSession() { return session_; }
   Provider& Content() { return session_.Content(); }
 
  private:
+  const Options& options_;
   std::shared_ptr<const SchemaFiles> schemas_;
   AtomicFile file_;
   Session session_;

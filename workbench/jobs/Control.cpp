@@ -13,6 +13,7 @@
 #include "workbench/files/TabbedFile.h"
 #include "workbench/files/Utf8.h"
 #include "workbench/jobs/ComboList.h"
+#include "workbench/jobs/Forms.h"
 #include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
@@ -39,8 +40,16 @@ std::string TextRefusal(std::string_view typed) {
          UpperCase(std::string_view(code, end)) + ")";
 }
 
+/// A sequence of tones takes a word for no tones, too.
+bool IsWordForNone(const SchemaField& field, std::string_view typed) {
+  constexpr std::int32_t kToneSequence = 521;  // the conversion that reads the words
+  return field.transform == kToneSequence && Forms::ViewedBy(field.table) == nullptr &&
+         (EqualsIgnoringCase(typed, "None") || EqualsIgnoringCase(typed, "Undefined"));
+}
+
 /// In capitals where the field knows no other letters.
 Entry TextEntered(const SchemaField& field, std::string_view typed) {
+  if (IsWordForNone(field, typed)) return HandOn("");
   const bool hasAlphabet = !field.validation.empty();
   std::string text = hasAlphabet ? UpperCase(typed) : std::string(typed);
   if (hasAlphabet && text.find_first_not_of(field.validation) != std::string::npos) {

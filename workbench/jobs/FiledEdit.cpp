@@ -4,6 +4,7 @@
 
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
+#include "workbench/jobs/Forms.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 
@@ -146,6 +147,10 @@ std::vector<const SchemaTable*> LaidOutAnew(const FiledEdit& edit) {
 }
 
 std::optional<LostValue> LostValueOf(const FiledEdit& edit) {
+  if (Forms::IsPointer(edit.field)) {  // no file holds what the forms show
+    const Variant& before = edit.before.forms->Get(edit.field, edit.record);
+    return LostValue{&edit.field, edit.record, before, edit.forms.Get(edit.field, edit.record), before};
+  }
   if (auto lost = LostIn(edit, edit.field, edit.record)) return lost;
   for (const Change& change : edit.others) {
     if (change.field == nullptr || !IsOnForms(*change.field)) continue;

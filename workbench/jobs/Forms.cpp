@@ -44,30 +44,40 @@ constexpr Form kForms[] = {
     {.names = {"USRCTLTYPE99"}, .title = "Two-Tone Options", .grid = "Type99", .subject = 37},
 };
 
-/// A field with the number of the record that the forms show.
-struct Pointer {
-  std::string_view field;
-  std::span<const std::int32_t> tables;  // that it counts the records of; of the subject itself, then beside it
-};
-constexpr Pointer kPointers[] = {
-    {"CurrentChannelNr",        kTables<5>},
-    {"CurrentNetworkNr",        kTables<21, 36, 53, 67, 72, 75, 77, 78>},
-    {"CurrentScanGroupNr",      kTables<16>},
-    {"CurrentSelcallNumber",    kTables<29, 31, 48>},
-    {"CurrentDTMFNr",           kTables<64>},
-    {"CurrentType99Nr",         kTables<37>},
-    {"CurrentFreeFormRecordNr", kTables<49>},
+constexpr Forms::Current kCurrents[] = {
+    {"channel",     "CurrentChannelNr",        kTables<5>},
+    {"network",     "CurrentNetworkNr",        kTables<21, 36, 53, 67, 72, 75, 77, 78>},
+    {"group",       "CurrentScanGroupNr",      kTables<16>},
+    {"selcall",     "CurrentSelcallNumber",    kTables<29, 31, 48>,
+                    kTables<1101, 1102, 1103, 1104, 1105, 1106, 1115>},
+    {"dtmf",        "CurrentDTMFNr",           kTables<64>},
+    {"two-tone",    "CurrentType99Nr",         kTables<37>},
+    {"mdc1200",     "CurrentMDC1200Nr",        kTables<80>},
+    {"free-format", "CurrentFreeFormRecordNr", kTables<49>},
 };
 // clang-format on
+
+constexpr std::int32_t kSelcallSystems = 29;
+constexpr std::int32_t kFreeFormatSequences = 49;
+constexpr RecordNr kSequencesPerSystem = 7;
 
 bool IsOneOf(std::int32_t table, std::span<const std::int32_t> tables) {
   return std::ranges::find(tables, table) != tables.end();
 }
 
-const Pointer* FindPointer(std::int32_t table) {
-  const auto* pointer =
-      std::ranges::find_if(kPointers, [&](const Pointer& one) { return IsOneOf(table, one.tables); });
-  return pointer == std::end(kPointers) ? nullptr : pointer;
+const Forms::Current* FindCurrent(std::int32_t table) {
+  const auto* current =
+      std::ranges::find_if(kCurrents, [&](const Forms::Current& one) { return IsOneOf(table, one.tables); });
+  return current == std::end(kCurrents) ? nullptr : current;
+}
+
+/// Asks the rule of the pointer on the content that the tier has open.
+bool Turn(const TierHost& host, Provider& content, const SchemaField& pointer, RecordNr record) {
+  Variant value = record;
+  Boolean accepted = kFalse;
+  host.Require(host.Validator().ValidateByUIID(pointer.CommonName(), value, 1, accepted));
+  if (accepted != kFalse) content.Set(pointer, 1, value);
+  return accepted != kFalse;
 }
 
 bool HoldsWhateverTheGrid(const Form& form, const Control& control) {
@@ -138,14 +148,42 @@ const Form* FormOf(const Control& control) {
   return form == std::end(kForms) ? nullptr : form;
 }
 
+std::span<const Current> Currents() { return kCurrents; }
+
+bool IsPointer(const SchemaField& field) {
+  return std::ranges::any_of(kCurrents,
+                             [&](const Current& one) { return EqualsIgnoringCase(one.field, field.Name()); });
+}
+
+const Current* ViewedBy(std::int32_t table) {
+  const auto* current =
+      std::ranges::find_if(kCurrents, [&](const Current& one) { return IsOneOf(table, one.views); });
+  return current == std::end(kCurrents) ? nullptr : current;
+}
+
+void FillViews(Session& session, const Current& current) {
+  Provider& content = session.Content();
+  const SchemaField& pointer = content.FieldOf(current.field);
+  Turn(session.Host(), content, pointer, CLng(content.Get(pointer, 1)));
+}
+
+void TurnAlike(const Session& session, Provider& content) {
+  for (const Current& current : kCurrents) {
+    const SchemaField* pointer = content.GetSchema().Find(current.field);
+    if (pointer == nullptr) continue;
+    const RecordNr record = CLng(session.Content().Get(current.field, 1));
+    if (CLng(content.Get(*pointer, 1)) != record) Turn(session.Host(), content, *pointer, record);
+  }
+}
+
 const SchemaField* PointerOf(const Schema& schema, std::int32_t table) {
-  const Pointer* pointer = FindPointer(table);
-  return pointer == nullptr ? nullptr : schema.Find(pointer->field);
+  const Current* current = FindCurrent(table);
+  return current == nullptr ? nullptr : schema.Find(current->field);
 }
 
 std::int32_t SubjectOf(std::int32_t table) {
-  const Pointer* pointer = FindPointer(table);
-  return pointer == nullptr ? table : pointer->tables.front();
+  const Current* current = FindCurrent(table);
+  return current == nullptr ? table : current->tables.front();
 }
 
 RecordNr CurrentRecord(const Provider& content, std::int32_t table) {
@@ -159,14 +197,13 @@ RecordNr RecordCount(const Provider& content, const Form& form) {
 
 bool TurnTo(Session& session, std::int32_t table, RecordNr record) {
   Provider& content = session.Content();
+  if (table == kFreeFormatSequences) {
+    const RecordNr system = (record - 1) / kSequencesPerSystem + 1;
+    if (system <= content.Count(kSelcallSystems) && !TurnTo(session, kSelcallSystems, system)) return false;
+  }
   const SchemaField* pointer = PointerOf(content.GetSchema(), table);
   if (pointer == nullptr || CLng(content.Get(*pointer, 1)) == record) return true;
-  const TierHost& host = session.Host();
-  Variant value = record;
-  Boolean accepted = kFalse;
-  host.Require(host.Validator().ValidateByUIID(pointer->CommonName(), value, 1, accepted));
-  if (accepted != kFalse) content.Set(*pointer, 1, value);
-  return accepted != kFalse;
+  return Turn(session.Host(), content, *pointer, record);
 }
 
 bool MayBeLeft(Session& session, const Form& form) {

@@ -56,6 +56,26 @@ bool Holds(const Form& form, const Control& control);
 /// The first form that holds the control; null for none.
 const Form* FormOf(const Control& control);
 
+/// What the forms show one record of at a time, by the field that holds the number of that record.
+struct Current {
+  std::string_view word;   // by which the command line calls it
+  std::string_view field;  // of one record
+  /// That the number counts the records of; the subject itself comes first.
+  std::span<const std::int32_t> tables;
+  /// That hold what belongs to the record shown, and nothing else. The tier fills them when the forms turn to
+  /// another record; what a user writes there goes to its place by the rule of the field.
+  std::span<const std::int32_t> views = {};
+};
+std::span<const Current> Currents();
+/// Whether the field holds the number of a record shown.
+bool IsPointer(const SchemaField& field);
+/// The subject of a view; null for a table that is none.
+const Current* ViewedBy(std::int32_t table);
+/// Asks the rule of the record shown once more, which fills the views anew.
+void FillViews(Session& session, const Current& current);
+/// Turns another content, which the tier takes for the open one, to the records that the session shows.
+void TurnAlike(const Session& session, Provider& content);
+
 /// The field that holds the number of the record that the forms show of the table; null for a table without
 /// one, which the forms show as a whole.
 const SchemaField* PointerOf(const Schema& schema, std::int32_t table);
@@ -68,7 +88,8 @@ RecordNr CurrentRecord(const Provider& content, std::int32_t table);
 /// How many records the form can show one after the other; 0 also for a form without subject.
 RecordNr RecordCount(const Provider& content, const Form& form);
 /// Turns the forms to a record of the table, as the user would: the tier may reload what belongs to it. False
-/// when the tier refuses; a table that the forms show as a whole needs no turning.
+/// when the tier refuses; a table that the forms show as a whole needs no turning. With a free-format
+/// sequence they turn to its system.
 bool TurnTo(Session& session, std::int32_t table, RecordNr record);
 /// Whether the form may be left as it stands, its list refreshed.
 bool MayBeLeft(Session& session, const Form& form);

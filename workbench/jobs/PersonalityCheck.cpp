@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "platform/Conversions.h"
+#include "workbench/jobs/BurstSlots.h"
 #include "workbench/jobs/Forms.h"
 #include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
@@ -76,23 +77,54 @@ void PersonalityCheck::RunRules() {
 
 void PersonalityCheck::RunRule(const SchemaField& field, const std::string& uiid) {
   if (std::ranges::find(kRulesOfChange, uiid) != std::end(kRulesOfChange)) return;
+  if (Forms::ViewedBy(field.table) != nullptr) return RunRuleOfView(field, uiid);
+  const SchemaTable& table = session_.Content().GetSchema().TableOf(field);
+  const RecordNr count = session_.Content().Count(table);
+  for (RecordNr record = 1; record <= count; ++record) {
+    // Rules read the fields beside the one that they judge from the record that the form shows.
+    RunRule(field, uiid, record, {}, [&] { Forms::TurnTo(session_, field.table, record); });
+  }
+}
+
+template <typename Prepare>
+void PersonalityCheck::RunRule(const SchemaField& field, const std::string& uiid, RecordNr record,
+                               const std::string& identity, Prepare prepare) {
   Provider& content = session_.Content();
   TierHost& host = session_.Host();
-  const RecordNr count = content.Count(content.GetSchema().TableOf(field));
-  for (RecordNr record = 1; record <= count; ++record) {
-    Journal journal(content);
-    // Rules read the fields beside the one that they judge from the record that the form shows.
-    Forms::TurnTo(session_, field.table, record);
-    Variant value = content.Get(field, record);
-    Boolean accepted = kFalse;
-    host.Require(host.Validator().ValidateByUIID(uiid, value, record, accepted));
-    journal.Rollback();
-    if (accepted == kFalse || !messenger_.Boxes().empty()) {
-      Collect(Origin(field, uiid, session_.LabelOf(uiid), record, content.Get(field, record)),
-              accepted != kFalse, "The value is refused without a message.");
-    }
-    messenger_.Clear();
+  Journal journal(content);
+  Variant value = content.Get(field, record);
+  prepare();
+  Boolean accepted = kFalse;
+  host.Require(host.Validator().ValidateByUIID(uiid, value, record, accepted));
+  journal.Rollback();
+  if (accepted == kFalse || !messenger_.Boxes().empty()) {
+    Finding origin = Origin(field, uiid, session_.LabelOf(uiid), record, content.Get(field, record));
+    if (!identity.empty()) origin.identity = identity;
+    Collect(origin, accepted != kFalse, "The value is refused without a message.");
   }
+  messenger_.Clear();
+}
+
+void PersonalityCheck::RunRuleOfView(const SchemaField& field, const std::string& uiid) {
+  Provider& content = session_.Content();
+  const Schema& schema = content.GetSchema();
+  const std::int32_t subject = Forms::ViewedBy(field.table)->tables.front();
+  const RecordNr shown = Forms::CurrentRecord(content, subject);
+  for (RecordNr record = 1; record <= content.Count(subject); ++record) {
+    Forms::TurnTo(session_, subject, record);
+    const std::vector<RecordNr> slots = BurstSlots::Of(content, field.table, record);
+    for (RecordNr row = 1; row <= content.Count(field.table); ++row) {
+      const bool isUnused = field.type == FieldType::Text && CStr(content.Get(field, row)).empty();
+      if (isUnused) continue;
+      // A burst is compared with all of its kind: it is not to meet itself.
+      RunRule(field, uiid, row, IdentityOf(*schema.FindTable(subject), record), [&] {
+        if (slots.empty()) return;
+        content.Set(field, row, "");
+        if (row <= std::ssize(slots)) content.Set("UGBurstSeq", slots[static_cast<std::size_t>(row - 1)], "");
+      });
+    }
+  }
+  Forms::TurnTo(session_, subject, shown);
 }
 
 void PersonalityCheck::NoteToldTexts() {
@@ -156,7 +188,8 @@ void PersonalityCheck::Collect(const Finding& origin, bool accepted, std::string
 
 void PersonalityCheck::Add(Finding finding) {
   if (told_.contains(finding.text)) return;
-  if (!seen_.emplace(finding.rule, finding.table, finding.record, finding.text).second) return;
+  if (!seen_.emplace(finding.rule, finding.table, finding.record, finding.identity, finding.text).second)
+    return;
   findings_.push_back(std::move(finding));
 }
 

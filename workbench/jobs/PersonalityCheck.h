@@ -70,6 +70,12 @@ class PersonalityCheck {
   /// The records of findings that were made before the identities were converted for the forms.
   void NameRecords();
   void RunRule(const SchemaField& field, const std::string& uiid);
+  /// The rule of a record of the field, with what `prepare` does to the content before; both are taken back.
+  template <typename Prepare>
+  void RunRule(const SchemaField& field, const std::string& uiid, RecordNr record,
+               const std::string& identity, Prepare prepare);
+  /// The rule of each row of a view, for each record whose rows it can show.
+  void RunRuleOfView(const SchemaField& field, const std::string& uiid);
   /// All texts that were found so far are told; forms and the rules of a save, which look at fields once
   /// more, do not tell them again.
   void NoteToldTexts();
@@ -87,6 +93,6 @@ class PersonalityCheck {
   Session& session_;
   CheckMessenger& messenger_;
   std::vector<Finding> findings_;
-  std::set<std::tuple<std::string, std::int32_t, RecordNr, std::string>> seen_;
+  std::set<std::tuple<std::string, std::int32_t, RecordNr, std::string, std::string>> seen_;
   std::set<std::string, std::less<>> told_;
 };

@@ -3,6 +3,7 @@
 #include "platform/Conversions.h"
 #include "workbench/files/FileError.h"
 #include "workbench/jobs/Control.h"
+#include "workbench/jobs/Forms.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 
@@ -85,7 +86,11 @@ EditResult Session::Edit(const SchemaField& field, std::string_view uiid, Record
 void Session::Store(const SchemaField& field, RecordNr record, Variant value) {
   provider_->Set(field, record, std::move(value));
   ConvertToRaw(provider_, field, record);
-  ConvertToForm(provider_, field, record);
+  if (const Forms::Current* shown = Forms::ViewedBy(field.table)) {
+    Forms::FillViews(*this, *shown);  // a conversion would show what belongs to the first record
+  } else {
+    ConvertToForm(provider_, field, record);
+  }
 }
 
 bool Session::KeepsRecords(const SchemaTable& table) {
@@ -103,6 +108,7 @@ std::shared_ptr<Provider> Session::FormsOf(const Provider& stored) {
   std::shared_ptr<Provider> forms = stored.StoredCopy();
   host_.UseStore(forms);
   ConvertToForms(forms);
+  Forms::TurnAlike(*this, *forms);
   host_.UseStore(provider_);
   return forms;
 }

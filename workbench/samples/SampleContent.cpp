@@ -18,6 +18,7 @@ struct SlotRange {
 };
 constexpr SlotRange kSlots[] = {{1, 5}, {6, 2}, {8, 100}, {108, 24}, {132, 5}, {137, 5}};
 constexpr std::int32_t kSlotsPerSystem = 141;
+constexpr std::int32_t kSequencesPerSystem = 7;
 
 /// Record 1 of table 30 belongs to no system.
 RecordNr BurstRecord(std::int32_t system, std::int32_t slot) {
@@ -158,10 +159,34 @@ void AddBursts(Provider& content, RecordNr system, std::int32_t number, std::siz
   }
 }
 
+void AddFreeFormat(Provider& content, RecordNr system, std::int32_t number,
+                   const std::vector<std::string>& bursts) {
+  for (std::int32_t place = 0; place < kSequencesPerSystem; ++place) {
+    const RecordNr record = (system - 1) * kSequencesPerSystem + place + 1;
+    const auto index = static_cast<std::size_t>(place);
+    content.Set("49.FreeFormSigSysID", record, number);
+    content.Set("49.FreeFormSeqID", record, place);
+    if (index < bursts.size()) content.Set("49.FreeFormBurstR1", record, Tones(bursts[index]));
+  }
+}
+
+void AddControlStatuses(Provider& content, std::int32_t number, std::int32_t count) {
+  for (std::int32_t type = 0; type < count; ++type) {
+    const RecordNr record = content.Count(32) + 1;
+    content.SetCount(32, record);
+    content.Set("32.SignalSystemId", record, number);
+    content.Set("32.Value", record, type + 1);
+    content.Set("32.Type", record, type);
+    content.Set("32.Rx", record, 1);
+    content.Set("32.Tx", record, type % 2);
+  }
+}
+
 void AddSystems(Provider& content, const std::vector<SelcallSystem>& systems) {
   const auto count = static_cast<std::int32_t>(systems.size());
   for (const std::int32_t table : {29, 31, 48}) content.SetCount(table, count);
   content.SetCount(30, 1 + kSlotsPerSystem * count);
+  content.SetCount(49, kSequencesPerSystem * count);
   content.Set("30.FixedFormatBurstSeq", 1, Tones(""));
   for (RecordNr place = 1; place <= count; ++place) {
     const SelcallSystem& system = systems[static_cast<std::size_t>(place - 1)];
@@ -179,6 +204,8 @@ void AddSystems(Provider& content, const std::vector<SelcallSystem>& systems) {
     for (std::size_t type = 0; type < bursts.size(); ++type) {
       AddBursts(content, place, number, type, bursts[type]);
     }
+    AddFreeFormat(content, place, number, system.freeFormat);
+    AddControlStatuses(content, number, system.controlStatuses);
   }
 }
 

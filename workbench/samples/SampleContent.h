@@ -50,6 +50,8 @@ struct SelcallSystem {
   std::vector<std::string> repeaters, callerIds, txCalls, statuses;
   std::vector<std::string> accessTones = {}, leadIns = {};
   std::int32_t number = 0;
+  std::vector<std::string> freeFormat = {};  // the receiver bursts of the first sequences
+  std::int32_t controlStatuses = 0;          // so many, from the value 1 and the type 0
 };
 /// Each DTMF system has room for so many presets.
 constexpr std::int32_t kPresetsPerSystem = 10;

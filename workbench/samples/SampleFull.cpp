@@ -41,29 +41,49 @@ DTMFSystem FullDTMFSystem(std::int32_t place) {
   return system;
 }
 
-/// `count` bursts of five tones.
-std::vector<std::string> Bursts(const std::string& prefix, std::int32_t count) {
+/// `count` bursts of so many tones.
+std::vector<std::string> Bursts(const std::string& prefix, std::int32_t count, std::size_t tones) {
   std::vector<std::string> bursts;
-  for (std::int32_t i = 1; i <= count; ++i) bursts.push_back(prefix + Digits(i, 5 - prefix.size()));
+  for (std::int32_t i = 1; i <= count; ++i) bursts.push_back(prefix + Digits(i, tones - prefix.size()));
   return bursts;
 }
 
+/// Of one tone each status is a digit, and there are no more of them; of two they are numbers. One is
+/// variable.
+std::vector<std::string> Statuses(std::size_t tones) {
+  std::vector<std::string> statuses = {std::string(tones, 'V')};
+  for (const char digit : std::string_view("0123456789ABCDEF")) {
+    if (tones == 1) statuses.emplace_back(1, digit);
+  }
+  for (std::int32_t i = 1; tones == 2 && i < 24; ++i) statuses.push_back(Digits(4 * i + 3, 2));
+  return statuses;
+}
+/// All systems have so many.
+constexpr std::int32_t kFewestStatuses = 17;
+
 SelcallSystem FullSelcallSystem(std::int32_t place) {
-  constexpr const char* kTxFormats[] = {"BBBBB-RRRRR-CCCCC-SS", "RRRRR-CCCCC-SS", "BBBBB-RRRRR-CCCCC",
-                                        "RRRRR-CCCCC"};
-  constexpr const char* kRxFormats[] = {"RRRRR-CCCCC-SS", "RRRRR-CCCCC", "RRRRR-SS", "RRRRR"};
+  // Every kind of burst, in lengths of their own.
+  struct Format {
+    const char *tx, *rx;
+    std::size_t repeater, txCall, callerId, status;
+  };
+  constexpr Format kFormats[] = {{"BBBBB-RRRRR-CCCCC-SS", "RRRRR-CCCCC-SS", 5, 5, 5, 2},
+                                 {"BBBB-RRRRRR-CCCC-S", "RRRRR-CCCCC", 4, 6, 4, 1},
+                                 {"BBB-CCCC-RRRRR-SS", "RRRRR-SS", 3, 5, 4, 2},
+                                 {"BBBB-RRRRRRR-CCC-S", "RRRRR", 4, 7, 3, 1}};
+  const Format& format = kFormats[place - 1];
   const std::string prefix = std::to_string(place);
-  SelcallSystem system{.txFormat = kTxFormats[place - 1],
-                       .rxFormat = kRxFormats[place - 1],
+  SelcallSystem system{.txFormat = format.tx,
+                       .rxFormat = format.rx,
                        .receive = prefix + "0000",
-                       .repeaters = Bursts(prefix + "9", 5),
-                       .callerIds = {prefix + "0000", prefix + "0001"},
-                       .txCalls = Bursts(prefix + "1", 100),
-                       .statuses = {},
-                       .accessTones = Bursts(prefix + "A", 5),
-                       .leadIns = Bursts(prefix + "E", 5),
+                       .repeaters = Bursts(prefix + "9", 5, format.repeater),
+                       .callerIds = Bursts(prefix, 2, format.callerId),
+                       .txCalls = Bursts(prefix + "1", 100, format.txCall),
+                       .statuses = Statuses(format.status),
+                       .accessTones = Bursts(prefix + "C", 5, 5),
+                       .leadIns = Bursts(prefix + "D", 5, 5),
                        .number = 4 * place - 2};
-  for (std::int32_t i = 1; i <= 24; ++i) system.statuses.push_back(Digits(i, 2));
+  system.txCalls.back().back() = 'G';
   return system;
 }
 
@@ -80,7 +100,7 @@ Channel FullChannel(std::int32_t index, std::int32_t signallingType) {
     channel.txCall = index + 1;
     channel.callerId = index % 2 + 1;
     channel.repeater = index % 5 + 1;
-    channel.status = index % 24 + 1;
+    channel.status = index % kFewestStatuses + 1;
     channel.accessTone = (index + 2) % 5 + 1;
     channel.leadIn = (index + 4) % 5 + 1;
   } else if (signallingType == 2) {
@@ -110,7 +130,7 @@ void AddPresetCalls(Provider& content, const Personality& personality) {
     pointTo("RPT_BURST", Burst::Repeater, record % 5 + 1);
     pointTo("CALLER_ID", Burst::CallerId, record % 2 + 1);
     pointTo("TXCALL", Burst::TxCall, record);
-    pointTo("STATUS", Burst::Status, record % 24 + 1);
+    pointTo("STATUS", Burst::Status, record % kFewestStatuses + 1);
   }
 }
 

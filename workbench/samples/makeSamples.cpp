@@ -122,23 +122,33 @@ Personality CityFleet() {
                    .systems = {},
                    .channels = {},
                    .gps = true};
+  // Dispatch, 21001: thirty vehicles, the depots in the north, east and south, a group of ten vehicles each,
+  // all.
   city.systems.push_back({.txFormat = "RRRRR-CCCCC",
                           .rxFormat = "RRRRR",
                           .receive = "21001",
                           .repeaters = {},
                           .callerIds = {"21001", "21002"},
                           .txCalls = {},
-                          .statuses = {}});
+                          .statuses = {},
+                          .freeFormat = {"21001", "21100", "21200", "21300"}});
   for (int vehicle = 11; vehicle <= 40; ++vehicle) {
     city.systems[0].txCalls.push_back("210" + std::to_string(vehicle));
   }
+  for (const char* group : {"21100", "21200", "21300", "2101G", "2102G", "2103G", "21GGG"}) {
+    city.systems[0].txCalls.emplace_back(group);
+  }
+  // Works, 35000: four crews and all of them; at the depot, on the way, at work, finished, back, break, help,
+  // accident, breakdown, emergency, and what the driver types.
   city.systems.push_back({.txFormat = "RRRRR-CCCCC-SS",
-                          .rxFormat = "RRRRR",
+                          .rxFormat = "RRRRR-SS",
                           .receive = "35000",
                           .repeaters = {},
                           .callerIds = {"35000"},
-                          .txCalls = {"35101", "35102", "35103", "35104"},
-                          .statuses = {"01", "02", "15"}});
+                          .txCalls = {"35101", "35102", "35103", "35104", "351GG"},
+                          .statuses = {"01", "02", "15", "03", "04", "05", "20", "30", "31", "99", "VV"},
+                          .freeFormat = {"35000"},
+                          .controlStatuses = 16});
   for (std::int32_t i = 0; i < 20; ++i) {
     Channel channel{.number = i + 1, .rxHertz = 460.0125e6 + i * 25e3, .txHertz = 450.0125e6 + i * 25e3};
     channel.rxTone = channel.txTone = kCodes[i % 5];

@@ -46,7 +46,7 @@ class CheckTest : public testing::Test {
 
 TEST_F(CheckTest, NoChangeIsJudgedThatNobodyMadeAndATextIsToldOnce) {
   Open("city-fleet");
-  content->Set("TxFormat_k6k", 1, "B");
+  content->Set("TxFormat_k6k", 1, "BRRRRR-CCCCC");
   for (const char* burst :
        {"5.TXCallBurstSeq", "5.RepeaterBurstSeq", "5.CallerIDBurstSeq", "5.StatusBurstSeq"}) {
     content->Fill(burst, std::vector<Variant>(20, "None"));

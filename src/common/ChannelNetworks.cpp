@@ -1,0 +1,27 @@
+#include "common/ChannelNetworks.h"
+
+#include <algorithm>
+
+#include "common/modProjectGlobals.h"
+#include "platform/Conversions.h"
+
+ChannelNetworks::ChannelNetworks(const ProviderRef& provider)
+    : provider_(provider),
+      networkOfChannel_(provider.Field("ChannelNetworkId_k6k")),
+      numbers_(provider.Field("NetworkID").Values()) {}
+
+RecordNr ChannelNetworks::NetworkOf(RecordNr channel) const {
+  const Variant number = networkOfChannel_.Value(channel);
+  const auto network =
+      std::ranges::find_if(numbers_, [&](const Variant& one) { return SameValue(one, number); });
+  const auto before = static_cast<RecordNr>(network - numbers_.begin());
+  return network == numbers_.end() ? before : before + 1;
+}
+
+RecordNr ChannelNetworks::SelcallSystemOf(RecordNr network) const {
+  if (network == 0 || CLng(provider_.Field("SignallingType").Value(network)) != SignallingType::kSelcall) {
+    return 0;
+  }
+  const Variant identity = provider_.Field("NetworkSignallingID").Value(network);
+  return modProjectGlobals::SigSysRecordNr(provider_, SignallingType::kSelcall, identity, true);
+}

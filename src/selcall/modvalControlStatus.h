@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "common/ValidatorRef.h"
+
+/// The rules of the control statuses: values of a Selcall system to which the radio ties a function. Table
+/// 1111 holds those of all systems, table 1115 those of the one on the form.
+namespace modvalControlStatus {
+/// In place of a system: all of them in turn.
+inline constexpr RecordNr kEverySystem = -1;
+
+/// Whether the statuses lie in the range that the formats give them: the one that is handed in, else for each
+/// system the Rx and the Tx format of the values that are received and sent. `isFinal`: before a save, where
+/// no question is asked and values that stand twice are refused, too.
+bool ValidateControlStatusTone(const ValidatorRef& validator, std::string_view format, RecordNr system,
+                               bool isFinal);
+/// The same for one system: of that identity, or with a format the system of that record.
+bool ValidateCtrlStatusTonesBySigSys(const ValidatorRef& validator, const Variant& identity,
+                                     std::string_view format, RecordNr system, bool isFinal);
+/// Whether a format with so many status tones has room for the value: 0 to 15 for one, 0 to 99 for two. Any
+/// other number of tones has room for all. A sign does not count.
+bool ValidateRange(std::int32_t statusTones, const Variant& value);
+}  // namespace modvalControlStatus
