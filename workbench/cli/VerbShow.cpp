@@ -9,6 +9,7 @@
 #include "workbench/cli/Report.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
+#include "workbench/jobs/BurstSlots.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/TypedNames.h"
@@ -53,6 +54,7 @@ struct View {
   std::int32_t table;
   std::span<const ViewColumn> columns;
 };
+constexpr std::string_view kSelcall = "selcall";
 constexpr View kViews[] = {{"channels", 5, kChannelColumns}, {"networks", 21, kNetworkColumns}};
 
 std::string Worded(std::string text, ValueNames words) {
@@ -121,24 +123,128 @@ const SchemaTable& TableOfNumber(const Schema& schema, const std::string& text) 
   const bool isNumber = error == std::errc() && end == text.data() + text.size();
   const SchemaTable* table = isNumber ? schema.FindTable(number) : nullptr;
   if (table != nullptr) return *table;
-  throw UsageError("\"" + text + "\" is neither channels nor networks nor a table of version " +
+  throw UsageError("\"" + text + "\" is neither channels nor networks nor selcall nor a table of version " +
                    schema.Version());
 }
 
 struct ShowArguments {
   std::string file;
   std::string what;
+  RecordNr system = 0;
+  bool all = false;
 };
 
 void Take(Words& words, ShowArguments& given) {
   words.Required("FILE", given.file, "The personality");
-  words.Required("WHAT", given.what, "channels, networks, or the number of a table");
+  words.Required("WHAT", given.what, "channels, networks, selcall, or the number of a table");
+  words.OptionalRecord("SYSTEM", given.system, "Of selcall: this system alone, by its record");
+  words.Flag("--all", given.all, "Of selcall: unused bursts, too");
+}
+
+/// A Selcall system with its address book.
+class SystemView {
+ public:
+  SystemView(Session& session, RecordNr record, bool all)
+      : session_(session), record_(record), entries_(BurstSlots::AddressBook(session.Content(), record)) {
+    if (!all) std::erase_if(entries_, [](const BurstSlots::Entry& entry) { return entry.text.empty(); });
+  }
+
+  Json AsJson() const {
+    Json json = {{"record", record_}, {"system", Text("SignalSystemID_k6k")}};
+    for (const auto& [key, uiid] : kFacts) json[std::string(key)] = Text(uiid);
+    Json bursts = Json::List();
+    for (const BurstSlots::Entry& entry : entries_) {
+      Json channels = Json::List();
+      for (const std::string& channel : entry.channels) channels.Add(channel);
+      bursts.Add({{"kind", BurstSlots::kKinds[entry.kind].key},
+                  {"label", LabelOf(entry)},
+                  {"row", entry.row},
+                  {"record", entry.record},
+                  {"burst", entry.text},
+                  {"channels", std::move(channels)}});
+    }
+    json["bursts"] = std::move(bursts);
+    return json;
+  }
+
+  void Print(std::ostream& out) const {
+    out << "Selcall system " << Text("SignalSystemID_k6k") << ", record " << record_ << '\n';
+    TextTable facts({{""}, {""}});
+    for (const auto& [key, uiid] : kFacts) facts.Add({session_.LabelOf(uiid), Text(uiid)});
+    facts.Print(out, 2);
+    for (std::size_t kind = 0; kind < BurstSlots::kKinds.size(); ++kind) Print(kind, out);
+  }
+
+ private:
+  /// By their keys in JSON and their UIIDs.
+  static constexpr std::pair<std::string_view, const char*> kFacts[] = {{"toneSet", "ToneSet"},
+                                                                        {"basedOnToneSet", "BasedOnToneSet"},
+                                                                        {"groupTone", "GroupTone"},
+                                                                        {"repeatTone", "RepeatTone"},
+                                                                        {"txFormat", "TxFormat_k6k"},
+                                                                        {"rxFormat", "RxFormat_k6k"},
+                                                                        {"rxDecode1", "RxDecodeSeq1_k6k"},
+                                                                        {"rxDecode2", "RxDecodeSeq2_k6k"}};
+
+  std::string Text(std::string_view uiid) const {
+    const Provider& content = session_.Content();
+    const bool exists = record_ <= content.Count(content.FieldOf(uiid).table);
+    return exists ? ValueText::At(content, uiid, record_) : std::string();
+  }
+  std::string LabelOf(const BurstSlots::Entry& entry) const {
+    return session_.LabelOf(BurstSlots::kKinds[entry.kind].uiid);
+  }
+
+  void Print(std::size_t kind, std::ostream& out) const {
+    TextTable table({{"", TextTable::Align::Right}, {""}, {""}});
+    bool isEmpty = true;
+    for (const BurstSlots::Entry& entry : entries_) {
+      if (entry.kind != kind) continue;
+      if (isEmpty) out << "  " << LabelOf(entry) << '\n';
+      isEmpty = false;
+      table.Add({std::to_string(entry.row), entry.text,
+                 entry.channels.empty() ? "" : "channel " + ListOf(entry.channels)});
+    }
+    if (!isEmpty) table.Print(out, 4);
+  }
+
+  const Session& session_;
+  RecordNr record_;
+  std::vector<BurstSlots::Entry> entries_;
+};
+
+void ShowSelcall(const ShowArguments& arguments, Session& session, Workplace& workplace) {
+  const SchemaTable& systems = *session.Content().GetSchema().FindTable(29);
+  if (arguments.system > 0) TypedNames::RequireRecord(session.Content(), systems, arguments.system);
+  std::vector<SystemView> views;
+  for (RecordNr record = 1; record <= session.Content().Count(systems); ++record) {
+    if (arguments.system == 0 || arguments.system == record)
+      views.emplace_back(session, record, arguments.all);
+  }
+  workplace.Tell(
+      [&] {
+        Json list = Json::List();
+        for (const SystemView& view : views) list.Add(view.AsJson());
+        return list;
+      },
+      [&](std::ostream& out) {
+        for (const SystemView& view : views) view.Print(out);
+        if (views.empty()) out << "The personality has no Selcall system.\n";
+      });
 }
 
 ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
   OpenedFile opened(workplace, arguments.file, workplace.Messenger());
   opened.ShowForms();
   const Provider& content = opened.Content();
+  const bool isSelcall = arguments.what == kSelcall;
+  if (!isSelcall && (arguments.system > 0 || arguments.all)) {
+    throw UsageError("SYSTEM and --all are words of show FILE selcall");
+  }
+  if (isSelcall) {
+    ShowSelcall(arguments, opened.GetSession(), workplace);
+    return ExitCode::Done;
+  }
   for (const View& view : kViews) {
     if (arguments.what != view.name) continue;
     ShowView(view, content, workplace);
@@ -150,7 +256,9 @@ ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
   return ExitCode::Done;
 }
 
-const Verb kShow({.name = "show", .about = "Show channels, networks or any table of a personality"}, Take,
-                 Show);
+const Verb kShow(
+    {.name = "show",
+     .about = "Show channels, networks, the address books of Selcall or any table of a personality"},
+    Take, Show);
 
 }  // namespace

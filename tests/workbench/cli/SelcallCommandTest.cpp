@@ -1,0 +1,171 @@
+#include <gmock/gmock.h>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/workbench/InProcessCommand.h"
+
+namespace {
+using nlohmann::json;
+using testing::AllOf;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+/// The address books of Selcall at the command line, on a copy of the city's fleet: 37 bursts of system 1, 17
+/// of system 2, whose channels are 13 to 16.
+class SelcallCommands : public InProcessCommand {
+ protected:
+  const std::string file = folder.Write("fleet.json", ContentOf(Sample("city-fleet")));
+  json Told() const { return json::parse(out.str()); }
+  std::string Burst(const char* uiid, const char* row, const char* system) {
+    EXPECT_EQ(Run({"get", file, uiid, row, "--selcall", system}), ExitCode::Done) << messages;
+    return out.str();
+  }
+};
+
+TEST_F(SelcallCommands, ABurstIsEditedInTheSystemThatIsNamedAndItsChannelsAreListed) {
+  EXPECT_EQ(Run({"set", file, "BurstSequence2_k6k", "2", "35999", "--selcall", "2", "--answer", "yes"}),
+            ExitCode::Done);
+  EXPECT_THAT(out.str(), AllOf(HasSubstr("35102 -> 35999\n"), HasSubstr("TXCallBurstIndex_k6k"),
+                               HasSubstr("Saved.\n"), HasSubstr("30.FixedFormatBurstSeq")));
+  EXPECT_EQ(Burst("BurstSequence2_k6k", "2", "2"), "35999\n");
+  EXPECT_EQ(Burst("BurstSequence2_k6k", "2", "1"), "21012\n");
+  EXPECT_EQ(Run({"get", file, "TXCallBurstIndex_k6k", "14"}), ExitCode::Done);
+  EXPECT_EQ(out.str(), "35999\n");
+  EXPECT_EQ(Run({"check", file}), ExitCode::Done) << out.str();
+}
+
+TEST_F(SelcallCommands, WhatIsRefusedLeavesTheFile) {
+  const std::string before = ContentOf(file);
+  const std::tuple<const char*, const char*, const char*, const char*, const char*> cases[] = {
+      {"BurstSequence2_k6k", "2", "35999", "no", "[y/N] No"},
+      {"BurstSequence2_k6k", "2", "", "no", "[y/N] No"},
+      {"BurstSequence2_k6k", "9", "359", "yes", "number of 'R's in the Tx Format"},
+      {"BurstSequence2_k6k", "9", "35E99", "yes", "the repeat tone 'E'"},
+      {"BurstSequence2_k6k", "9", "35101", "yes", "must be unique"},
+      {"BurstSequence3_k6k", "12", "100", "yes", "between 0 and 99 or V"},
+      {"CurrentSelcallNumber", "1", "1", "yes", ""},
+      {"BurstSequence2_k6k", "9",
+       "3\xC3\xA4"
+       "999",
+       "yes", ""},
+      {"BurstSequence4_k6k", "1", "123456789012345678901234567890123", "yes", ""},
+      {"TxFormat_k6k", "2", "RRX", "yes", ""},
+  };
+  for (const auto& [uiid, row, typed, answer, told] : cases) {
+    EXPECT_EQ(Run({"set", file, uiid, row, typed, "--selcall", "2", "--answer", answer}), ExitCode::No)
+        << uiid << typed;
+    EXPECT_THAT(messages, HasSubstr(told));
+    EXPECT_THAT(out.str(), EndsWith("The file is as it was.\n"));
+    EXPECT_TRUE(ContentOf(file) == before);
+  }
+  EXPECT_EQ(Run({"set", file, "BurstSequence5_k6k", "6", "123"}), ExitCode::CouldNot);
+  EXPECT_THAT(messages, HasSubstr("record 6 is outside 1..5, the records of table 1106"));
+}
+
+TEST_F(SelcallCommands, CapitalsAreMadeOfSmallTonesAndAWordForNoneEmptiesASequence) {
+  EXPECT_EQ(Run({"set", file, "FreeFormBurstR1", "1", "1b2"}), ExitCode::Done);
+  EXPECT_THAT(out.str(), HasSubstr("21001 -> 1B2\n"));
+  EXPECT_EQ(Run({"set", file, "RxFormat_k6k", "2", "rrrrr"}), ExitCode::Done);
+  EXPECT_THAT(out.str(), HasSubstr("RRRRR-SS -> RRRRR\n"));
+  EXPECT_EQ(Run({"set", file, "RxDecodeSeq1_k6k", "1", "none"}), ExitCode::Done);
+  EXPECT_THAT(out.str(), HasSubstr("21001 -> \n"));
+}
+
+TEST_F(SelcallCommands, EveryVerbTakesTheRecordsThatItsFormsShow) {
+  for (const char* option : {"--channel", "--network", "--selcall", "--dtmf"}) {
+    EXPECT_EQ(Run({"form", "--list", option, "1"}), ExitCode::Done) << option;
+    EXPECT_EQ(Run({"get", file, "TxPower_k6k", "1", option, "1"}), ExitCode::Done) << option;
+  }
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"--selcall", "3", "--selcall 3: there is no such record; table 29 (Selcall systems) has 2"},
+      {"--selcall", "0", "--selcall 0: "},
+      {"--channel", "x", "--channel x: there is no such record; table 5 (Channels) has 23"},
+      {"--mdc1200", "1", "--mdc1200 1: there is no such record; table 80 "},
+      {"--two-tone", "1", "table 37 "},
+      {"--group", "2", "table 16 "}};
+  for (const auto& [option, number, told] : cases) {
+    for (const char* verb : {"check", "info"}) {
+      EXPECT_EQ(Run({verb, file, option, number}), ExitCode::CouldNot) << option;
+      EXPECT_THAT(messages, HasSubstr(told));
+    }
+  }
+}
+
+TEST_F(SelcallCommands, ShowTellsTheAddressBookAndWhoUsesIt) {
+  EXPECT_EQ(Run({"show", file, "selcall", "2"}), ExitCode::Done);
+  EXPECT_THAT(out.str(), AllOf(StartsWith("Selcall system 2, record 2\n"),
+                               HasSubstr("Tx Format          RRRRR-CCCCC-SS\n"),
+                               HasSubstr("  Tx Call Bursts\n    1  35101  channel 13\n"),
+                               HasSubstr("1  01  channel 13 to 16\n"), Not(HasSubstr("Repeater Bursts"))));
+  EXPECT_EQ(Run({"show", file, "selcall", "--json"}), ExitCode::Done);
+  EXPECT_EQ(Told()[0]["bursts"].size(), 39U);
+  EXPECT_EQ(Told()[1]["bursts"][1]["channels"], json::array({"13"}));
+  EXPECT_EQ(Run({"show", file, "selcall", "--all", "--json"}), ExitCode::Done);
+  EXPECT_EQ(Told()[1]["bursts"].size(), 141U);
+  EXPECT_EQ(Run({"show", file, "selcall", "3"}), ExitCode::CouldNot);
+  EXPECT_EQ(Run({"show", file, "channels", "1"}), ExitCode::CouldNot);
+  EXPECT_EQ(Run({"show", Sample("minimal"), "selcall"}), ExitCode::Done);
+  EXPECT_EQ(out.str(), "The personality has no Selcall system.\n");
+}
+
+TEST_F(SelcallCommands, AChannelIsOfferedTheBurstsOfItsSystem) {
+  EXPECT_EQ(Run({"combo", file, "CallerIDBurstIndex_k6k", "1"}), ExitCode::Done);
+  EXPECT_EQ(out.str(), "None\n21001\n21002\n");
+  EXPECT_EQ(Run({"combo", file, "CallerIDBurstIndex_k6k", "13"}), ExitCode::Done);
+  EXPECT_EQ(out.str(), "None\n35000\n");
+  EXPECT_EQ(Run({"combo", file, "CallerIDBurstIndex_k6k", "17"}), ExitCode::Done);
+  EXPECT_EQ(out.str(), "None\n");
+}
+
+TEST_F(SelcallCommands, CheckJudgesTheBurstsOfEverySystemAndNoneAgainstItself) {
+  nlohmann::ordered_json document = nlohmann::ordered_json::parse(ContentOf(file));
+  nlohmann::ordered_json& bursts = document["tables"]["30"];
+  const auto record = [](int system, int slot) { return (system - 1) * 141 + slot; };
+  bursts[record(1, 9)]["FixedFormatBurstSeq"] =
+      bursts[record(1, 8)]["FixedFormatBurstSeq"];  // row 2 is row 1
+  bursts[record(2, 12)]["FixedFormatBurstSeq"] = {3, 5};
+  folder.Write("fleet.json", document.dump());
+  EXPECT_EQ(Run({"check", file, "--json"}), ExitCode::No);
+  std::vector<std::string> places;
+  const json told = Told();
+  for (const json& finding : told["findings"]) {
+    places.push_back(finding["rule"].get<std::string>() + " " + finding["identity"].get<std::string>() + "/" +
+                     std::to_string(finding["record"].get<int>()));
+  }
+  EXPECT_THAT(places, testing::ElementsAre("BurstSequence2_k6k 1/1", "BurstSequence2_k6k 1/2",
+                                           "BurstSequence2_k6k 2/5"));
+}
+
+TEST_F(SelcallCommands, AMarkOfTheRadioThatNoSaveTakesIsNamedBeforeTheSaveBegins) {
+  nlohmann::ordered_json document = nlohmann::ordered_json::parse(ContentOf(file));
+  document["tables"]["48"][1]["SelcallToneSet"] = 10;
+  const std::string before = document.dump();
+  folder.Write("fleet.json", before);
+  EXPECT_EQ(Run({"check", file}), ExitCode::Done) << out.str();
+  EXPECT_EQ(Run({"set", file, "TxPower_k6k", "1", "2"}), ExitCode::CouldNot);
+  EXPECT_THAT(messages, HasSubstr("fleet.json: ToneSet, record 2: \"10\" is shown but can not be saved"));
+  EXPECT_TRUE(ContentOf(file) == before);
+}
+
+TEST_F(SelcallCommands, AFrequencyIsOneOfItsBaseSet) {
+  EXPECT_EQ(Run({"set", file, "CustomFrequencies0", "1", "1000"}), ExitCode::No);
+  EXPECT_THAT(out.str(), HasSubstr("\"1000\" is not in the list"));
+  EXPECT_EQ(Run({"combo", file, "CustomFrequencies0", "1"}), ExitCode::Done);
+  EXPECT_THAT(out.str(), StartsWith("930\n991\n1055\n"));
+}
+
+/// The list of what every save lays out anew is told apart from the edit.
+TEST_F(SelcallCommands, TheStandardToneSetsAreLaidOutAnewByNobodysEdit) {
+  nlohmann::ordered_json document = nlohmann::ordered_json::parse(ContentOf(file));
+  document["tables"]["74"] = nlohmann::ordered_json::array();
+  folder.Write("fleet.json", document.dump());
+  EXPECT_EQ(Run({"set", file, "TxPower_k6k", "1", "2"}), ExitCode::Done);
+  EXPECT_THAT(
+      out.str(),
+      EndsWith("Channels 1  4 -> 2\nLaid out anew, as by every save: table 74 (Standard tone sets)\n"));
+  EXPECT_EQ(Run({"set", file, "TxPower_k6k", "1", "3", "--json"}), ExitCode::Done);
+  EXPECT_EQ(Told()["laidOutAnew"], json::array());
+}
+}  // namespace
