@@ -54,6 +54,9 @@ BENCHMARK_CAPTURE(RecordBothWays, Network, {21, 36, 53, 67, 72, 75, 77, 78},
                   {.name = "one network record both ways", .limit = 30, .ratio = 4})
     ->Unit(benchmark::kMillisecond);
 
+BENCHMARK_CAPTURE(RecordBothWays, Burst, {30}, {.name = "one burst record both ways", .limit = 2, .ratio = 4})
+    ->Unit(benchmark::kMillisecond);
+
 /// Post-read processing and every conversion to the forms; without the file.
 void Opening(benchmark::State& state) {
   MeasureOpening(state, {.name = "opening, without the file", .limit = 5000, .ratio = 4}, FullPersonality());

@@ -1,6 +1,7 @@
 // What the forms ask of the tier, on the largest personality.
 
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,24 @@ BENCHMARK_CAPTURE(FieldRule, RxFrequency, "RxFreq_k6k",
                   {.name = "field rule: Rx frequency", .limit = 1, .ratio = 20});
 BENCHMARK_CAPTURE(FieldRule, WithoutRule, "NoiseBlanker_k6k",
                   {.name = "field rule: field without one", .limit = 1});
+
+/// On the first Selcall system, which the forms show.
+void SelcallRule(benchmark::State& state, const char* uiid, RecordNr record, const char* typed,
+                 const Figure& figure) {
+  const auto session = NewSession(FullPersonality().Copy());
+  session->ConvertToForms();
+  Measure(
+      state, figure, &session->Content().Monitor(), {[&] {
+        Variant edited = typed;
+        Boolean accepted = kFalse;
+        session->Host().Require(session->Host().Validator().ValidateByUIID(uiid, edited, record, accepted));
+        if (accepted == kFalse) throw std::runtime_error(std::string(uiid) + " is refused");
+      }});
+}
+BENCHMARK_CAPTURE(SelcallRule, Burst, "BurstSequence2_k6k", 99, "17777",
+                  {.name = "field rule: a burst, all channels", .limit = 100});
+BENCHMARK_CAPTURE(SelcallRule, Grids, "CurrentSelcallNumber", 1, "2",
+                  {.name = "burst grids of another system", .limit = 60});
 
 void SignallingType(benchmark::State& state) {
   const auto session = NewSession(FullPersonality().Copy());

@@ -227,6 +227,17 @@ std::string NumarrayToString(const Variant& sequence) {
                    [&](std::string& text) { Decode(sequence, text, AppendTone); });
 }
 
+ArrayObject FormatCodes(std::string_view format) {
+  std::int32_t code = 0;
+  return Coded(format, [&](std::string_view letter) { return code = FormatCode(letter, code); });
+}
+
+std::string FormatText(const Variant& codes) {
+  std::string text;
+  Decode(codes, text, AppendFormatLetter);
+  return text;
+}
+
 std::string MapBurstToUI(const ProviderRef&, RecordNr system, const std::string& text) {
   return system == 0 ? std::string() : text;
 }
@@ -261,7 +272,7 @@ void GetSelcallFormat(const ProviderRef& provider, std::string_view fieldId, Rec
   Procedure("GetSelcallFormat", [&] {
     std::string text;
     const FormatField* field = FindFormat(fieldId, "GetSelcallFormat");
-    if (field != nullptr) Decode(provider.Field(field->raw).Value(record), text, AppendFormatLetter);
+    if (field != nullptr) text = FormatText(provider.Field(field->raw).Value(record));
     provider.Field(fieldId).SetValue(record, text);
   });
 }
@@ -270,10 +281,8 @@ void SetSelcallFormat(const ProviderRef& provider, std::string_view fieldId, Rec
   Procedure("SetSelcallFormat", [&] {
     const FormatField* field = FindFormat(fieldId, "SetSelcallFormat");
     if (field == nullptr) return;
-    std::int32_t code = 0;
     const std::string text = CStr(provider.Field(fieldId).Value(record));
-    const auto nextCode = [&](std::string_view letter) { return code = FormatCode(letter, code); };
-    provider.Field(field->raw).SetValue(record, Coded(text, nextCode));
+    provider.Field(field->raw).SetValue(record, FormatCodes(text));
   });
 }
 

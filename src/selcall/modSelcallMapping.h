@@ -20,6 +20,12 @@ ArrayObject StringToNumarray(std::string_view text);
 /// An empty value is an empty sequence. A code that is no tone stands there in decimal.
 std::string NumarrayToString(const Variant& sequence);
 
+/// The codes of a format. A letter that is none is told, and takes the code of the letter before it, the
+/// first one 0.
+ArrayObject FormatCodes(std::string_view format);
+/// The letters of a format; a code that is none is told and left out.
+std::string FormatText(const Variant& codes);
+
 /// A burst of system 0 has no text.
 std::string MapBurstToUI(const ProviderRef& provider, RecordNr system, const std::string& text);
 std::string MapBurstFromUI(const ProviderRef& provider, RecordNr system, const std::string& text);
