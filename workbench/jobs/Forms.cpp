@@ -167,12 +167,19 @@ void FillViews(Session& session, const Current& current) {
   Turn(session.Host(), content, pointer, CLng(content.Get(pointer, 1)));
 }
 
-void TurnAlike(const Session& session, Provider& content) {
+std::vector<RecordNr> Shown(const Provider& content) {
+  std::vector<RecordNr> records;
+  for (const Current& current : kCurrents) records.push_back(CurrentRecord(content, current.tables.front()));
+  return records;
+}
+
+void Show(const TierHost& host, Provider& content, const std::vector<RecordNr>& records) {
+  auto record = records.begin();
   for (const Current& current : kCurrents) {
     const SchemaField* pointer = content.GetSchema().Find(current.field);
-    if (pointer == nullptr) continue;
-    const RecordNr record = CLng(session.Content().Get(current.field, 1));
-    if (CLng(content.Get(*pointer, 1)) != record) Turn(session.Host(), content, *pointer, record);
+    const bool isShown = pointer == nullptr || CLng(content.Get(*pointer, 1)) == *record;
+    if (!isShown) Turn(host, content, *pointer, *record);
+    ++record;
   }
 }
 

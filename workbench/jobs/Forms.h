@@ -12,6 +12,7 @@
 class Provider;
 class Schema;
 class Session;
+class TierHost;
 struct SchemaField;
 
 /// A form of the host whose check the tier knows.
@@ -73,8 +74,10 @@ bool IsPointer(const SchemaField& field);
 const Current* ViewedBy(std::int32_t table);
 /// Asks the rule of the record shown once more, which fills the views anew.
 void FillViews(Session& session, const Current& current);
-/// Turns another content, which the tier takes for the open one, to the records that the session shows.
-void TurnAlike(const Session& session, Provider& content);
+/// The records that the forms show, in the order of Currents().
+std::vector<RecordNr> Shown(const Provider& content);
+/// Turns a content, which the tier takes for the open one, to such records.
+void Show(const TierHost& host, Provider& content, const std::vector<RecordNr>& records);
 
 /// The field that holds the number of the record that the forms show of the table; null for a table without
 /// one, which the forms show as a whole.

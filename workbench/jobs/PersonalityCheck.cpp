@@ -78,12 +78,15 @@ void PersonalityCheck::RunRules() {
 void PersonalityCheck::RunRule(const SchemaField& field, const std::string& uiid) {
   if (std::ranges::find(kRulesOfChange, uiid) != std::end(kRulesOfChange)) return;
   if (Forms::ViewedBy(field.table) != nullptr) return RunRuleOfView(field, uiid);
-  const SchemaTable& table = session_.Content().GetSchema().TableOf(field);
-  const RecordNr count = session_.Content().Count(table);
+  Provider& content = session_.Content();
+  const std::vector<RecordNr> shown = Forms::Shown(content);
+  const RecordNr count = content.Count(content.GetSchema().TableOf(field));
   for (RecordNr record = 1; record <= count; ++record) {
     // Rules read the fields beside the one that they judge from the record that the form shows.
-    RunRule(field, uiid, record, {}, [&] { Forms::TurnTo(session_, field.table, record); });
+    Forms::TurnTo(session_, field.table, record);
+    RunRule(field, uiid, record, {}, [] {});
   }
+  Forms::Show(session_.Host(), content, shown);
 }
 
 template <typename Prepare>
@@ -109,7 +112,7 @@ void PersonalityCheck::RunRuleOfView(const SchemaField& field, const std::string
   Provider& content = session_.Content();
   const Schema& schema = content.GetSchema();
   const std::int32_t subject = Forms::ViewedBy(field.table)->tables.front();
-  const RecordNr shown = Forms::CurrentRecord(content, subject);
+  const std::vector<RecordNr> shown = Forms::Shown(content);
   for (RecordNr record = 1; record <= content.Count(subject); ++record) {
     Forms::TurnTo(session_, subject, record);
     const std::vector<RecordNr> slots = BurstSlots::Of(content, field.table, record);
@@ -124,7 +127,7 @@ void PersonalityCheck::RunRuleOfView(const SchemaField& field, const std::string
       });
     }
   }
-  Forms::TurnTo(session_, subject, shown);
+  Forms::Show(session_.Host(), content, shown);
 }
 
 void PersonalityCheck::NoteToldTexts() {

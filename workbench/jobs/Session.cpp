@@ -108,7 +108,7 @@ std::shared_ptr<Provider> Session::FormsOf(const Provider& stored) {
   std::shared_ptr<Provider> forms = stored.StoredCopy();
   host_.UseStore(forms);
   ConvertToForms(forms);
-  Forms::TurnAlike(*this, *forms);
+  Forms::Show(host_, *forms, Forms::Shown(*provider_));
   host_.UseStore(provider_);
   return forms;
 }
