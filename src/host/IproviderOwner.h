@@ -92,6 +92,11 @@ class IproviderOwner {
   /// nothing changed. Some conversions reach beyond their record:
   /// - 588 (MDC1200) and 573 (DTMF patches) of record 1 empty the tables that they fill: a host that
   ///   converts record 1 converts all that follow, too.
+  /// - 572 (standard tone sets) lays table 74 out anew, whatever it held.
+  /// - The rows of tables 1101 to 1106 are a view (1107.CurrentSelcallNumber): their rules store what is
+  /// typed, and
+  ///   TransformToUI shows the first system in them. A host that has stored an edit asks the rule of
+  ///   CurrentSelcallNumber for its present value instead of converting the row.
   /// - 500 (channel numbers) and 510 (tones) append to tables 7, 50 and 61, which grow with every edit until
   ///   a conversion of the whole personality lays them out anew (534 empties 50 and 61).
   virtual Status TransformFromUI(std::shared_ptr<Iprovider> provider, std::string_view fieldId,
