@@ -1,6 +1,7 @@
 // What walks the records, on 100 to 3,200 of them: the table tells how each figure grows.
 
 #include <memory>
+#include <stdexcept>
 
 #include "benchmarks/Measure.h"
 #include "benchmarks/Personalities.h"
@@ -46,6 +47,27 @@ void SignallingTypeGrowth(benchmark::State& state) {
   MeasureGrowth(state, "signalling type", TakeSignalling);
 }
 BENCHMARK(SignallingTypeGrowth)->Apply(Doubling);
+
+/// Of a system whose channels are all asked whether they use the burst; none of them does.
+void BurstGrowth(benchmark::State& state) {
+  const auto session = NewSession(ManyChannels(RecordsOf(state)));
+  Provider& content = session->Content();
+  for (const std::int32_t table : {29, 31}) content.SetCount(table, 1);
+  content.SetCount(30, 142);
+  content.Set("TxFormat_k6k", 1, "RRRRR");
+  content.Set("SignalSystemID_k6k", 1, 1);
+  content.Set("SignallingType", 1, 1);
+  content.Set("NetworkSignallingID", 1, 1);
+  content.Set("UGBurstSeq", 9, "54321");
+  Measure(state, {.name = "a burst, all channels"}, &content.Monitor(), {[&] {
+            Variant value("12345");
+            Boolean accepted = kFalse;
+            session->Host().Require(
+                session->Host().Validator().ValidateByUIID("BurstSequence2_k6k", value, 1, accepted));
+            if (accepted == kFalse) throw std::runtime_error("the burst is refused");
+          }});
+}
+BENCHMARK(BurstGrowth)->Apply(Doubling);
 
 void OpeningGrowth(benchmark::State& state) {
   MeasureOpening(state, {.name = "opening"}, *ManyChannels(RecordsOf(state)));

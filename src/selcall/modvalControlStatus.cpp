@@ -21,7 +21,6 @@ struct Formats {
 
 std::int32_t StatusTones(std::string_view format) { return modCommonGlobals::CharCount(format, 'S'); }
 
-/// Of every row, or of every pair of rows, of the system.
 bool HasTwins(const ProviderRef& provider, RecordNr system) {
   const FieldRef systems = provider.Field("1111.SelcallID");
   const FieldRef values = provider.Field("1111.ValueTracker");
@@ -35,19 +34,36 @@ bool HasTwins(const ProviderRef& provider, RecordNr system) {
   return false;
 }
 
-/// Only a format that is asked counts: a value that no format has room for is still one that nobody sends.
-bool IsInRange(const ProviderRef& provider, const Formats& formats, RecordNr row) {
-  const Variant value = provider.Field("1115.ValueTracker").Value(row);
-  const auto fits = [&](std::string_view format) { return ValidateRange(StatusTones(format), value); };
-  const auto isTicked = [&](std::string_view field) { return IsTicked(provider.Field(field).Value(row)); };
-  if (!formats.given.empty() && !fits(formats.given)) return false;
-  if (isTicked("1115.Rx") && !fits(formats.rx)) return false;
-  return !isTicked("1115.Tx") || fits(formats.tx);
-}
+/// The statuses of one system: the rows on the form or, of a system that the form does not show, its rows
+/// among those of all systems. By the rows of another one a sound system would be refused.
+struct Statuses {
+  FieldRef values, rx, tx, systems;
+  RecordNr system;
+  bool areOnForm;
 
-bool AreInRange(const ProviderRef& provider, const Formats& formats) {
-  for (const RecordNr row : provider.Field("1115.ValueTracker").Records()) {
-    if (!IsInRange(provider, formats, row)) return false;
+  Statuses(const ProviderRef& provider, const std::string& table, RecordNr owner, bool onForm)
+      : values(provider.Field(table + ".ValueTracker")),
+        rx(provider.Field(table + ".Rx")),
+        tx(provider.Field(table + ".Tx")),
+        systems(provider.Field(table + ".SelcallID")),
+        system(owner),
+        areOnForm(onForm) {}
+
+  bool Has(RecordNr row) const { return areOnForm || SameValue(systems.Value(row), system); }
+  bool IsInRange(const Formats& formats, RecordNr row) const {
+    const Variant value = values.Value(row);
+    const auto fits = [&](std::string_view format) { return ValidateRange(StatusTones(format), value); };
+    if (!formats.given.empty() && !fits(formats.given)) return false;
+    if (IsTicked(rx.Value(row)) && !fits(formats.rx)) return false;
+    return !IsTicked(tx.Value(row)) || fits(formats.tx);
+  }
+};
+
+bool AreInRange(const ProviderRef& provider, const Formats& formats, RecordNr system) {
+  const bool isOnForm = SameValue(StoredValue(provider, "CurrentSelcallNumber", kOnly), system);
+  const Statuses statuses(provider, isOnForm ? "1115" : "1111", system, isOnForm);
+  for (const RecordNr row : statuses.values.Records()) {
+    if (statuses.Has(row) && !statuses.IsInRange(formats, row)) return false;
   }
   return true;
 }
@@ -88,7 +104,7 @@ bool ValidateCtrlStatusTonesBySigSys(const ValidatorRef& validator, const Varian
           "Two or more Control Status Values in the same Selcall System have the same value. They must be "
           "unique before saving to file or programming a radio.");
     }
-    if (AreInRange(provider, formats)) return true;
+    if (AreInRange(provider, formats, place)) return true;
     const std::string text =
         "One or more Control Status Values are outside of the allowed range. These must be updated before "
         "saving "
@@ -100,6 +116,7 @@ bool ValidateCtrlStatusTonesBySigSys(const ValidatorRef& validator, const Varian
 
 bool ValidateRange(std::int32_t statusTones, const Variant& value) {
   return Procedure("ValidateRange", true, [&] {
+    if (CStr(value).empty()) return true;  // 0
     const auto number = [&](auto ofDigits) {
       return std::abs(IsNumeric(value) ? CDbl(value) : ofDigits(CStr(value)));
     };

@@ -102,6 +102,17 @@ TEST_F(ControlStatus, OutsideItsRangeIsLetThroughOnConsent) {
   EXPECT_FALSE(Validate("BurstSequence2_k6k", "11"));  // a format without status asks the other one
 }
 
+TEST_F(ControlStatus, OfASystemThatTheFormDoesNotShowIsFoundAmongThoseOfAll) {
+  provider.Fill("RxFormat_k6k", {"RR-S", "RR-S"});
+  Tick(0, 0);
+  provider.Fill("1111.SelcallID", {1, 2});  // system 2 is on the form: its row there does not count
+  provider.Fill("1111.ValueTracker", {15, 16});
+  provider.Fill("1111.Rx", {1, 1});
+  EXPECT_TRUE(Passes("", modvalControlStatus::kEverySystem, true));
+  provider.Set("1111.ValueTracker", 1, 16);
+  EXPECT_FALSE(Passes("", modvalControlStatus::kEverySystem, true));
+}
+
 TEST_F(ControlStatus, StandsOnceInASystemBeforeASave) {
   provider.Fill("1111.SelcallID", {1, "2", 2, 1});
   provider.Fill("1111.ValueTracker", {5, 5, 6, 7});
@@ -114,10 +125,10 @@ TEST_F(ControlStatus, StandsOnceInASystemBeforeASave) {
 
 TEST_F(ControlStatus, HasTheRangeOfItsTonesWhateverItsSign) {
   using modvalControlStatus::ValidateRange;
-  const std::tuple<int, const char*, bool> cases[] = {{1, "15", true},   {1, "16", false}, {1, "-16", false},
-                                                      {1, "F", true},    {1, "1F", false}, {2, "99", true},
-                                                      {2, "100", false}, {2, "F", true},   {2, "-100", false},
-                                                      {0, "1000", true}, {3, "x", true}};
+  const std::tuple<int, const char*, bool> cases[] = {
+      {1, "15", true},  {1, "16", false},   {1, "-16", false}, {1, "F", true},
+      {1, "1F", false}, {2, "99", true},    {2, "100", false}, {1, "", true},
+      {2, "F", true},   {2, "-100", false}, {0, "1000", true}, {3, "x", true}};
   for (const auto& [tones, value, holds] : cases)
     EXPECT_EQ(ValidateRange(tones, value), holds) << tones << value;
 }

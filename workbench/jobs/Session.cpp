@@ -145,13 +145,25 @@ std::string Session::LabelOf(const SchemaField& field) const {
 void Session::ConvertToForm(const std::shared_ptr<Provider>& provider, const SchemaField& field,
                             RecordNr record) {
   Boolean converted = kFalse;  // false: the field has no conversion, its value serves as it is
-  host_.Require(host_.Owner().TransformToUI(provider, field.id, record, converted));
+  RequireConverted(host_.Owner().TransformToUI(provider, field.id, record, converted), field, record,
+                   "to the forms");
 }
 
 void Session::ConvertToRaw(const std::shared_ptr<Provider>& provider, const SchemaField& field,
                            RecordNr record) {
   Boolean converted = kFalse;
-  host_.Require(host_.Owner().TransformFromUI(provider, field.id, record, converted));
+  RequireConverted(host_.Owner().TransformFromUI(provider, field.id, record, converted), field, record,
+                   "to the radio");
+}
+
+void Session::RequireConverted(const Status& status, const SchemaField& field, RecordNr record,
+                               const char* way) const {
+  try {
+    host_.Require(status);
+  } catch (const TierFault& fault) {
+    throw TierFault((fileName_.empty() ? "" : fileName_ + ": ") + field.id + ", record " +
+                    std::to_string(record) + ", " + way + ": " + fault.what());
+  }
 }
 
 std::shared_ptr<Provider> NewPersonality(const SchemaFiles& schemas, std::string_view version) {

@@ -87,6 +87,9 @@ class Session {
   void ConvertToForms(const std::shared_ptr<Provider>& provider);
   void ConvertToForm(const std::shared_ptr<Provider>& provider, const SchemaField& field, RecordNr record);
   void ConvertToRaw(const std::shared_ptr<Provider>& provider, const SchemaField& field, RecordNr record);
+  /// As Require of the host, with the place of a fault.
+  void RequireConverted(const Status& status, const SchemaField& field, RecordNr record,
+                        const char* way) const;
 
   std::shared_ptr<Provider> provider_;
   TierHost host_;

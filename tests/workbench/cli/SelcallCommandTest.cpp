@@ -149,6 +149,16 @@ TEST_F(SelcallCommands, AMarkOfTheRadioThatNoSaveTakesIsNamedBeforeTheSaveBegins
   EXPECT_TRUE(ContentOf(file) == before);
 }
 
+TEST_F(SelcallCommands, AFaultOfAConversionNamesItsPlace) {
+  nlohmann::ordered_json document = nlohmann::ordered_json::parse(ContentOf(file));
+  document["tables"]["29"][1]["TxFormat"] = {0, 2};                   // a status of one tone
+  document["tables"]["30"][141 + 109]["FixedFormatBurstSeq"] = {17};  // which "G" is not
+  document["tables"]["5"] = nlohmann::ordered_json::array();
+  folder.Write("fleet.json", document.dump());
+  EXPECT_EQ(Run({"check", file}), ExitCode::Fault);
+  EXPECT_THAT(messages, HasSubstr("fleet.json: 30.UGBurstSeq, record 251, to the forms: the tier met"));
+}
+
 TEST_F(SelcallCommands, AFrequencyIsOneOfItsBaseSet) {
   EXPECT_EQ(Run({"set", file, "CustomFrequencies0", "1", "1000"}), ExitCode::No);
   EXPECT_THAT(out.str(), HasSubstr("\"1000\" is not in the list"));
