@@ -179,7 +179,10 @@ class ProviderRef {
   bool AutoUpdate() const { return Ask<Boolean>(Host(), &Iprovider::AutoUpdate) != kFalse; }
   void SetAutoUpdate(bool state) const { RaiseIfFailed(TrySetAutoUpdate(state)); }
   Status TrySetAutoUpdate(bool state) const { return Host().SetAutoUpdate(ToBoolean(state)); }
-  void ClearTable(std::string_view tableId) const { RaiseIfFailed(Host().ClearTable(tableId, kTrue)); }
+  /// `flag` is true but for the control statuses of the system on the form.
+  void ClearTable(std::string_view tableId, bool flag = true) const {
+    RaiseIfFailed(Host().ClearTable(tableId, ToBoolean(flag)));
+  }
   void RefreshField(std::string_view name) const { RaiseIfFailed(Host().RefreshField(name)); }
   void RefreshValues(std::string_view fieldId) const { RaiseIfFailed(Host().RefreshValues(fieldId)); }
   bool IsNothing() const { return provider_ == nullptr; }

@@ -145,6 +145,11 @@ inline constexpr std::int32_t kSubaudibleOnly = 0;
 inline constexpr std::int32_t kAllMutes = 1;
 }  // namespace MonitorOverrides
 
+namespace GroupFormat {                     ///< GroupFormat
+inline constexpr std::int32_t kSigtec = 0;  ///< group tones stand at the end of a burst
+inline constexpr std::int32_t kOther = 1;
+}  // namespace GroupFormat
+
 namespace EmSignalling {  ///< EmSignallingType
 inline constexpr std::int32_t kNoSignalling = 2;
 }  // namespace EmSignalling

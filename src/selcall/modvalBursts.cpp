@@ -24,7 +24,6 @@ namespace {
 using modSelcallMapping::TxFormatOf;
 
 constexpr std::string_view kBursts = "UGBurstSeq";
-constexpr std::int32_t kSigtec = 0;
 
 /// The edit of a burst: which slot of which system it is.
 struct BurstEdit {
@@ -209,7 +208,7 @@ void TurnGroupToneToG(const BurstEdit& burst) {
 
 /// In the Sigtec format a group tone stands at the end of a burst; the edit stands all the same.
 void WarnOfGroups(const BurstEdit& burst) {
-  if (!HoldsCode(burst.provider, "GroupFormat", kSigtec, burst.system)) return;
+  if (!HoldsCode(burst.provider, "GroupFormat", GroupFormat::kSigtec, burst.system)) return;
   const std::string value = burst.Value();
   const std::size_t first = value.find('G');
   if (first == std::string::npos || value.find_first_not_of('G', first) == std::string::npos) return;
@@ -314,7 +313,8 @@ bool ValidateBurstSequence(FieldEdit& edit) {
     if (!provider.Field(kBursts).HasRecord(record)) return edit.PassUnchanged();
 
     const BurstEdit burst{edit, provider, kind, system, record, TxFormatOf(provider, system)};
-    if (!modvalSelcall::ValidateTxFormat6000(edit.validator, burst.format, system)) return false;
+    if (!modvalSelcall::ValidateTxFormat6000(edit.validator, edit.writes, burst.format, system, false))
+      return false;
     return Trim(burst.Value()).empty() ? Remove(burst) : Replace(burst);
   });
 }

@@ -114,6 +114,10 @@ bool ValidateCtrlStatusTonesBySigSys(const ValidatorRef& validator, const Varian
   });
 }
 
+void DeleteCurrentSystemControlStatuses(const ProviderRef& provider) {
+  Procedure("DeleteCurrentSystemControlStatuses", [&] { provider.ClearTable("1115", false); });
+}
+
 bool ValidateRange(std::int32_t statusTones, const Variant& value) {
   return Procedure("ValidateRange", true, [&] {
     if (CStr(value).empty()) return true;  // 0

@@ -19,6 +19,8 @@ bool ValidateControlStatusTone(const ValidatorRef& validator, std::string_view f
 /// The same for one system: of that identity, or with a format the system of that record.
 bool ValidateCtrlStatusTonesBySigSys(const ValidatorRef& validator, const Variant& identity,
                                      std::string_view format, RecordNr system, bool isFinal);
+/// Empties table 1115.
+void DeleteCurrentSystemControlStatuses(const ProviderRef& provider);
 /// Whether a format with so many status tones has room for the value: 0 to 15 for one, 0 to 99 for two. Any
 /// other number of tones has room for all. A sign does not count.
 bool ValidateRange(std::int32_t statusTones, const Variant& value);

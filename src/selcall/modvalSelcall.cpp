@@ -1,9 +1,11 @@
 #include "selcall/modvalSelcall.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "common/Messages.h"
 #include "common/Procedure.h"
+#include "common/RadioCodes.h"
 #include "common/StoredValues.h"
 #include "common/modCommonGlobals.h"
 #include "platform/CaseText.h"
@@ -15,7 +17,6 @@ namespace {
 using modCommonGlobals::FormatCount;
 using modCommonGlobals::FormatRuns;
 
-constexpr std::string_view kTxFormat = "TxFormat_k6k";
 constexpr std::int32_t kLongestStatus = 2;
 constexpr std::int32_t kLongestGap = 8;
 constexpr std::int32_t kLongestBurst = 12;
@@ -92,6 +93,41 @@ bool AreBurstsInPlace(const ValidatorRef& validator, const Format& format) {
   }
   return true;
 }
+/// A format without status leaves the statuses to the other one.
+bool AreStatusesInRange(const ValidatorRef& validator, const Format& format, std::string_view other,
+                        RecordNr system) {
+  const std::string checked = format.Has('S') ? std::string(format.text)
+                                              : CStr(StoredValue(validator.CurrentProvider(), other, system));
+  return modvalControlStatus::ValidateControlStatusTone(validator, checked, system, false);
+}
+
+void EndThirdToneReset(FieldEdit& edit, const ProviderRef& provider, std::string_view format) {
+  constexpr std::string_view kReset = "ThirdToneReset_k6k";
+  if (!edit.Holds(kReset, kOn, edit.record) || ThirdToneResetValid(provider, edit.record, format)) return;
+  Warn(edit.validator,
+       "Third Tone Monitor Reset requires at least 4 'R's in the Rx Format.  Third Tone Monitor Reset will "
+       "now be "
+       "unchecked.");
+  edit.writes.Set(kReset, edit.record, kOff);
+}
+
+bool MayDeleteStatuses(const ValidatorRef& validator, const ProviderRef& provider) {
+  if (provider.Field("1115.ValueTracker").RecordCount() == 0) return true;
+  if (AskYesNo(validator,
+               "Removing the 'S' burst will cause all control status values for this signalling system to be "
+               "deleted. "
+               "Do you wish to continue?") != Button::Yes) {
+    return false;
+  }
+  modvalControlStatus::DeleteCurrentSystemControlStatuses(provider);
+  return true;
+}
+
+bool HasGroupTone(const ProviderRef& provider, std::string_view field) {
+  const std::vector<Variant> texts = provider.Field(field).Values();
+  return std::ranges::any_of(texts,
+                             [](const Variant& text) { return CStr(text).find('G') != std::string::npos; });
+}
 }  // namespace
 
 bool ValidateSelcallFormat6000(const ValidatorRef& validator, std::string_view text, std::string_view label,
@@ -103,7 +139,8 @@ bool ValidateSelcallFormat6000(const ValidatorRef& validator, std::string_view t
   });
 }
 
-bool ValidateTxFormat6000(const ValidatorRef& validator, std::string_view text, RecordNr system) {
+bool ValidateTxFormat6000(const ValidatorRef& validator, FormWrites& writes, std::string_view text,
+                          RecordNr system, bool checkSequences) {
   return Procedure("ValidateTxFormat6000", true, [&] {
     const ProviderRef provider = validator.CurrentProvider();
     const std::string alphabet = provider.Field(kTxFormat).Validation();
@@ -114,10 +151,57 @@ bool ValidateTxFormat6000(const ValidatorRef& validator, std::string_view text, 
     if (!format.Has('R')) {
       return Refuse(validator, "You must have at least one burst of type 'R' in the Tx Format.");
     }
-    // A format without status leaves the statuses to the other one.
-    const std::string checked =
-        format.Has('S') ? std::string(text) : CStr(StoredValue(provider, "RxFormat_k6k", system));
-    return modvalControlStatus::ValidateControlStatusTone(validator, checked, system, false);
+    if (checkSequences && !TxSequencesValid(validator, writes, text, kCurrentSystem, false)) return false;
+    return AreStatusesInRange(validator, format, kRxFormat, system);
+  });
+}
+
+bool ValidateTxFormat(FieldEdit& edit) {
+  return ValidateTxFormat6000(edit.validator, edit.writes, CStr(edit.value), edit.record, true);
+}
+
+bool ValidateRxFormat6000(FieldEdit& edit) {
+  return Procedure("ValidateRxFormat6000", true, [&] {
+    const ValidatorRef& validator = edit.validator;
+    const ProviderRef provider = validator.CurrentProvider();
+    const std::string text = CStr(edit.value);
+    const std::string alphabet = provider.Field(kRxFormat).Validation();
+    if (!ValidateSelcallFormat6000(validator, text, validator.LabelOf(kRxFormat), alphabet, kLongestStatus)) {
+      return false;
+    }
+    const Format format(text, alphabet);
+    if (!format.Has('R')) {
+      return Refuse(validator, "You must have at least one burst of type 'R' in the Rx Format.");
+    }
+    EndThirdToneReset(edit, provider, text);
+    static_cast<void>(RxSequencesValid(validator, text, kCurrentSystem));
+    if (!format.Has('S') && !MayDeleteStatuses(validator, provider)) return false;
+    return AreStatusesInRange(validator, format, kTxFormat, edit.record);
+  });
+}
+
+bool ValidateThirdToneReset(FieldEdit& edit) {
+  if (!edit.Is(kOn) || ThirdToneResetValid(edit.validator.CurrentProvider(), edit.record, {})) return true;
+  return Refuse(edit.validator, "Third Tone Monitor Reset requires at least 4 'R's in the Rx Format.");
+}
+
+bool ThirdToneResetValid(const ProviderRef& provider, RecordNr system, std::string_view format) {
+  constexpr std::int32_t kFewestTones = 4;
+  const std::string stored =
+      format.empty() ? CStr(StoredValue(provider, kRxFormat, system)) : std::string(format);
+  return modCommonGlobals::CharCount(stored, 'R') >= kFewestTones;  // of all bursts
+}
+
+bool ValidateGroupFormat(FieldEdit& edit) {
+  return Procedure("ValidateGroupFormat", true, [&] {
+    const ProviderRef provider = edit.validator.CurrentProvider();
+    const bool hasGroups = HasGroupTone(provider, "UGBurstSeq") || HasGroupTone(provider, "FreeFormSequence");
+    if (edit.Is(GroupFormat::kOther) || !hasGroups) return true;
+    Warn(edit.validator,
+         "Please be aware for the 'Sigtec' group format: when a group tone 'G' is used in a sequence all "
+         "remaining "
+         "tones of the burst must also be group tones.");
+    return true;
   });
 }
 
@@ -127,6 +211,7 @@ std::int32_t TxBurstLength(const ProviderRef& provider, std::string_view format,
 }
 
 std::string ReplaceGroupToneWithG(std::string text, char from, char to) {
+  if (UpperChar(from) == UpperChar(to)) return text;
   std::ranges::replace_if(
       text, [&](char c) { return UpperChar(c) == UpperChar(from); }, to);
   return text;

@@ -3,21 +3,56 @@
 #include <string>
 #include <string_view>
 
-#include "common/ValidatorRef.h"
+#include "common/FieldEdit.h"
 
-/// The rules of the Selcall systems. A record of table 29 is a system; what belongs to it has its place.
+/// The rules of the Selcall systems: formats and the sequences that they hold. A record of table 29 is a
+/// system; what belongs to it has its place.
 namespace modvalSelcall {
+inline constexpr std::string_view kTxFormat = "TxFormat_k6k";
+inline constexpr std::string_view kRxFormat = "RxFormat_k6k";
+
+/// In place of a system: the one that the forms show.
+inline constexpr RecordNr kCurrentSystem = -1;
+
 /// Whether the format holds together, by itself: runs of its letters, their lengths and places. `longestS` is
 /// the longest status. A refusal is told.
 bool ValidateSelcallFormat6000(const ValidatorRef& validator, std::string_view format, std::string_view label,
                                std::string_view alphabet, std::int32_t longestS);
 
-/// Whether a system may have the Tx format: the format by itself, and with the control statuses on the form.
-bool ValidateTxFormat6000(const ValidatorRef& validator, std::string_view format, RecordNr system);
+/// Whether a system may have the Tx format: the format by itself, on demand with the bursts that the system
+/// shown on the forms has, and with the control statuses on the form.
+bool ValidateTxFormat6000(const ValidatorRef& validator, FormWrites& writes, std::string_view format,
+                          RecordNr system, bool checkSequences);
+/// The same for an edit.
+bool ValidateTxFormat(FieldEdit& edit);
+/// The Rx format of a system. One with too few tones takes the third tone reset away; one without status the
+/// control statuses on the form, on consent. Sequences of another length are told.
+bool ValidateRxFormat6000(FieldEdit& edit);
+/// The third tone reset needs a third tone to count from.
+bool ValidateThirdToneReset(FieldEdit& edit);
+/// Whether the format, without one the system's Rx format, has four receiver tones.
+bool ThirdToneResetValid(const ProviderRef& provider, RecordNr system, std::string_view format);
+
+/// A received sequence against the Rx format of the system on the forms.
+bool ValidateRxDecodeRMRSeq6000(FieldEdit& edit);
+/// Tells the received sequences of a system whose length is not that of the format; false when there are any.
+bool RxSequencesValid(const ValidatorRef& validator, std::string_view format, RecordNr system);
+/// The bursts of a system against a Tx format. Those of a kind that the format lacks go, on consent; of
+/// another length the first is told, before a save as an error.
+bool TxSequencesValid(const ValidatorRef& validator, FormWrites& writes, std::string_view format,
+                      RecordNr system, bool isFinal);
+/// Takes all bursts of a kind away from the system of that identity, and from the channels that use them.
+void CleanupRemovedBurstType(FormWrites& writes, const ProviderRef& provider, std::int32_t type,
+                             const Variant& identity);
+
+/// A group format: the user is told what it asks of bursts with group tones.
+bool ValidateGroupFormat(FieldEdit& edit);
+/// The ANI may not be emptied while an emergency sends it.
+bool ValidateANISequence(FieldEdit& edit);
 
 /// The length of the longest run of a letter in a Tx format; 0 for a letter that its alphabet lacks.
 std::int32_t TxBurstLength(const ProviderRef& provider, std::string_view format, char letter);
 
-/// `text` with `to` for each `from`, whatever its case.
+/// `text` with `to` for each `from`, whatever its case; the same letter in another case stays.
 std::string ReplaceGroupToneWithG(std::string text, char from, char to);
 }  // namespace modvalSelcall

@@ -13,6 +13,7 @@
 #include "radioui/modvalOptionFields.h"
 #include "radioui/modvalUIPreference.h"
 #include "selcall/modvalBursts.h"
+#include "selcall/modvalSelcall.h"
 #include "validation/modvalSwitches.h"
 
 namespace modvalFields {
@@ -87,6 +88,14 @@ constexpr FieldRule kRules[] = {
     {"DEFERREDCALLING_K6K",        OnCurrentNetwork<ValidateDeferredCalling>},
     {"CWIDENABLED",                OnCurrentNetwork<SwitchesAlone>},
     {"CURRENTSELCALLNUMBER",       modvalBursts::ValidateCurrentSelcallNumber},
+    {"RXFORMAT_K6K",               modvalSelcall::ValidateRxFormat6000},
+    {"TXFORMAT_K6K",               modvalSelcall::ValidateTxFormat},
+    {"THIRDTONERESET_K6K",         modvalSelcall::ValidateThirdToneReset},
+    {"RXDECODESEQ1_K6K",           modvalSelcall::ValidateRxDecodeRMRSeq6000},
+    {"RXDECODESEQ2_K6K",           modvalSelcall::ValidateRxDecodeRMRSeq6000},
+    {"RMRBURST_K6K",               modvalSelcall::ValidateRxDecodeRMRSeq6000},
+    {"GROUPFORMAT",                modvalSelcall::ValidateGroupFormat},
+    {"FREEFORMSEQUENCE5",          modvalSelcall::ValidateANISequence},
     {"BURSTSEQUENCE0_K6K",         modvalBursts::ValidateBurstSequence},
     {"BURSTSEQUENCE1_K6K",         modvalBursts::ValidateBurstSequence},
     {"BURSTSEQUENCE2_K6K",         modvalBursts::ValidateBurstSequence},

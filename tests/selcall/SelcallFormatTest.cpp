@@ -12,7 +12,9 @@ class SelcallFormat : public BurstFixture {
   /// "" for a format that stands, else the text of the refusal.
   std::string Refusal(std::string_view format) {
     messenger.Clear();
-    const bool stands = modvalSelcall::ValidateTxFormat6000(ValidatorRef(Tier().get()), format, 2);
+    const ValidatorRef validator(Tier().get());
+    FormWrites writes(validator);
+    const bool stands = modvalSelcall::ValidateTxFormat6000(validator, writes, format, 2, false);
     EXPECT_EQ(stands, messenger.Boxes().empty()) << format;
     return stands ? "" : messenger.Boxes()[0].unfilled;
   }

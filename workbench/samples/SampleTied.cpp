@@ -230,8 +230,8 @@ void FillToneSets(Provider& content) {
 
 void FillSequences(Provider& content) {
   for (RecordNr r = 1; r <= content.Count(29); ++r) {
-    content.Set("29.RxSeqTwo", r, Tones("2F" + std::to_string(100 + r)));
-    content.Set("29.RMRBurst", r, Tones("3A" + std::to_string(200 + r)));
+    content.Set("29.RxSeqTwo", r, Tones("2D" + std::to_string(100 + r)));
+    content.Set("29.RMRBurst", r, Tones("3C" + std::to_string(200 + r)));
   }
   constexpr const char* kStatuses[] = {"07", "V", "C", "VV", "5"};
   for (RecordNr r = 1; r <= content.Count(49); ++r)
