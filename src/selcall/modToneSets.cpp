@@ -18,6 +18,7 @@ using ToneSets::ToneSet;
 
 constexpr std::int32_t kCodes = kToneCodes;
 constexpr std::int32_t kLastCode = kCodes - 1;
+
 /// In the first row, or in any, of the frequencies: it was never set.
 constexpr std::int32_t kNeverSet = 4095;
 /// The tones of a standard set; another pair makes it a user's.
@@ -31,14 +32,9 @@ constexpr std::int32_t kHighest = 2;
 constexpr std::int32_t kCode = 3;
 constexpr std::int32_t kColumns = 4;
 
-constexpr std::array<std::string_view, kToneCodes> kFormFields = {
-    "48.DerivedCustomFrequencies0", "48.DerivedCustomFrequencies1", "48.DerivedCustomFrequencies2",
-    "48.DerivedCustomFrequencies3", "48.DerivedCustomFrequencies4", "48.DerivedCustomFrequencies5",
-    "48.DerivedCustomFrequencies6", "48.DerivedCustomFrequencies7", "48.DerivedCustomFrequencies8",
-    "48.DerivedCustomFrequencies9", "48.DerivedCustomFrequenciesA", "48.DerivedCustomFrequenciesB",
-    "48.DerivedCustomFrequenciesC", "48.DerivedCustomFrequenciesD", "48.DerivedCustomFrequenciesE",
-    "48.DerivedCustomFrequenciesF"};
-std::string_view FormFieldOf(std::int32_t code) { return kFormFields[static_cast<std::size_t>(code)]; }
+std::string_view FormFieldOf(std::int32_t code) {
+  return kFrequencyFields[static_cast<std::size_t>(code)].id;
+}
 
 std::string HexRow(const Tone& tone) {
   char text[32];

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -13,6 +14,30 @@ class XArrayDBObject;
 /// of the tone codes, and beside them limits in ascending order with the code that each belongs to. Record n
 /// of tables 31 and 48 belongs to record n of table 29.
 namespace modToneSets {
+/// The form field of the frequency of a tone code, and what the forms call it.
+struct FrequencyField {
+  std::string_view id, uiid;
+};
+/// In the order of the tone codes.
+inline constexpr std::array<FrequencyField, 16> kFrequencyFields = {{
+    {"48.DerivedCustomFrequencies0", "CustomFrequencies0"},
+    {"48.DerivedCustomFrequencies1", "CustomFrequencies1"},
+    {"48.DerivedCustomFrequencies2", "CustomFrequencies2"},
+    {"48.DerivedCustomFrequencies3", "CustomFrequencies3"},
+    {"48.DerivedCustomFrequencies4", "CustomFrequencies4"},
+    {"48.DerivedCustomFrequencies5", "CustomFrequencies5"},
+    {"48.DerivedCustomFrequencies6", "CustomFrequencies6"},
+    {"48.DerivedCustomFrequencies7", "CustomFrequencies7"},
+    {"48.DerivedCustomFrequencies8", "CustomFrequencies8"},
+    {"48.DerivedCustomFrequencies9", "CustomFrequencies9"},
+    {"48.DerivedCustomFrequenciesA", "CustomFrequenciesA"},
+    {"48.DerivedCustomFrequenciesB", "CustomFrequenciesB"},
+    {"48.DerivedCustomFrequenciesC", "CustomFrequenciesC"},
+    {"48.DerivedCustomFrequenciesD", "CustomFrequenciesD"},
+    {"48.DerivedCustomFrequenciesE", "CustomFrequenciesE"},
+    {"48.DerivedCustomFrequenciesF", "CustomFrequenciesF"},
+}};
+
 /// The rows of a set as hexadecimal texts, four digits a number ("03A2,0370,03C9"), and behind them the
 /// places of the tone codes ("12,3,4"). Empty for a number outside 0 to 9.
 std::vector<std::string> ToneSetData(std::int32_t toneSet);

@@ -14,6 +14,7 @@
 #include "radioui/modvalUIPreference.h"
 #include "selcall/modvalBursts.h"
 #include "selcall/modvalSelcall.h"
+#include "selcall/modvalToneSets.h"
 #include "validation/modvalSwitches.h"
 
 namespace modvalFields {
@@ -90,6 +91,23 @@ constexpr FieldRule kRules[] = {
     {"CURRENTSELCALLNUMBER",       modvalBursts::ValidateCurrentSelcallNumber},
     {"RXFORMAT_K6K",               modvalSelcall::ValidateRxFormat6000},
     {"TXFORMAT_K6K",               modvalSelcall::ValidateTxFormat},
+    {"BASEDONTONESET",             modvalToneSets::ValidateBasedOnToneSet},
+    {"CUSTOMFREQUENCIES0",         modvalToneSets::ValidateCustomFrequencies},
+    {"CUSTOMFREQUENCIES1",         modvalToneSets::ValidateCustomFrequencies},
+    {"CUSTOMFREQUENCIES2",         modvalToneSets::ValidateCustomFrequencies},
+    {"CUSTOMFREQUENCIES3",         modvalToneSets::ValidateCustomFrequencies},
+    {"CUSTOMFREQUENCIES4",         modvalToneSets::ValidateCustomFrequencies},
+    {"CUSTOMFREQUENCIES5",         modvalToneSets::ValidateCustomFrequencies},
+    {"CUSTOMFREQUENCIES6",         modvalToneSets::ValidateCustomFrequencies},
+    {"CUSTOMFREQUENCIES7",         modvalToneSets::ValidateCustomFrequencies},
+    {"CUSTOMFREQUENCIES8",         modvalToneSets::ValidateCustomFrequencies},
+    {"CUSTOMFREQUENCIES9",         modvalToneSets::ValidateCustomFrequencies},
+    {"CUSTOMFREQUENCIESA",         modvalToneSets::ValidateCustomFrequencies},
+    {"CUSTOMFREQUENCIESB",         modvalToneSets::ValidateCustomFrequencies},
+    {"CUSTOMFREQUENCIESC",         modvalToneSets::ValidateCustomFrequencies},
+    {"CUSTOMFREQUENCIESD",         modvalToneSets::ValidateCustomFrequencies},
+    {"CUSTOMFREQUENCIESE",         modvalToneSets::ValidateCustomFrequencies},
+    {"CUSTOMFREQUENCIESF",         modvalToneSets::ValidateCustomFrequencies},
     {"THIRDTONERESET_K6K",         modvalSelcall::ValidateThirdToneReset},
     {"RXDECODESEQ1_K6K",           modvalSelcall::ValidateRxDecodeRMRSeq6000},
     {"RXDECODESEQ2_K6K",           modvalSelcall::ValidateRxDecodeRMRSeq6000},

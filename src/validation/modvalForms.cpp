@@ -7,6 +7,7 @@
 #include "networks/modvalNetworks.h"
 #include "platform/CaseText.h"
 #include "radioui/modvalData.h"
+#include "selcall/modvalToneSets.h"
 
 namespace modvalForms {
 namespace {
@@ -23,6 +24,7 @@ constexpr struct {
 } kForms[] = {
     {"USRCTLCHANNELSKD4410", modvalChannels::ValidateForm},
     {"USRCTLCHANNELSKE2210", modvalChannels::ValidateForm},
+    {"USRCTLSELCALLTONESETTINGS", Plain<modvalToneSets::ValidateUserDefinedTones>},
     {"USRCTLNETWORKS", Plain<modvalNetworks::ValidateBasicSettingsForm>},
     {"USRCTLDTMFPATCH", Plain<modvalNetworks::ValidateDTMFPatchForm>},
     {"USRCTLEMERGENCYKD4410", Plain<modvalNetworks::ValidateEmergencyForm>},

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "common/FieldEdit.h"
+
+/// The rules of the tone settings. A record of table 48 is the tone set of a Selcall system.
+namespace modvalToneSets {
+/// Another base set: its frequencies come into the sixteen fields. A base without tones leaves them.
+bool ValidateBasedOnToneSet(FieldEdit& edit);
+/// No two codes have one frequency: the code that had it takes the old one of the code in hand.
+bool ValidateCustomFrequencies(FieldEdit& edit);
+/// On leaving the form: whether the radio can tell the user-defined tones of the current system apart.
+bool ValidateUserDefinedTones(const ValidatorRef& validator);
+}  // namespace modvalToneSets
