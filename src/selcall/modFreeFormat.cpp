@@ -9,24 +9,6 @@ namespace modFreeFormat {
 namespace {
 constexpr RecordNr kSequencesPerSystem = 7;
 
-/// The parts of a sequence in the order of the telegram, and the gap behind each.
-struct Part {
-  std::string_view form;
-  std::string_view gap = {};
-};
-constexpr Part kParts[] = {
-    {"49.FreeFormBurstB_UI", "49.FreeFormGap1"},
-    {"49.FreeFormBurstR1_UI", "49.FreeFormGap2"},
-    {"49.FreeFormBurstR2_UI", "49.FreeFormGap3"},
-    {"49.FreeFormBurstR3_UI", "49.FreeFormGap4"},
-    {"49.FreeFormStatus_UI"},
-};
-
-std::string Gap(const Variant& tones) {
-  constexpr std::int32_t kMost = 255;  // a damaged file is not to make a text that fills the memory
-  return std::string(static_cast<std::size_t>(std::clamp(CLng(tones), 0, kMost)), '-');
-}
-
 std::string WholeSequence(const ProviderRef& provider, RecordNr record) {
   std::string sequence;
   for (const Part& part : kParts) {
@@ -41,6 +23,11 @@ FieldRef Monitor(const ProviderRef& provider, RecordNr record) {
   return provider.Field("29.FreeFormMonitor" + std::to_string(GetFreeFormatDerivedFieldNumber(record)));
 }
 }  // namespace
+
+std::string Gap(const Variant& tones) {
+  constexpr std::int32_t kMost = 255;  // a damaged file is not to make a text that fills the memory
+  return std::string(static_cast<std::size_t>(std::clamp(CLng(tones), 0, kMost)), '-');
+}
 
 // Asked for any number before anyone knows that there is such a record, so the arithmetic is of 64 bits.
 RecordNr GetSelcallRecordFromFreeFormatRecord(RecordNr record) {

@@ -9,6 +9,23 @@
 /// Free-format sequences: telegrams of the user's own making, seven for each Selcall system. A record of
 /// table 49 holds the bursts of one; the record of its system in table 29 mirrors the whole sequence.
 namespace modFreeFormat {
+/// A part of a sequence and the gap behind it, by their fields and by what the forms call them.
+struct Part {
+  std::string_view form, uiid;
+  std::string_view gap = {};
+  std::string_view gapUiid = {};
+};
+/// In the order of the telegram; the status comes last and has no gap.
+inline constexpr Part kParts[] = {
+    {"49.FreeFormBurstB_UI", "FreeFormBurstB", "49.FreeFormGap1", "FreeFormGap1"},
+    {"49.FreeFormBurstR1_UI", "FreeFormBurstR1", "49.FreeFormGap2", "FreeFormGap2"},
+    {"49.FreeFormBurstR2_UI", "FreeFormBurstR2", "49.FreeFormGap3", "FreeFormGap3"},
+    {"49.FreeFormBurstR3_UI", "FreeFormBurstR3", "49.FreeFormGap4", "FreeFormGap4"},
+    {"49.FreeFormStatus_UI", "FreeFormStatus"},
+};
+/// So many tones of silence, a "-" each. An empty value is none.
+std::string Gap(const Variant& tones);
+
 /// The Selcall system, from 1, that owns a record of table 49.
 RecordNr GetSelcallRecordFromFreeFormatRecord(RecordNr record);
 /// The place of the sequence in its system, 1 to 7.

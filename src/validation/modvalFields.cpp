@@ -13,6 +13,7 @@
 #include "radioui/modvalOptionFields.h"
 #include "radioui/modvalUIPreference.h"
 #include "selcall/modvalBursts.h"
+#include "selcall/modvalFreeFormat.h"
 #include "selcall/modvalSelcall.h"
 #include "selcall/modvalToneSets.h"
 #include "validation/modvalSwitches.h"
@@ -113,6 +114,16 @@ constexpr FieldRule kRules[] = {
     {"RXDECODESEQ2_K6K",           modvalSelcall::ValidateRxDecodeRMRSeq6000},
     {"RMRBURST_K6K",               modvalSelcall::ValidateRxDecodeRMRSeq6000},
     {"GROUPFORMAT",                modvalSelcall::ValidateGroupFormat},
+    {"FREEFORMBURSTB",             modvalFreeFormat::ValidateFreeFormatBurst},
+    {"FREEFORMBURSTR1",            modvalFreeFormat::ValidateFreeFormatBurst},
+    {"FREEFORMBURSTR2",            modvalFreeFormat::ValidateFreeFormatBurst},
+    {"FREEFORMBURSTR3",            modvalFreeFormat::ValidateFreeFormatBurst},
+    {"FREEFORMGAP1",               modvalFreeFormat::ValidateFreeFormatBurst},
+    {"FREEFORMGAP2",               modvalFreeFormat::ValidateFreeFormatBurst},
+    {"FREEFORMGAP3",               modvalFreeFormat::ValidateFreeFormatBurst},
+    {"FREEFORMGAP4",               modvalFreeFormat::ValidateFreeFormatBurst},
+    {"FREEFORMSTATUS",             modvalFreeFormat::ValidateFreeFormatBurst},
+    {"FREEFORM2DIGITSTATUS",       modvalFreeFormat::ValidateFreeFormatBurst},
     {"FREEFORMSEQUENCE5",          modvalSelcall::ValidateANISequence},
     {"BURSTSEQUENCE0_K6K",         modvalBursts::ValidateBurstSequence},
     {"BURSTSEQUENCE1_K6K",         modvalBursts::ValidateBurstSequence},

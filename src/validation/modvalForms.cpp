@@ -7,6 +7,7 @@
 #include "networks/modvalNetworks.h"
 #include "platform/CaseText.h"
 #include "radioui/modvalData.h"
+#include "selcall/modvalFreeFormat.h"
 #include "selcall/modvalToneSets.h"
 
 namespace modvalForms {
@@ -24,6 +25,8 @@ constexpr struct {
 } kForms[] = {
     {"USRCTLCHANNELSKD4410", modvalChannels::ValidateForm},
     {"USRCTLCHANNELSKE2210", modvalChannels::ValidateForm},
+    {"USRCTLFREEFORMATKD4410", Plain<modvalFreeFormat::ValidateCurrentSequence>},
+    {"USRCTLFREEFORMATKE2210", Plain<modvalFreeFormat::ValidateCurrentSequence>},
     {"USRCTLSELCALLTONESETTINGS", Plain<modvalToneSets::ValidateUserDefinedTones>},
     {"USRCTLNETWORKS", Plain<modvalNetworks::ValidateBasicSettingsForm>},
     {"USRCTLDTMFPATCH", Plain<modvalNetworks::ValidateDTMFPatchForm>},

@@ -182,6 +182,11 @@ constexpr Column kSystems[] = {
     {"32.Value",            [](RecordNr r) { return 3 * ((r - 1) % 16) + 5; }},
     {"49.FreeFormSigSysID", [](RecordNr r) { return 4 * ((r - 1) / 7) + 2; }},
     {"49.FreeFormSeqID",    [](RecordNr r) { return (r - 1) % 7; }},
+    // No burst joins the next one.
+    {"49.FreeFormGap1",     [](RecordNr r) { return r % 8 + 1; }},
+    {"49.FreeFormGap2",     [](RecordNr r) { return (r + 3) % 8 + 1; }},
+    {"49.FreeFormGap3",     [](RecordNr r) { return r % 7 + 1; }},
+    {"49.FreeFormGap4",     [](RecordNr r) { return r % 5 + 2; }},
     {"37.T99NetworkID",            [](RecordNr r) { return 4 * r - 3; }},
     {"37.T99MinFirstTonePeriod",   [](RecordNr r) { return 5 + 2 * r; }},
     {"37.T99MaxFirstTonePeriod",   [](RecordNr r) { return 80 + 9 * r; }},
