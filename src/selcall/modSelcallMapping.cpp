@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <vector>
 
 #include "common/LibraryArray.h"
 #include "common/Procedure.h"
@@ -44,14 +45,17 @@ void AppendTone(std::string& text, std::int32_t code) {
 /// A raw array of a code a character.
 template <typename CodeOf>
 ArrayObject Coded(std::string_view text, CodeOf codeOf) {
-  auto codes = std::make_shared<LibraryArray>();
-  codes->Redim(0, static_cast<std::int32_t>(CharacterCount(text)), 0, 0);
-  for (std::int32_t row = 1, last = codes->UpperBound(1); row <= last; ++row) {
+  std::vector<std::int32_t> codes;
+  while (!text.empty()) {
     const std::string_view character = FirstCharacter(text);
-    codes->SetValue(row, 0, codeOf(character));
+    codes.push_back(codeOf(character));
     text.remove_prefix(character.size());
   }
-  return codes;
+  auto raw = std::make_shared<LibraryArray>();
+  raw->Redim(0, static_cast<std::int32_t>(codes.size()), 0, 0);
+  std::int32_t row = 0;
+  for (const std::int32_t code : codes) raw->SetValue(++row, 0, code);
+  return raw;
 }
 
 /// The text of a raw array; an empty value has none.
