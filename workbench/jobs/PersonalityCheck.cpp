@@ -12,7 +12,7 @@
 #include "workbench/store/ValueText.h"
 
 namespace {
-/// Rules that judge the change to another value and not the value: what is stored is none.
+/// Rules that judge the change to another value and not the value, or explain it: what is stored is none.
 constexpr std::string_view kRulesOfChange[] = {"ChannelNetworkID_k6k", "GroupFormat"};
 }  // namespace
 
