@@ -18,3 +18,7 @@ std::string StoredRecord::Text(std::string_view field) const { return CStr(Value
 RecordNr CurrentNetwork(const ProviderRef& provider) {
   return CLng(StoredValue(provider, "CurrentNetworkNr", kOnly));
 }
+
+RecordNr CurrentSelcallSystem(const ProviderRef& provider) {
+  return CLng(StoredValue(provider, "CurrentSelcallNumber", kOnly));
+}

@@ -27,3 +27,5 @@ struct StoredRecord {
 
 /// The network that the forms show, 0 for none.
 RecordNr CurrentNetwork(const ProviderRef& provider);
+/// Likewise the Selcall system, a record of table 29.
+RecordNr CurrentSelcallSystem(const ProviderRef& provider);

@@ -128,7 +128,7 @@ std::string FreeStatusFromForm(const Variant& twoDigits, const std::string& text
 std::string BurstFromForm(const ProviderRef& provider, RecordNr burst, const std::string& shown) {
   const BurstLayout& layout = BurstLayoutOf(provider);
   const RecordNr system = layout.SystemOf(burst);
-  const std::string text = MapBurstFromUI(provider, system, shown);
+  std::string text = MapBurstFromUI(provider, system, shown);
   if (text.empty()) return text;
   const bool isStatus = layout.KindOf(layout.SlotOf(burst)) == Burst::Status;
   if (text != kVariable) {

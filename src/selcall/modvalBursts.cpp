@@ -40,11 +40,7 @@ struct BurstEdit {
   std::string OldValue() const {
     return modSelcallMapping::SequenceText(provider.Field(kBursts).Value(record));
   }
-  /// A tone of the system as the digit that stands for it; "" for a system without tones.
-  std::string Digit(std::string_view tone) const {
-    const Variant code = StoredValue(provider, tone, system);
-    return code.IsEmpty() ? std::string() : modCommonGlobals::ConvertToneToString(CLng(code));
-  }
+  std::string Digit(std::string_view tone) const { return modvalSelcall::ToneDigit(provider, tone, system); }
   bool Refuse(std::string_view text) const {
     return ::Refuse(edit.validator, text, {kLineBreak, std::to_string(system), format});
   }
@@ -306,7 +302,7 @@ bool ValidateBurstSequence(FieldEdit& edit) {
     const ProviderRef provider = edit.validator.CurrentProvider();
     const Burst kind = KindOf(edit.uiid);
     const BurstLayout& layout = BurstLayoutOf(provider);
-    const RecordNr system = CLng(StoredValue(provider, "CurrentSelcallNumber", kOnly));
+    const RecordNr system = CurrentSelcallSystem(provider);
     const bool isSlot = edit.record >= 1 && edit.record <= layout.CountOf(kind);
     if (!isSlot || !provider.Table("29").HasRecord(system)) return edit.PassUnchanged();
     const RecordNr record = layout.RecordOf(system, layout.OffsetOf(kind) + edit.record);

@@ -60,7 +60,7 @@ struct Statuses {
 };
 
 bool AreInRange(const ProviderRef& provider, const Formats& formats, RecordNr system) {
-  const bool isOnForm = SameValue(StoredValue(provider, "CurrentSelcallNumber", kOnly), system);
+  const bool isOnForm = CurrentSelcallSystem(provider) == system;
   const Statuses statuses(provider, isOnForm ? "1115" : "1111", system, isOnForm);
   for (const RecordNr row : statuses.values.Records()) {
     if (statuses.Has(row) && !statuses.IsInRange(formats, row)) return false;

@@ -31,14 +31,9 @@ std::string_view MirrorOf(RecordNr record) {
   return kMirrors[static_cast<std::size_t>(modFreeFormat::GetSequenceID(record))];
 }
 
-RecordNr CurrentSystem(const ProviderRef& provider) {
-  return CLng(StoredValue(provider, "CurrentSelcallNumber", kOnly));
-}
-
-/// A tone of the current system as the digit that stands for it; "" without one.
+/// Of the system that the forms show, whichever the sequence belongs to.
 std::string Digit(const ProviderRef& provider, std::string_view tone) {
-  const Variant code = StoredValue(provider, tone, CurrentSystem(provider));
-  return code.IsEmpty() ? std::string() : modCommonGlobals::ConvertToneToString(CLng(code));
+  return modvalSelcall::ToneDigit(provider, tone, CurrentSelcallSystem(provider));
 }
 
 bool IsDigit(const std::string& text) { return text.size() == 1 && kDigits.find(text[0]) != kDigits.npos; }
@@ -180,7 +175,8 @@ bool HasGroupToneBeforeAnother(std::string_view text) {
 }
 
 void WarnOfGroups(const Shown& shown) {
-  if (!HoldsCode(shown.provider, "GroupFormat", GroupFormat::kSigtec, CurrentSystem(shown.provider))) return;
+  if (!HoldsCode(shown.provider, "GroupFormat", GroupFormat::kSigtec, CurrentSelcallSystem(shown.provider)))
+    return;
   if (!HasGroupToneBeforeAnother(shown.text)) return;
   Warn(shown.validator,
        "This Burst '%0:S' has an invalid 'G' tone sequence and should follow the Sigtec Group Format by "
@@ -239,7 +235,7 @@ bool ValidateCurrentSequence(const ValidatorRef& validator) {
     if (!shown.text.empty() && !BecomesReceiver(shown) && !HoldsTogether(shown)) return false;
     WarnOfGroups(shown);
     const RecordNr system = modFreeFormat::GetSelcallRecordFromFreeFormatRecord(record);
-    if (system != CurrentSystem(provider)) return true;
+    if (system != CurrentSelcallSystem(provider)) return true;
     Variant value = shown.text;
     return validator.Accepts(MirrorOf(record), value, system);
   });

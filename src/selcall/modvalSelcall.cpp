@@ -205,6 +205,15 @@ bool ValidateGroupFormat(FieldEdit& edit) {
   });
 }
 
+RecordNr SystemShown(const ProviderRef& provider, RecordNr system) {
+  return system == kCurrentSystem ? CurrentSelcallSystem(provider) : system;
+}
+
+std::string ToneDigit(const ProviderRef& provider, std::string_view tone, RecordNr system) {
+  const Variant code = StoredValue(provider, tone, system);
+  return code.IsEmpty() ? std::string() : modCommonGlobals::ConvertToneToString(CLng(code));
+}
+
 std::int32_t TxBurstLength(const ProviderRef& provider, std::string_view format, char letter) {
   const std::string alphabet = provider.Field(kTxFormat).Validation();
   return Format(format, alphabet).LongestRun(letter);

@@ -13,6 +13,8 @@ inline constexpr std::string_view kRxFormat = "RxFormat_k6k";
 
 /// In place of a system: the one that the forms show.
 inline constexpr RecordNr kCurrentSystem = -1;
+/// The record of a system; of kCurrentSystem the one shown.
+RecordNr SystemShown(const ProviderRef& provider, RecordNr system);
 
 /// Whether the format holds together, by itself: runs of its letters, their lengths and places. `longestS` is
 /// the longest status. A refusal is told.
@@ -50,6 +52,9 @@ bool ValidateGroupFormat(FieldEdit& edit);
 /// The ANI may not be emptied while an emergency sends it.
 bool ValidateANISequence(FieldEdit& edit);
 
+/// A tone of a system, GroupTone or RepeatTone, as the digit that stands for it; "" for a system without
+/// tones.
+std::string ToneDigit(const ProviderRef& provider, std::string_view tone, RecordNr system);
 /// The length of the longest run of a letter in a Tx format; 0 for a letter that its alphabet lacks.
 std::int32_t TxBurstLength(const ProviderRef& provider, std::string_view format, char letter);
 

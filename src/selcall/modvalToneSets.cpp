@@ -76,7 +76,7 @@ bool ValidateCustomFrequencies(FieldEdit& edit) {
 bool ValidateUserDefinedTones(const ValidatorRef& validator) {
   return Procedure("ValidateUserDefinedTones", true, [&] {
     const ProviderRef provider = validator.CurrentProvider();
-    const RecordNr system = CLng(StoredValue(provider, "CurrentSelcallNumber", kOnly));
+    const RecordNr system = CurrentSelcallSystem(provider);
     if (!SameValue(StoredValue(provider, "BasedOnToneSet", system), ToneSets::kUserDefined)) return true;
     std::array<const Tone*, ToneSets::kToneCodes> tones{};
     for (std::size_t code = 0; code < tones.size(); ++code) {

@@ -1,0 +1,171 @@
+#include <algorithm>
+#include <array>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "common/ChannelNetworks.h"
+#include "common/Messages.h"
+#include "common/Procedure.h"
+#include "common/RadioCodes.h"
+#include "common/StoredValues.h"
+#include "common/modCommonGlobals.h"
+#include "common/modProjectGlobals.h"
+#include "platform/CaseText.h"
+#include "platform/Conversions.h"
+#include "selcall/BurstSlots.h"
+#include "selcall/modvalBursts.h"
+#include "selcall/modvalSelcall.h"
+
+/// What a radio sends: the bursts of a Tx format, the ANI.
+namespace modvalSelcall {
+namespace {
+/// The bursts of one system while a Tx format is held against them.
+struct SentBursts {
+  const ValidatorRef& validator;
+  FormWrites& writes;
+  const ProviderRef provider;
+  std::string_view format;
+  Variant identity;
+  std::array<std::int32_t, kBurstKinds> lengths;  // by kind; 0 for one that the format lacks
+
+  std::string Label(std::size_t kind) const { return validator.LabelOf(kBurstFields[kind].uiid); }
+};
+
+bool IsWrong(std::size_t kind, const std::string& text, std::int32_t length) {
+  if (static_cast<Burst>(kind) != Burst::Status) return !std::cmp_equal(CharacterCount(text), length);
+  if (text == "V" || text == "VV" || length != 1) return false;  // of two tones any status fits
+  const bool isNumber = text.find_first_not_of("0123456789") == std::string::npos;
+  return !isNumber || modCommonGlobals::Hex(CLng(text)).size() > 1;
+}
+
+/// Whether the kind, which the format lacks, may go; it is gone then.
+bool RemoveKind(const SentBursts& sent, std::size_t kind) {
+  if (AskYesNo(sent.validator,
+               "There are one or more %0:s for signalling system %1:s. The format (%2:s) does not contain "
+               "any %0:s. "
+               "Continuing will clear all references to these bursts. Do you wish to continue?",
+               {sent.Label(kind), CStr(sent.identity), sent.format}) != Button::Yes) {
+    return false;
+  }
+  CleanupRemovedBurstType(sent.writes, sent.provider, static_cast<std::int32_t>(kind), sent.identity);
+  return true;
+}
+
+void TellWrong(const SentBursts& sent, std::size_t kind, bool isFinal) {
+  constexpr std::string_view kText =
+      "The length of one or more %0:s for signalling system %1:s is different from the number of '%2:s's "
+      "specified in the "
+      "Tx Format. The Tx Format is '%3:s'";
+  const std::string label = sent.Label(kind);
+  const std::string identity = CStr(sent.identity);
+  const std::string letter(1, kBurstFields[kind].letter);
+  const Parameters parameters = {label, identity, letter, sent.format};
+  if (isFinal) {
+    Refuse(sent.validator, kText, parameters);
+  } else {
+    Warn(sent.validator, kText, parameters);
+  }
+}
+
+enum class Walk { GoOn, Refused, Wrong };
+Walk Judge(const SentBursts& sent, const Variant& type, const Variant& stored) {
+  if (EqualsIgnoringCase(CStr(stored), kUndefined) || !IsNumeric(type)) return Walk::GoOn;
+  const std::int32_t code = CLng(type);
+  if (code < 0 || code > static_cast<std::int32_t>(Burst::Status)) return Walk::GoOn;
+  const auto kind = static_cast<std::size_t>(code);
+  std::string text = CStr(stored);
+  std::erase(text, '|');
+  if (text.empty()) return Walk::GoOn;
+  if (sent.lengths[kind] == 0) return RemoveKind(sent, kind) ? Walk::GoOn : Walk::Refused;
+  return IsWrong(kind, text, sent.lengths[kind]) ? Walk::Wrong : Walk::GoOn;
+}
+
+SentBursts SentBy(const ValidatorRef& validator, FormWrites& writes, std::string_view format,
+                  RecordNr system) {
+  const ProviderRef provider = validator.CurrentProvider();
+  SentBursts sent{validator, writes, provider, format, StoredValue(provider, "SignalSystemId_k6k", system),
+                  {}};
+  for (std::size_t kind = 0; kind < kBurstKinds; ++kind) {
+    const char letter = kBurstFields[kind].letter;
+    if (letter != '\0') sent.lengths[kind] = TxBurstLength(provider, format, letter);
+  }
+  return sent;
+}
+
+/// By network record, from index 0: whether its channels signal by the system of that identity.
+std::vector<bool> NetworksOf(const ProviderRef& provider, const Variant& identity) {
+  const FieldRef types = provider.Field("21.SignallingType");
+  const FieldRef identities = provider.Field("21.NetworkSignallingID");
+  std::vector<bool> uses;
+  for (const RecordNr network : types.Records()) {
+    uses.push_back(SameValue(types.Value(network), SignallingType::kSelcall) &&
+                   SameValue(identities.Value(network), identity));
+  }
+  return uses;
+}
+}  // namespace
+
+bool TxSequencesValid(const ValidatorRef& validator, FormWrites& writes, std::string_view format,
+                      RecordNr system, bool isFinal) {
+  return Procedure("TxSequencesValid", true, [&] {
+    const ProviderRef provider = validator.CurrentProvider();
+    const SentBursts sent = SentBy(validator, writes, format, SystemShown(provider, system));
+    const FieldRef owners = provider.Field("30.FixedFormatSigSystemID");
+    const FieldRef types = provider.Field("UGBurstType");
+    const FieldRef bursts = provider.Field("UGBurstSeq");
+    for (const RecordNr record : owners.Records()) {
+      if (!SameValue(owners.Value(record), sent.identity)) continue;
+      const Variant type = types.Value(record);
+      const Walk walk = Judge(sent, type, bursts.Value(record));
+      if (walk == Walk::GoOn) continue;
+      if (walk == Walk::Refused) return false;
+      TellWrong(sent, static_cast<std::size_t>(CLng(type)), isFinal);
+      return !isFinal;
+    }
+    return true;
+  });
+}
+
+void CleanupRemovedBurstType(FormWrites& writes, const ProviderRef& provider, std::int32_t type,
+                             const Variant& identity) {
+  Procedure("CleanupRemovedBurstType", [&] {
+    const FieldRef owners = provider.Field("30.FixedFormatSigSystemID");
+    const FieldRef types = provider.Field("UGBurstType");
+    for (const RecordNr record : owners.Records()) {
+      const bool isOfKind = SameValue(types.Value(record), type) && SameValue(owners.Value(record), identity);
+      if (isOfKind) writes.Set("UGBurstSeq", record, kUndefined);
+    }
+    const BurstFields& fields = kBurstFields[static_cast<std::size_t>(type)];
+    const std::vector<bool> uses = NetworksOf(provider, identity);
+    const FieldRef networkOfChannel = provider.Field("ChannelNetworkId_k6k");
+    const std::vector<Variant> numbers = provider.Field("NetworkID").Values();
+    for (const RecordNr channel : networkOfChannel.Records()) {
+      const Variant number = networkOfChannel.Value(channel);
+      const auto network =
+          std::ranges::find_if(numbers, [&](const Variant& one) { return SameValue(one, number); });
+      const bool isUser = IsNumeric(number) && network != numbers.end() &&
+                          uses[static_cast<std::size_t>(network - numbers.begin())];
+      if (isUser) writes.Set(fields.channel, fields.channelUiid, channel, kNone);
+    }
+    const RecordNr current = CurrentSelcallSystem(provider);
+    const bool isShown = SameValue(StoredValue(provider, "SignalSystemId_k6k", current), identity);
+    if (isShown) modvalBursts::UpdateFilteredGridsTest(writes, provider, current);
+  });
+}
+
+bool ValidateANISequence(FieldEdit& edit) {
+  return Procedure("ValidateANISequence", true, [&] {
+    if (!CStr(edit.value).empty()) return true;
+    const ProviderRef provider = edit.validator.CurrentProvider();
+    const std::vector<bool> uses =
+        NetworksOf(provider, StoredValue(provider, "29.SignalSystemId", edit.record));
+    for (std::size_t i = 0; i < uses.size(); ++i) {
+      if (!uses[i] || !HoldsCode(provider, "EmCyclingANI", kOn, static_cast<RecordNr>(i) + 1)) continue;
+      return Refuse(edit.validator,
+                    "If you wish to have an empty ANI sequence you must first disable Emergency ANI.");
+    }
+    return true;
+  });
+}
+}  // namespace modvalSelcall
