@@ -47,6 +47,10 @@ bool TxSequencesValid(const ValidatorRef& validator, FormWrites& writes, std::st
 void CleanupRemovedBurstType(FormWrites& writes, const ProviderRef& provider, std::int32_t type,
                              const Variant& identity);
 
+/// The number of a system, which no other one has: all that belongs to it takes the new one, its networks,
+/// too. A number that is in use is refused without a word.
+bool ValidateSelcallID(FieldEdit& edit);
+
 /// A group format: the user is told what it asks of bursts with group tones.
 bool ValidateGroupFormat(FieldEdit& edit);
 /// The ANI may not be emptied while an emergency sends it.

@@ -90,6 +90,7 @@ constexpr FieldRule kRules[] = {
     {"DEFERREDCALLING_K6K",        OnCurrentNetwork<ValidateDeferredCalling>},
     {"CWIDENABLED",                OnCurrentNetwork<SwitchesAlone>},
     {"CURRENTSELCALLNUMBER",       modvalBursts::ValidateCurrentSelcallNumber},
+    {"SIGNALSYSTEMID_K6K",         modvalSelcall::ValidateSelcallID},
     {"RXFORMAT_K6K",               modvalSelcall::ValidateRxFormat6000},
     {"TXFORMAT_K6K",               modvalSelcall::ValidateTxFormat},
     {"BASEDONTONESET",             modvalToneSets::ValidateBasedOnToneSet},

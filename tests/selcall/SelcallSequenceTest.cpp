@@ -189,6 +189,28 @@ TEST_F(TxFormatRule, TakesTheBurstsOfAKindThatItLacksOnConsent) {
   EXPECT_EQ(Column("BurstSequence1_k6k"), " ");  // the grid follows
 }
 
+TEST_F(SelcallSequences, WhatBelongsToASystemTakesItsNewNumber) {
+  provider.Fill("31.SelcallToneSignalSystemId", {1, 2});
+  provider.Fill("32.SignalSystemId", {2, 1, 2});
+  provider.Fill("49.FreeFormSigSysID", {1, "2"});
+  provider.Fill("21.SignallingType", {1, 1, 2});
+  provider.Fill("21.NetworkSignallingID", {1, 2, 2});  // the last one is a DTMF system's
+  StartTrail();
+  EXPECT_TRUE(Validate("SignalSystemID_k6k", 9, 2));
+  EXPECT_EQ(Column("31.SelcallToneSignalSystemId") + "|" + Column("32.SignalSystemId") + "|" +
+                Column("49.FreeFormSigSysID") + "|" + Column("21.NetworkSignallingID"),
+            "1 9|9 1 9|1 9|1 9 2");
+  EXPECT_EQ(Text("30.FixedFormatSigSystemID", 142) + Text("30.FixedFormatSigSystemID", 143), "19");
+  EXPECT_EQ(Refreshed(), "ToneSigSystemID FreeFormSigSysID NetworkSignallingID");
+  provider.Set("SignalSystemID_k6k", 2, 9);
+  for (const auto& [value, record, stands] :
+       {std::tuple{9, 2, true}, {1, 2, false}, {9, 1, false}, {5, 3, true}}) {
+    StartTrail();
+    EXPECT_EQ(Validate("SignalSystemID_k6k", value, record), stands) << value << record;
+    EXPECT_EQ(Trail(), "");
+  }
+}
+
 TEST_F(SelcallSequences, TheAniIsNotEmptiedWhileAnEmergencySendsIt) {
   EXPECT_EQ(Outcome("FreeFormSequence5", "", 2), "");
   provider.Set("EmCyclingANI", 2, 1);
