@@ -182,6 +182,17 @@ TEST_F(BurstsOfChannels, FollowAChangeAfterOneQuestionInTheFormThatWasTyped) {
             "box 5.TXCallBurstSeq[1] 30.UGBurstSeq[156] refresh:TXCallBurstIndex_k6k refresh:UGBurstSeq");
 }
 
+TEST_F(BurstsOfChannels, AreAskedAboutOnceHoweverManyTheyAre) {
+  for (const char* typed : {"54321", ""}) {
+    provider.Fill("5.TXCallBurstSeq", {"12345", "12345", "12345", "12345"});
+    Give(2, Burst::TxCall, 7, "12345");
+    messenger.Play({kYes});
+    EXPECT_TRUE(Edit(Burst::TxCall, 7, typed));
+    EXPECT_EQ(Text("5.TXCallBurstSeq", 1), Text("5.TXCallBurstSeq", 4));
+    EXPECT_NE(Text("5.TXCallBurstSeq", 4), "12345");
+  }
+}
+
 TEST_F(BurstsOfChannels, StayWhenTheQuestionIsAnsweredOtherwise) {
   CloseEveryBox();
   for (const char* typed : {"54321", ""}) {
@@ -256,6 +267,7 @@ TEST_F(BurstRule, TheGridsShowTheSystemWithoutTakingItForAnEdit) {
             "BurstSequence0_k6k BurstSequence1_k6k BurstSequence2_k6k BurstSequence3_k6k "
             "BurstSequence4_k6k BurstSequence5_k6k");
   EXPECT_EQ(Trail().find("BurstID"), std::string::npos);
+  EXPECT_THAT(provider.Monitor().Calls(), testing::Contains("Iprovider.SetAutoUpdate 0"));
   provider.Set("UGBurstType", Slot(1, Burst::LeadIn, 1), 9);  // only its own counter moves
   provider.SetCount(30, Slot(1, Burst::LeadIn, 5) - 1);
   Show(1);

@@ -64,6 +64,13 @@ TEST_F(ToneRules, UserDefinedTonesAreNotToBeTakenForEachOther) {
   provider.Set("CustomFrequenciesF", 2, "740");  // beside the 741 of code 2
   EXPECT_FALSE(leave());
   EXPECT_THAT(Boxes(), ElementsAre(refusal("741|740")));
+  provider.Set("CustomFrequenciesF", 2, "2110");
+  for (const auto& [field, hertz] : {std::pair{"CustomFrequencies3", "740"}, {"CustomFrequencies1", "742"}}) {
+    provider.Set("CustomFrequencies1", 2, "680");
+    provider.Set("CustomFrequencies3", 2, "825");
+    provider.Set(field, 2, hertz);  // beside it in code, too; 742 is no tone of the set
+    EXPECT_EQ(leave(), std::string_view(hertz) == "742");
+  }
   provider.Set("CustomFrequenciesF", 2, "741");  // the same limits do not lie within each other
   EXPECT_TRUE(leave());
   provider.Set("CustomFrequenciesF", 2, "742");  // no tone of the set
