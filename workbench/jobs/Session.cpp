@@ -8,8 +8,9 @@
 #include "workbench/store/Provider.h"
 
 namespace {
-/// The radio may hold a number that the form shows and that ends the application on its way back.
-constexpr std::string_view kNotAllComeBack[] = {"48.DerivedSelcallToneSet"};
+/// The radio may hold a number that the form shows and that ends the application on its way back; the base
+/// set of a user's tones is as much of that way as their own number.
+constexpr std::string_view kNotAllComeBack[] = {"48.DerivedSelcallToneSet", "48.BasedOnToneSet"};
 
 void RequireConvertible(const Provider& content, const std::string& fileName) {
   for (const std::string_view name : kNotAllComeBack) {

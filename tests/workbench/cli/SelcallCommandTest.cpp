@@ -52,6 +52,7 @@ TEST_F(SelcallCommands, WhatIsRefusedLeavesTheFile) {
        "yes", ""},
       {"BurstSequence4_k6k", "1", "123456789012345678901234567890123", "yes", ""},
       {"TxFormat_k6k", "2", "RRX", "yes", ""},
+      {"BasedOnToneSet", "2", "10", "yes", ""},  // the mark of the radio is no set to choose
   };
   for (const auto& [uiid, row, typed, answer, told] : cases) {
     EXPECT_EQ(Run({"set", file, uiid, row, typed, "--selcall", "2", "--answer", answer}), ExitCode::No)
