@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
-#include <vector>
 
 #include "common/LibraryArray.h"
 #include "common/Procedure.h"
@@ -42,19 +41,23 @@ void AppendTone(std::string& text, std::int32_t code) {
   }
 }
 
+/// As many as FirstCharacter gives one after the other, also of bytes that are no UTF-8.
+std::int32_t Characters(std::string_view text) {
+  std::int32_t count = 0;
+  for (; !text.empty(); ++count) text.remove_prefix(FirstCharacter(text).size());
+  return count;
+}
+
 /// A raw array of a code a character.
 template <typename CodeOf>
 ArrayObject Coded(std::string_view text, CodeOf codeOf) {
-  std::vector<std::int32_t> codes;
-  while (!text.empty()) {
+  auto raw = std::make_shared<LibraryArray>();
+  raw->Redim(0, Characters(text), 0, 0);
+  for (std::int32_t row = 1; !text.empty(); ++row) {
     const std::string_view character = FirstCharacter(text);
-    codes.push_back(codeOf(character));
+    raw->SetValue(row, 0, codeOf(character));
     text.remove_prefix(character.size());
   }
-  auto raw = std::make_shared<LibraryArray>();
-  raw->Redim(0, static_cast<std::int32_t>(codes.size()), 0, 0);
-  std::int32_t row = 0;
-  for (const std::int32_t code : codes) raw->SetValue(++row, 0, code);
   return raw;
 }
 
@@ -222,8 +225,8 @@ std::string SequenceText(const Variant& shown) {
 }
 
 ArrayObject StringToNumarray(std::string_view text) {
-  return Procedure("StringToNumarray", ArrayObject(std::make_shared<LibraryArray>()),
-                   [&]() -> ArrayObject { return Coded(text, ToneCode); });
+  ArrayObject codes = Procedure("StringToNumarray", ArrayObject(), [&] { return Coded(text, ToneCode); });
+  return codes != nullptr ? codes : std::make_shared<LibraryArray>();  // none: the application is being ended
 }
 
 std::string NumarrayToString(const Variant& sequence) {
