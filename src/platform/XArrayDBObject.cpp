@@ -74,6 +74,13 @@ void XArrayDBObject::Redim(std::int32_t firstRow, std::int32_t lastRow, std::int
   *this = std::move(next);
 }
 
+void XArrayDBObject::TakeColumn(std::vector<Variant> cells) {
+  firstRow_ = firstColumn_ = 0;
+  columns_ = 1;
+  rows_ = cells.size();
+  cells_ = std::move(cells);
+}
+
 void XArrayDBObject::AppendRows(std::int32_t dimension, std::int32_t count) {
   if (dimension != kRows || count < 0) RaiseOutside();
   const std::size_t rows = rows_ + static_cast<std::size_t>(count);

@@ -27,6 +27,8 @@ class XArrayDBObject {
   /// Sets the bounds. Cells inside the new bounds keep their value, new ones are empty; a last row or
   /// column one below the first makes the array empty.
   void Redim(std::int32_t firstRow, std::int32_t lastRow, std::int32_t firstColumn, std::int32_t lastColumn);
+  /// Makes it an array of one column, 0, with these cells in the rows from 0.
+  void TakeColumn(std::vector<Variant> cells);
   void AppendRows(std::int32_t dimension, std::int32_t count);
   /// Removes `count` rows from `row`; later rows move down.
   void DeleteRows(std::int32_t row, std::int32_t count);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <vector>
 
 #include "common/LibraryArray.h"
 #include "common/Procedure.h"
@@ -41,23 +42,18 @@ void AppendTone(std::string& text, std::int32_t code) {
   }
 }
 
-/// As many as FirstCharacter gives one after the other, also of bytes that are no UTF-8.
-std::int32_t Characters(std::string_view text) {
-  std::int32_t count = 0;
-  for (; !text.empty(); ++count) text.remove_prefix(FirstCharacter(text).size());
-  return count;
-}
-
 /// A raw array of a code a character.
 template <typename CodeOf>
 ArrayObject Coded(std::string_view text, CodeOf codeOf) {
-  auto raw = std::make_shared<LibraryArray>();
-  raw->Redim(0, Characters(text), 0, 0);
-  for (std::int32_t row = 1; !text.empty(); ++row) {
+  std::vector<Variant> cells(1);  // row 0 is unused
+  cells.reserve(text.size() + 1);
+  while (!text.empty()) {
     const std::string_view character = FirstCharacter(text);
-    raw->SetValue(row, 0, codeOf(character));
+    cells.emplace_back(codeOf(character));
     text.remove_prefix(character.size());
   }
+  auto raw = std::make_shared<LibraryArray>();
+  raw->TakeColumn(std::move(cells));
   return raw;
 }
 

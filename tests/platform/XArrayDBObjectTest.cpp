@@ -45,6 +45,14 @@ TEST(XArrayDBObject, RedimKeepsWhatLiesInsideTheNewBounds) {
   EXPECT_EQ(array.UpperBound(2), -1);
 }
 
+TEST(XArrayDBObject, TakesAColumnForWhateverItHeld) {
+  XArrayDBObject array = Rows({"a", "b"}, 3);
+  array.Redim(3, 4, 2, 5);
+  array.TakeColumn({7, "x"});
+  EXPECT_THAT(Column(array), ElementsAre("7", "x"));
+  EXPECT_EQ(array.LowerBound(1) + array.LowerBound(2) + array.Count(2), 1);
+}
+
 TEST(XArrayDBObject, RowsAreAppendedAndDeleted) {
   XArrayDBObject array = Rows({"a", "b", "c", "d"}, 1);
   array.AppendRows(1, 2);
