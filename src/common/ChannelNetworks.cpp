@@ -10,12 +10,16 @@ ChannelNetworks::ChannelNetworks(const ProviderRef& provider)
       networkOfChannel_(provider.Field("ChannelNetworkId_k6k")),
       numbers_(provider.Field("NetworkID").Values()) {}
 
-RecordNr ChannelNetworks::NetworkOf(RecordNr channel) const {
+RecordNr ChannelNetworks::FindNetworkOf(RecordNr channel) const {
   const Variant number = networkOfChannel_.Value(channel);
   const auto network =
       std::ranges::find_if(numbers_, [&](const Variant& one) { return SameValue(one, number); });
-  const auto before = static_cast<RecordNr>(network - numbers_.begin());
-  return network == numbers_.end() ? before : before + 1;
+  return network == numbers_.end() ? 0 : static_cast<RecordNr>(network - numbers_.begin()) + 1;
+}
+
+RecordNr ChannelNetworks::NetworkOf(RecordNr channel) const {
+  const RecordNr network = FindNetworkOf(channel);
+  return network != 0 ? network : static_cast<RecordNr>(numbers_.size());
 }
 
 RecordNr ChannelNetworks::SelcallSystemOf(RecordNr network) const {

@@ -10,6 +10,8 @@ class ChannelNetworks {
  public:
   explicit ChannelNetworks(const ProviderRef& provider);
 
+  /// The network of a channel by number; 0 when none matches.
+  RecordNr FindNetworkOf(RecordNr channel) const;
   /// The network of a channel by number: the last one when none matches, 0 when there are none.
   RecordNr NetworkOf(RecordNr channel) const;
   /// The Selcall system of a network; 0 for a network that signals in another way, and for none.

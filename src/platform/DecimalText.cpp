@@ -161,6 +161,14 @@ std::optional<double> ParseNumber(std::string_view text) {
   return sign == 1 && text[0] == '-' ? -value : value;
 }
 
+bool IsDigits(std::string_view text) {
+  return text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+bool IsWholeNumberUpTo(std::string_view text, double highest) {
+  return !text.empty() && IsDigits(text) && *ParseNumber(text) <= highest;
+}
+
 bool IsNumericText(std::string_view text) {
   text = Trim(text);
   text.remove_prefix(SignLength(text));

@@ -43,5 +43,10 @@ std::optional<double> ParseNumber(std::string_view text);
 /// decimal symbol ("." or the user's). "1E1" is three tones, not ten.
 bool IsNumericText(std::string_view text);
 
+/// Whether all of the text is digits, no sign and no symbol among them; also of no text.
+bool IsDigits(std::string_view text);
+/// Whether the text is a whole number of plain digits up to `highest`, however long it is.
+bool IsWholeNumberUpTo(std::string_view text, double highest);
+
 /// `text` without the blanks around it.
 std::string_view Trim(std::string_view text);

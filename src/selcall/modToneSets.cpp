@@ -68,7 +68,7 @@ bool DiffersFrom(const ToneSet* set, const Variant& frequencies) {
   return false;
 }
 
-/// Empty for a system without a record in table 31: a damaged file is not to be taken for a user's set.
+/// False for a system without a record in table 31: a damaged file is not to be taken for a user's set.
 bool HasOtherTone(const ProviderRef& provider, std::string_view field, RecordNr record,
                   std::int32_t standard) {
   const FieldRef tone = provider.Field(field);

@@ -60,23 +60,18 @@ struct LengthTexts {
 };
 constexpr LengthTexts kRepeaterTexts = {
     "A Repeater value is only valid if you have a repeater 'B' burst in the Tx Format. %0:SThe Tx Format for "
-    "System "
-    "%1:S is '%2:S'.",
+    "System %1:S is '%2:S'.",
     "The length of the burst is different to the number of 'B's in the Tx Format. %0:SThe Tx Format for "
-    "System %1:S "
-    "is '%2:S'."};
+    "System %1:S is '%2:S'."};
 constexpr LengthTexts kCallerIdTexts = {
     "A Caller ID is only valid if you have a Caller ID 'C' burst in the Tx Format. %0:SThe Tx Format for "
-    "System %1:S "
-    "is '%2:S'.",
+    "System %1:S is '%2:S'.",
     "The length of the burst is different to the number of 'C's in the Tx Format. %0:SThe Tx Format for "
-    "System %1:S "
-    "is '%2:S'."};
+    "System %1:S is '%2:S'."};
 /// A format has always a receiver.
 constexpr LengthTexts kTxCallTexts = {{},
                                       "The length of the burst is different to the number of 'R's in the Tx "
-                                      "Format. %0:SThe Tx Format for System %1:S "
-                                      "is '%2:S'."};
+                                      "Format. %0:SThe Tx Format for System %1:S is '%2:S'."};
 
 bool HasTheLength(const BurstEdit& burst, const LengthTexts& texts) {
   const std::int32_t length =
@@ -85,18 +80,13 @@ bool HasTheLength(const BurstEdit& burst, const LengthTexts& texts) {
   return std::cmp_equal(CharacterCount(burst.Value()), length) || burst.Refuse(texts.other);
 }
 
-/// A status is a number only if all of it is digits.
-bool IsAtMost(const std::string& status, double highest) {
-  return status.find_first_not_of("0123456789") == std::string::npos && CDbl(status) <= highest;
-}
-
 bool IsStatusOfOneTone(const BurstEdit& burst) {
   const std::string status = burst.Value();
   if (status.find('V') != std::string::npos) {
     burst.edit.value = "V";
     return true;
   }
-  if (IsAtMost(status, 15)) return true;
+  if (IsWholeNumberUpTo(status, 15)) return true;
   return Refuse(burst.edit.validator,
                 "There is only 1 'S' in the Tx Format, so the Status value must be 0-15 or V.");
 }
@@ -104,11 +94,10 @@ bool IsStatusOfOneTone(const BurstEdit& burst) {
 bool IsStatusOfTwoTones(const BurstEdit& burst) {
   const std::string status = burst.Value();
   if (status == "V") return true;
-  if (!IsAtMost(status, 99)) {
+  if (!IsWholeNumberUpTo(status, 99)) {
     return burst.Refuse(
         "There are 2 'S's in the Tx Format, so the value must be between 0 and 99 or V. %0:SThe Tx Format "
-        "for System "
-        "%1:S is '%2:S'.");
+        "for System %1:S is '%2:S'.");
   }
   if (status.size() == 1) burst.edit.value = "0" + status;
   return true;
@@ -119,8 +108,7 @@ bool IsStatus(const BurstEdit& burst) {
     case 0:
       return burst.Refuse(
           "There is no 'S' burst in the Tx Format, so you may not specify a Status burst.%0:SThe Tx Format "
-          "for System "
-          "%1:S is '%2:S'.");
+          "for System %1:S is '%2:S'.");
     case 1:
       return IsStatusOfOneTone(burst);
     case 2:
@@ -210,8 +198,7 @@ void WarnOfGroups(const BurstEdit& burst) {
   if (first == std::string::npos || value.find_first_not_of('G', first) == std::string::npos) return;
   Warn(burst.edit.validator,
        "This is an invalid 'G' tone sequence for the Sigtec Group Format.  You must correct this burst by "
-       "placing all "
-       "'G's at the end of the burst before saving.");
+       "placing all 'G's at the end of the burst before saving.");
 }
 
 /// Also against the row in hand: the present value, typed once more, is refused; wanted so.
@@ -232,11 +219,11 @@ bool Store(const BurstEdit& burst) {
 }
 
 bool Remove(const BurstEdit& burst) {
-  const bool mayGo = ChangeChannels(burst, false, kNone,
-                                    "This sequence is being used by one or more Channels. Removing this "
-                                    "sequence will affect all of those Channels "
-                                    "using it. Do you still want to remove the sequence?",
-                                    {});
+  const bool mayGo =
+      ChangeChannels(burst, false, kNone,
+                     "This sequence is being used by one or more Channels. Removing this sequence will "
+                     "affect all of those Channels using it. Do you still want to remove the sequence?",
+                     {});
   if (!mayGo) return false;
   burst.edit.value = "";
   return Store(burst);
@@ -245,11 +232,11 @@ bool Remove(const BurstEdit& burst) {
 /// The channels take the burst as it was typed, before the group tone becomes a "G"; this order is wanted.
 bool Replace(const BurstEdit& burst) {
   if (!FitsTheFormat(burst) || !IsWithoutRepeatTone(burst)) return false;
-  const bool mayChange = ChangeChannels(burst, true, burst.Value(),
-                                        "One or more channels use this sequence. Changing this sequence will "
-                                        "%0:S update all of those channels using "
-                                        "it. Do you still want to change the sequence?",
-                                        {kLineBreak});
+  const bool mayChange =
+      ChangeChannels(burst, true, burst.Value(),
+                     "One or more channels use this sequence. Changing this sequence will %0:S update all of "
+                     "those channels using it. Do you still want to change the sequence?",
+                     {kLineBreak});
   if (!mayChange) return false;
   TurnGroupToneToG(burst);
   WarnOfGroups(burst);

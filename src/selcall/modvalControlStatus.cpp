@@ -99,16 +99,14 @@ bool ValidateCtrlStatusTonesBySigSys(const ValidatorRef& validator, const Varian
       formats.tx = CStr(StoredValue(provider, "29.DerivedTxFormat", place));
     }
     if (isFinal && HasTwins(provider, place)) {
-      return Refuse(
-          validator,
-          "Two or more Control Status Values in the same Selcall System have the same value. They must be "
-          "unique before saving to file or programming a radio.");
+      return Refuse(validator,
+                    "Two or more Control Status Values in the same Selcall System have the same value. They "
+                    "must be unique before saving to file or programming a radio.");
     }
     if (AreInRange(provider, formats, place)) return true;
     const std::string text =
         "One or more Control Status Values are outside of the allowed range. These must be updated before "
-        "saving "
-        "to file or programming a radio.";
+        "saving to file or programming a radio.";
     if (isFinal) return Refuse(validator, text);
     return AskYesNo(validator, text + " Do you wish to continue?") == Button::Yes;
   });

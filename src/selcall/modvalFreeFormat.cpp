@@ -10,6 +10,7 @@
 #include "common/modCommonGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
+#include "platform/DecimalText.h"
 #include "selcall/modFreeFormat.h"
 #include "selcall/modvalSelcall.h"
 
@@ -18,11 +19,10 @@ namespace {
 using modFreeFormat::kParts;
 using modFreeFormat::Part;
 
-constexpr std::string_view kDigits = "0123456789";
 constexpr std::string_view kStatus = "FreeFormStatus";
 constexpr std::string_view kTwoDigits = "FreeForm2DigitStatus";
 constexpr std::string_view kSequence = "FreeFormSequence";
-constexpr std::int32_t kHighestOfOneTone = 15;
+constexpr double kHighestOfOneTone = 15;
 /// Where a system shows its sequences, by their place.
 constexpr std::array<std::string_view, 7> kMirrors = {
     "FreeFormSequence1", "FreeFormSequence2", "FreeFormSequence3", "FreeFormSequence4",
@@ -36,12 +36,10 @@ std::string Digit(const ProviderRef& provider, std::string_view tone) {
   return modvalSelcall::ToneDigit(provider, tone, CurrentSelcallSystem(provider));
 }
 
-bool IsDigit(const std::string& text) { return text.size() == 1 && kDigits.find(text[0]) != kDigits.npos; }
+bool IsDigit(const std::string& text) { return text.size() == 1 && IsDigits(text); }
 
-/// A status is a number only if all of it is digits; what is none is above all of them.
-bool IsAboveOneTone(const std::string& status) {
-  return status.find_first_not_of(kDigits) != std::string::npos || CDbl(status) > kHighestOfOneTone;
-}
+/// What is no number is above all of them.
+bool IsAboveOneTone(const std::string& status) { return !IsWholeNumberUpTo(status, kHighestOfOneTone); }
 
 bool IsWithout(const FieldEdit& edit, const std::string& repeatTone) {
   if (repeatTone.empty() || CStr(edit.value).find(repeatTone) == std::string::npos) return true;
@@ -52,17 +50,15 @@ bool IsStatus(FieldEdit& edit) {
   std::string status = CStr(edit.value);
   if (status == "VV") edit.value = status = "V";
   if (status.size() == 2 && std::ranges::count(status, 'V') == 1) {
-    return Refuse(
-        edit.validator,
-        "You have a 'V' with another character in the status burst.  If a 'V' is defined it must be the only "
-        "character in this field.");
+    return Refuse(edit.validator,
+                  "You have a 'V' with another character in the status burst.  If a 'V' is defined it must "
+                  "be the only character in this field.");
   }
   if (status == "V" || status.empty()) return true;
   if (edit.Holds(kTwoDigits, kOff, edit.record) && IsAboveOneTone(status)) {
     return Refuse(edit.validator,
                   "The Status is 2 digits.  The Double Digit Status box must be ticked first before a double "
-                  "digit status "
-                  "can be entered.");
+                  "digit status can be entered.");
   }
   if (edit.Holds(kTwoDigits, kOn, edit.record) && IsDigit(status)) edit.value = "0" + status;
   return true;
@@ -121,8 +117,7 @@ bool BecomesReceiver(const Shown& shown) {
                       CLng(shown.provider.Field("FreeFormGap1").Value(shown.record)) == 0;
   if (!isLone || AskYesNo(shown.validator,
                           "At least one receiver identity burst must be set. Do you want to use this "
-                          "repeater burst as a receiver "
-                          "identity burst?") != Button::Yes) {
+                          "repeater burst as a receiver identity burst?") != Button::Yes) {
     return false;
   }
   FormWrites writes(shown.validator);
@@ -154,14 +149,13 @@ bool HoldsTogether(const Shown& shown) {
   if (shown.text.find(kTooLongGap) != std::string::npos) {
     return shown.Refuse(
         "The sequence has at least two gap bursts without another burst between them.  They are combined "
-        "resulting in a "
-        "gap burst longer than 8 characters.  Please reduce their combined length to 8 or less.");
+        "resulting in a gap burst longer than 8 characters.  Please reduce their combined length to 8 or "
+        "less.");
   }
   if (LongestBurst(shown.text) <= kLongestBurst) return true;
   return shown.Refuse(
       "The sequence has at least 2 bursts joined without a gap burst exceeding 12 characters.  The maximum "
-      "burst length "
-      "between gaps is 12 characters.");
+      "burst length between gaps is 12 characters.");
 }
 
 /// Whether a tone follows a group tone in one burst.
@@ -180,8 +174,7 @@ void WarnOfGroups(const Shown& shown) {
   if (!HasGroupToneBeforeAnother(shown.text)) return;
   Warn(shown.validator,
        "This Burst '%0:S' has an invalid 'G' tone sequence and should follow the Sigtec Group Format by "
-       "placing 'G's at "
-       "the end of the burst they occur in.",
+       "placing 'G's at the end of the burst they occur in.",
        {shown.text});
 }
 }  // namespace

@@ -93,6 +93,7 @@ bool AreBurstsInPlace(const ValidatorRef& validator, const Format& format) {
   }
   return true;
 }
+
 /// A format without status leaves the statuses to the other one.
 bool AreStatusesInRange(const ValidatorRef& validator, const Format& format, std::string_view other,
                         RecordNr system) {
@@ -106,8 +107,7 @@ void EndThirdToneReset(FieldEdit& edit, const ProviderRef& provider, std::string
   if (!edit.Holds(kReset, kOn, edit.record) || ThirdToneResetValid(provider, edit.record, format)) return;
   Warn(edit.validator,
        "Third Tone Monitor Reset requires at least 4 'R's in the Rx Format.  Third Tone Monitor Reset will "
-       "now be "
-       "unchecked.");
+       "now be unchecked.");
   edit.writes.Set(kReset, edit.record, kOff);
 }
 
@@ -115,8 +115,7 @@ bool MayDeleteStatuses(const ValidatorRef& validator, const ProviderRef& provide
   if (provider.Field("1115.ValueTracker").RecordCount() == 0) return true;
   if (AskYesNo(validator,
                "Removing the 'S' burst will cause all control status values for this signalling system to be "
-               "deleted. "
-               "Do you wish to continue?") != Button::Yes) {
+               "deleted. Do you wish to continue?") != Button::Yes) {
     return false;
   }
   modvalControlStatus::DeleteCurrentSystemControlStatuses(provider);
@@ -199,8 +198,7 @@ bool ValidateGroupFormat(FieldEdit& edit) {
     if (edit.Is(GroupFormat::kOther) || !hasGroups) return true;
     Warn(edit.validator,
          "Please be aware for the 'Sigtec' group format: when a group tone 'G' is used in a sequence all "
-         "remaining "
-         "tones of the burst must also be group tones.");
+         "remaining tones of the burst must also be group tones.");
     return true;
   });
 }

@@ -10,6 +10,7 @@
 #include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
+#include "platform/DecimalText.h"
 #include "selcall/modSelcallMapping.h"
 #include "selcall/modvalSelcall.h"
 
@@ -59,8 +60,7 @@ bool HasGapInPlace(const Received& rx, const Sequence& sequence) {
   if (rx.statusTones > 0 || !sequence.hasGap) return true;
   return rx.RefuseWithFormat(
       "There must not be a gap '-' character in the sequence if a status is not specified in the Rx Format. "
-      "%0:SThe Rx "
-      "Format is '%1:S'.");
+      "%0:SThe Rx Format is '%1:S'.");
 }
 
 /// In the Sigtec format the group tones of a sequence stand together, first or last.
@@ -79,8 +79,7 @@ bool HasLength(const Received& rx, const Sequence& sequence) {
   return std::cmp_equal(sequence.burst.size(), rx.tones) ||
          rx.RefuseWithFormat(
              "The sequence length is different from the number of 'R's specified in the Rx Format. %0:SThe "
-             "Rx Format  is "
-             "'%1:S'.");
+             "Rx Format  is '%1:S'.");
 }
 
 bool IsStatusInRange(const Received& rx, std::string_view status) {
@@ -89,23 +88,21 @@ bool IsStatusInRange(const Received& rx, std::string_view status) {
   if (rx.statusTones == 1) {
     return value <= kHighestOfOne || rx.RefuseWithFormat(
                                          "The status number for the sequence must be in the range 0-15 %0:S "
-                                         "when there is one 'S' in the Rx Format. "
-                                         "The Rx Format is '%1:S'.");
+                                         "when there is one 'S' in the Rx Format. The Rx Format is '%1:S'.");
   }
   return value <= kHighestOfTwo || rx.RefuseWithFormat(
                                        "The status number for the sequence must be in the range 0-99 %0:S "
-                                       "when there are two 'S's in the Tx Format. "
-                                       "The Tx Format is '%1:S'.");
+                                       "when there are two 'S's in the Tx Format. The Tx Format is '%1:S'.");
 }
 
 bool HasStatus(const Received& rx, std::string_view status) {
   constexpr std::size_t kMostTones = 2;
   if (status.size() > kMostTones) {
-    return Refuse(rx.validator,
-                  "The status number does not match the number of 'S's in the Rx Format. %0:SEnter from 0 to "
-                  "15 if there "
-                  "is one 'S' in the Rx Format, or from 0 to 99 if there are 2 'S's in the Rx Format.",
-                  {kLineBreak});
+    return Refuse(
+        rx.validator,
+        "The status number does not match the number of 'S's in the Rx Format. %0:SEnter from 0 to 15 if "
+        "there is one 'S' in the Rx Format, or from 0 to 99 if there are 2 'S's in the Rx Format.",
+        {kLineBreak});
   }
   if (status.empty()) return true;
   if (rx.statusTones == 0) {
@@ -119,7 +116,7 @@ bool HasStatus(const Received& rx, std::string_view status) {
            rx.Refuse(
                "The variable status in the sequence is not valid. A variable status can only be one 'V'.");
   }
-  if (status.find_first_not_of("0123456789") != std::string_view::npos) {
+  if (!IsDigits(status)) {
     return rx.Refuse("The status number for the sequence must be variable (V) or numeric.");
   }
   return IsStatusInRange(rx, status);
@@ -157,8 +154,7 @@ bool ValidateRxDecodeRMRSeq6000(FieldEdit& edit) {
     if (alphabet.empty()) {
       Refuse(edit.validator,
              "The 'Validation' string for this field is not defined in the schema.  A selcall sequence "
-             "validation can not "
-             "be performed on this field");
+             "validation can not be performed on this field");
       return true;
     }
     if (!ValidateSelcallSequence6000(ReceivedBy(edit, provider, alphabet), text)) return false;
@@ -181,8 +177,7 @@ bool RxSequencesValid(const ValidatorRef& validator, std::string_view format, Re
     if (labels.empty()) return true;
     Warn(validator,
          "The length of the %0:s sequence(s) is different from the number of 'R's specified in the Rx "
-         "Format. The Rx "
-         "Format is '%1:s'",
+         "Format. The Rx Format is '%1:s'",
          {labels, format});
     return false;
   });

@@ -9,10 +9,10 @@
 #include "common/Procedure.h"
 #include "common/RadioCodes.h"
 #include "common/StoredValues.h"
-#include "common/modCommonGlobals.h"
 #include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
+#include "platform/DecimalText.h"
 #include "selcall/BurstSlots.h"
 #include "selcall/modvalBursts.h"
 #include "selcall/modvalSelcall.h"
@@ -32,19 +32,20 @@ struct SentBursts {
   std::string Label(std::size_t kind) const { return validator.LabelOf(kBurstFields[kind].uiid); }
 };
 
+/// The highest that has one hexadecimal digit.
+constexpr double kHighestTone = 15;
+
 bool IsWrong(std::size_t kind, const std::string& text, std::int32_t length) {
   if (static_cast<Burst>(kind) != Burst::Status) return !std::cmp_equal(CharacterCount(text), length);
   if (text == "V" || text == "VV" || length != 1) return false;  // of two tones any status fits
-  const bool isNumber = text.find_first_not_of("0123456789") == std::string::npos;
-  return !isNumber || modCommonGlobals::Hex(CLng(text)).size() > 1;
+  return !IsWholeNumberUpTo(text, kHighestTone);
 }
 
 /// Whether the kind, which the format lacks, may go; it is gone then.
 bool RemoveKind(const SentBursts& sent, std::size_t kind) {
   if (AskYesNo(sent.validator,
                "There are one or more %0:s for signalling system %1:s. The format (%2:s) does not contain "
-               "any %0:s. "
-               "Continuing will clear all references to these bursts. Do you wish to continue?",
+               "any %0:s. Continuing will clear all references to these bursts. Do you wish to continue?",
                {sent.Label(kind), CStr(sent.identity), sent.format}) != Button::Yes) {
     return false;
   }
@@ -55,8 +56,7 @@ bool RemoveKind(const SentBursts& sent, std::size_t kind) {
 void TellWrong(const SentBursts& sent, std::size_t kind, bool isFinal) {
   constexpr std::string_view kText =
       "The length of one or more %0:s for signalling system %1:s is different from the number of '%2:s's "
-      "specified in the "
-      "Tx Format. The Tx Format is '%3:s'";
+      "specified in the Tx Format. The Tx Format is '%3:s'";
   const std::string label = sent.Label(kind);
   const std::string identity = CStr(sent.identity);
   const std::string letter(1, kBurstFields[kind].letter);
@@ -138,14 +138,10 @@ void CleanupRemovedBurstType(FormWrites& writes, const ProviderRef& provider, st
     }
     const BurstFields& fields = kBurstFields[static_cast<std::size_t>(type)];
     const std::vector<bool> uses = NetworksOf(provider, identity);
-    const FieldRef networkOfChannel = provider.Field("ChannelNetworkId_k6k");
-    const std::vector<Variant> numbers = provider.Field("NetworkID").Values();
-    for (const RecordNr channel : networkOfChannel.Records()) {
-      const Variant number = networkOfChannel.Value(channel);
-      const auto network =
-          std::ranges::find_if(numbers, [&](const Variant& one) { return SameValue(one, number); });
-      const bool isUser = IsNumeric(number) && network != numbers.end() &&
-                          uses[static_cast<std::size_t>(network - numbers.begin())];
+    const ChannelNetworks networks(provider);
+    for (const RecordNr channel : provider.Table("5").Records()) {
+      const RecordNr network = networks.FindNetworkOf(channel);
+      const bool isUser = network != 0 && uses[static_cast<std::size_t>(network - 1)];
       if (isUser) writes.Set(fields.channel, fields.channelUiid, channel, kNone);
     }
     const RecordNr current = CurrentSelcallSystem(provider);

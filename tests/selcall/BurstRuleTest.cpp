@@ -11,28 +11,23 @@ using testing::IsEmpty;
 
 constexpr const char* kChange =
     "One or more channels use this sequence. Changing this sequence will %0:S update all of those channels "
-    "using it. "
-    "Do you still want to change the sequence?";
+    "using it. Do you still want to change the sequence?";
 constexpr const char* kRemove =
     "This sequence is being used by one or more Channels. Removing this sequence will affect all of those "
-    "Channels "
-    "using it. Do you still want to remove the sequence?";
+    "Channels using it. Do you still want to remove the sequence?";
 constexpr const char* kSigtec =
     "This is an invalid 'G' tone sequence for the Sigtec Group Format.  You must correct this burst by "
-    "placing all "
-    "'G's at the end of the burst before saving.";
+    "placing all 'G's at the end of the burst before saving.";
 constexpr const char* kUnique = "The Burst must be unique in relation to the other %0:s.";
 constexpr const char* kRepeat = "You must not use the repeat tone '%0:S' in this sequence.";
 constexpr const char* kNoStatus =
     "There is no 'S' burst in the Tx Format, so you may not specify a Status burst.%0:SThe Tx Format for "
-    "System %1:S "
-    "is '%2:S'.";
+    "System %1:S is '%2:S'.";
 constexpr const char* kOneTone =
     "There is only 1 'S' in the Tx Format, so the Status value must be 0-15 or V.";
 constexpr const char* kTwoTones =
     "There are 2 'S's in the Tx Format, so the value must be between 0 and 99 or V. %0:SThe Tx Format for "
-    "System %1:S "
-    "is '%2:S'.";
+    "System %1:S is '%2:S'.";
 
 std::string NoBurst(const char* of) {
   return std::string(of) + " burst in the Tx Format. %0:SThe Tx Format for System %1:S is '%2:S'.";
@@ -77,6 +72,7 @@ TEST_F(BurstRule, ABurstHasTheLengthThatTheFormatGivesItsKind) {
       {"RRRRR-S", Burst::Status, "VV", "V"},
       {"RRRRR-S", Burst::Status, "1E1", kOneTone},  // three tones, not ten
       {"RRRRR-S", Burst::Status, " 5", kOneTone},
+      {"RRRRR-S", Burst::Status, "99999999999", kOneTone},
       {"RRRRR-SS", Burst::Status, "7", "07"},
       {"RRRRR-SS", Burst::Status, "99", "99"},
       {"RRRRR-SS", Burst::Status, "100", kTwoTones},
@@ -264,8 +260,8 @@ TEST_F(BurstRule, TheGridsShowTheSystemWithoutTakingItForAnEdit) {
   Show(1);
   EXPECT_EQ(Column("BurstSequence5_k6k"), "    1");
   EXPECT_EQ(Refreshed(),
-            "BurstSequence0_k6k BurstSequence1_k6k BurstSequence2_k6k BurstSequence3_k6k "
-            "BurstSequence4_k6k BurstSequence5_k6k");
+            "BurstSequence0_k6k BurstSequence1_k6k BurstSequence2_k6k BurstSequence3_k6k BurstSequence4_k6k "
+            "BurstSequence5_k6k");
   EXPECT_EQ(Trail().find("BurstID"), std::string::npos);
   EXPECT_THAT(provider.Monitor().Calls(), testing::Contains("Iprovider.SetAutoUpdate 0"));
   provider.Set("UGBurstType", Slot(1, Burst::LeadIn, 1), 9);  // only its own counter moves

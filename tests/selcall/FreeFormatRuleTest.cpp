@@ -69,12 +69,10 @@ TEST_F(FreeFormatRules, TheRepeatToneIsInNoBurstAndNoGap) {
 TEST_F(FreeFormatRules, AStatusFollowsTheDoubleDigitBox) {
   const char* kMixed =
       "You have a 'V' with another character in the status burst.  If a 'V' is defined it must be the only "
-      "character in "
-      "this field.";
+      "character in this field.";
   const char* kBoxFirst =
       "The Status is 2 digits.  The Double Digit Status box must be ticked first before a double digit "
-      "status can be "
-      "entered.";
+      "status can be entered.";
   const std::tuple<int, const char*, const char*> cases[] = {
       {0, "15", "15"},   {0, "16", kBoxFirst}, {0, "5", "5"},         {0, "VV", "V"},
       {0, "1V", kMixed}, {0, "", ""},          {0, "VVV", kBoxFirst}, {1, "16", "16"},
@@ -83,6 +81,11 @@ TEST_F(FreeFormatRules, AStatusFollowsTheDoubleDigitBox) {
     provider.Set("FreeForm2DigitStatus", kRecord, box);
     EXPECT_EQ(Outcome("FreeFormStatus", typed), outcome) << box << typed;
   }
+}
+
+TEST_F(FreeFormatRules, AStatusOfAnyLengthIsRefusedAndEndsNothing) {
+  provider.Set("FreeForm2DigitStatus", kRecord, 0);
+  EXPECT_TRUE(Outcome("FreeFormStatus", std::string(400, '9')).starts_with("The Status is 2 digits."));
 }
 
 TEST_F(FreeFormatRules, TheDoubleDigitBoxRewritesTheStatus) {
@@ -107,12 +110,10 @@ TEST_F(FreeFormatRules, ASequenceIsKeptOnlyWhenItHoldsTogether) {
   const std::string kLong = "The sequence is too long.  It must be no more than 60 characters";
   const std::string kGap =
       "The sequence has at least two gap bursts without another burst between them.  They are combined "
-      "resulting in a gap "
-      "burst longer than 8 characters.  Please reduce their combined length to 8 or less.";
+      "resulting in a gap burst longer than 8 characters.  Please reduce their combined length to 8 or less.";
   const std::string kJoined =
       "The sequence has at least 2 bursts joined without a gap burst exceeding 12 characters.  The maximum "
-      "burst length "
-      "between gaps is 12 characters.";
+      "burst length between gaps is 12 characters.";
   const std::string ten = "1234567890";
   const struct {
     std::vector<std::string> bursts;
@@ -159,8 +160,7 @@ TEST_F(FreeFormatRules, TheSigtecFormatWarnsOfTonesBehindAGroupTone) {
   const auto warning = [](const char* sequence) {
     return Box(48, "Caption Warning",
                "This Burst '%0:S' has an invalid 'G' tone sequence and should follow the Sigtec Group Format "
-               "by placing "
-               "'G's at the end of the burst they occur in.",
+               "by placing 'G's at the end of the burst they occur in.",
                sequence);
   };
   GiveParts({"1G", "2GG", "", ""}, {1, 0, 0, 0}, "");

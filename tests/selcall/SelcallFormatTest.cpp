@@ -76,8 +76,7 @@ class ControlStatus : public BurstFixture {
 
 constexpr const char* kOutside =
     "One or more Control Status Values are outside of the allowed range. These must be updated before saving "
-    "to file or "
-    "programming a radio.";
+    "to file or programming a radio.";
 
 TEST_F(ControlStatus, IsHeldAgainstAFormatThatIsHandedInElseAgainstThoseOfItsDirections) {
   provider.Fill("RxFormat_k6k", {"RR", "RR-S"});

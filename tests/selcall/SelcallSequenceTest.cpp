@@ -22,8 +22,7 @@ TEST_F(SelcallSequences, AReceivedSequenceIsRefusedByTheFirstThingThatIsWrong) {
   const std::string kGaps = "The sequence must have only one gap.";
   const std::string kGapAlone =
       "There must not be a gap '-' character in the sequence if a status is not specified in the Rx Format. "
-      "%0:SThe Rx "
-      "Format is '%1:S'.";
+      "%0:SThe Rx Format is '%1:S'.";
   const std::string kOneG =
       "When the Group format type is Sigtec, only one 'G' burst is allowed in the sequence.";
   const std::string kPlaceG =
@@ -33,15 +32,13 @@ TEST_F(SelcallSequences, AReceivedSequenceIsRefusedByTheFirstThingThatIsWrong) {
       "Format  is '%1:S'.";
   const std::string kLong =
       "The status number does not match the number of 'S's in the Rx Format. %0:SEnter from 0 to 15 if there "
-      "is one 'S' "
-      "in the Rx Format, or from 0 to 99 if there are 2 'S's in the Rx Format.";
+      "is one 'S' in the Rx Format, or from 0 to 99 if there are 2 'S's in the Rx Format.";
   const std::string kVariable =
       "The variable status in the sequence is not valid. A variable status can only be one 'V'.";
   const std::string kNumeric = "The status number for the sequence must be variable (V) or numeric.";
   const std::string kTo15 =
       "The status number for the sequence must be in the range 0-15 %0:S when there is one 'S' in the Rx "
-      "Format. The Rx "
-      "Format is '%1:S'.";
+      "Format. The Rx Format is '%1:S'.";
   const std::string kRepeatTone = "You must not use the repeat tone '%0:S' in this sequence.";
   const struct {
     const char *format, *sequence;
@@ -88,8 +85,7 @@ TEST_F(SelcallSequences, AnRxFormatTellsTheSequencesThatItDoesNotFitAndStands) {
   provider.Set("RMRBurst_k6k", 2, "123");
   const std::string told =
       "The length of the %0:s sequence(s) is different from the number of 'R's specified in the Rx Format. "
-      "The Rx Format "
-      "is '%1:s'";
+      "The Rx Format is '%1:s'";
   EXPECT_EQ(Outcome("RxFormat_k6k", "RRRR"), "");
   EXPECT_THAT(Boxes(), ElementsAre(Box(48, "Caption Warning", told, "Rx Decode 1, RMR Sequence|RRRR")));
   EXPECT_EQ(Outcome("RxFormat_k6k", "RRRRR"), "");
@@ -117,8 +113,7 @@ TEST_F(SelcallSequences, AThirdToneResetNeedsFourTonesInAll) {
 TEST_F(SelcallSequences, AnRxFormatWithoutStatusTakesTheControlStatusesOnConsent) {
   const char* kQuestion =
       "Removing the 'S' burst will cause all control status values for this signalling system to be deleted. "
-      "Do you wish "
-      "to continue?";
+      "Do you wish to continue?";
   provider.SetCount(1115, 2);
   messenger.Play({kNo, kYes});
   EXPECT_EQ(Outcome("RxFormat_k6k", "RRRRR"), kQuestion);
@@ -147,12 +142,10 @@ class TxFormatRule : public SelcallSequences {
 
 constexpr const char* kRemoveKind =
     "There are one or more %0:s for signalling system %1:s. The format (%2:s) does not contain any %0:s. "
-    "Continuing will "
-    "clear all references to these bursts. Do you wish to continue?";
+    "Continuing will clear all references to these bursts. Do you wish to continue?";
 constexpr const char* kWrongLength =
     "The length of one or more %0:s for signalling system %1:s is different from the number of '%2:s's "
-    "specified in the "
-    "Tx Format. The Tx Format is '%3:s'";
+    "specified in the Tx Format. The Tx Format is '%3:s'";
 
 TEST_F(TxFormatRule, TellsTheFirstBurstOfAnotherLengthAndStands) {
   const auto warning = [](const char* fill) { return Box(48, "Caption Warning", kWrongLength, fill); };
@@ -163,6 +156,9 @@ TEST_F(TxFormatRule, TellsTheFirstBurstOfAnotherLengthAndStands) {
   EXPECT_EQ(Outcome("TxFormat_k6k", "RRRR-CC-SS"), "");
   EXPECT_THAT(Boxes(), ElementsAre(warning("Tx Call Bursts|2|R|RRRR-CC-SS")));
   EXPECT_EQ(Outcome("TxFormat_k6k", "RRRRR-CC-S"), "");  // 20 is more than a tone
+  EXPECT_THAT(Boxes(), ElementsAre(warning("Status Bursts|2|S|RRRRR-CC-S")));
+  Give(2, Burst::Status, 1, "99999999999");  // more than a number of the radio
+  EXPECT_EQ(Outcome("TxFormat_k6k", "RRRRR-CC-S"), "");
   EXPECT_THAT(Boxes(), ElementsAre(warning("Status Bursts|2|S|RRRRR-CC-S")));
   for (const char* fits : {"V", "VV", "15", "Undefined"}) {
     Give(2, Burst::Status, 1, fits);
