@@ -14,28 +14,9 @@
 
 namespace modChannels {
 namespace {
-struct BurstField {
-  std::string_view form, pointer;
-  Burst kind;
-};
-// clang-format off
-constexpr BurstField kBurstFields[] = {
-    {"5.RepeaterBurstSeq",      "5.RepeaterBurst",       Burst::Repeater},
-    {"5.CallerIDBurstSeq",      "5.CallerIDBurst",       Burst::CallerId},
-    {"5.TXCallBurstSeq",        "5.TXCallBurst",         Burst::TxCall},
-    {"5.StatusBurstSeq",        "5.StatusBurst",         Burst::Status},
-    {"5.RepeaterAccessToneSeq", "5.RepeaterAccessTone",  Burst::AccessTone},
-    {"5.Lead-In-ToneSeq",       "5.Lead-In-Tone",        Burst::LeadIn},
-    {"76.RepeaterBurstSeq", "76.DSDBM_CHANNEL_SEL_RPT_BURST_INDEX_POINTER", Burst::Repeater},
-    {"76.CallerIDBurstSeq", "76.DSDBM_CHANNEL_SEL_CALLER_ID_INDEX_POINTER", Burst::CallerId},
-    {"76.TXCallBurstSeq",   "76.DSDBM_CHANNEL_SEL_TXCALL_INDEX_POINTER",    Burst::TxCall},
-    {"76.StatusBurstSeq",   "76.DSDBM_CHANNEL_SEL_STATUS_INDEX_POINTER",    Burst::Status},
-};
-// clang-format on
-
 /// The row of a form field, whatever its case; none for another field.
-const BurstField* FindBurstField(std::string_view fieldId) {
-  for (const BurstField& field : kBurstFields) {
+const BurstUser* FindBurstField(std::string_view fieldId) {
+  for (const BurstUser& field : kBurstUsers) {
     if (EqualsIgnoringCase(field.form, fieldId)) return &field;
   }
   return nullptr;
@@ -137,7 +118,7 @@ std::optional<std::int32_t> BurstIndex(const ProviderRef& provider, RecordNr cha
 void GetPresetSelcallIndex(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
   Procedure("GetPresetSelcallIndex", [&] {
     if (!IsBurstTable(fieldId)) return;
-    const BurstField* field = FindBurstField(fieldId);
+    const BurstUser* field = FindBurstField(fieldId);
     const std::int32_t index = field == nullptr ? 0 : CLng(provider.Field(field->pointer).Value(record));
     provider.Field(fieldId).SetValue(record, BurstText(provider, index));
   });
@@ -145,7 +126,7 @@ void GetPresetSelcallIndex(const ProviderRef& provider, std::string_view fieldId
 
 void SetPresetSelcallIndex(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
   Procedure("SetPresetSelcallIndex", [&] {
-    const BurstField* field = FindBurstField(fieldId);
+    const BurstUser* field = FindBurstField(fieldId);
     if (field == nullptr) return;
     const FieldRef pointer = provider.Field(field->pointer);
     const std::string text = CStr(provider.Field(fieldId).Value(record));
@@ -172,7 +153,7 @@ std::optional<Variant> SystemOfChannel(const ProviderRef& provider, RecordNr cha
 std::vector<std::string> BurstsOnOffer(const ProviderRef& provider, std::string_view uiid, RecordNr record) {
   const FieldRef form = provider.Field(uiid);
   const std::string fieldId = std::to_string(form.TableNumber()) + "." + form.Name();
-  const BurstField* field = FindBurstField(fieldId);
+  const BurstUser* field = FindBurstField(fieldId);
   if (field == nullptr || !form.HasRecord(record)) return {};
   const auto identity =
       SystemOfChannel(provider, ChannelOf(provider, fieldId, record), SignallingType::kSelcall);

@@ -87,8 +87,10 @@ bool ValidatePresetsForAllChannels(const ValidatorRef& validator) {
 
 bool ResetChannelSelcallPresets(FormWrites& writes, RecordNr channel) {
   return Procedure("ResetChannelSelcallPresets", true, [&] {
-    for (const BurstFields& burst : kBurstFields)
-      writes.Set(burst.channel, burst.channelUiid, channel, kNone);
+    for (std::size_t kind = 0; kind < kBurstKinds; ++kind) {
+      const BurstUser& burst = ChannelBurst(static_cast<Burst>(kind));
+      writes.Set(burst.form, burst.uiid, channel, kNone);
+    }
     return true;
   });
 }

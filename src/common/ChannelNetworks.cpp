@@ -29,3 +29,11 @@ RecordNr ChannelNetworks::SelcallSystemOf(RecordNr network) const {
   const Variant identity = provider_.Field("NetworkSignallingID").Value(network);
   return modProjectGlobals::SigSysRecordNr(provider_, SignallingType::kSelcall, identity, true);
 }
+
+std::vector<bool> ChannelNetworks::OfSelcallSystem(RecordNr system) const {
+  std::vector<bool> uses;
+  while (uses.size() < numbers_.size()) {
+    uses.push_back(SelcallSystemOf(static_cast<RecordNr>(uses.size()) + 1) == system);
+  }
+  return uses;
+}

@@ -16,6 +16,8 @@ class ChannelNetworks {
   RecordNr NetworkOf(RecordNr channel) const;
   /// The Selcall system of a network; 0 for a network that signals in another way, and for none.
   RecordNr SelcallSystemOf(RecordNr network) const;
+  /// By network record, from index 0: whether its channels signal by that Selcall system.
+  std::vector<bool> OfSelcallSystem(RecordNr system) const;
 
  private:
   const ProviderRef& provider_;

@@ -11,7 +11,7 @@ void FormWrites::Set(std::string_view fieldId, std::string_view uiid, RecordNr r
 
 void FormWrites::Reload(std::string_view uiid) {
   const auto isSame = [&](std::string_view known) { return EqualsIgnoringCase(known, uiid); };
-  if (isSame(uiidInHand_) || std::any_of(written_.begin(), written_.end(), isSame)) return;
+  if (uiid.empty() || isSame(uiidInHand_) || std::any_of(written_.begin(), written_.end(), isSame)) return;
   written_.push_back(uiid);
 }
 

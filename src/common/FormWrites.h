@@ -19,11 +19,16 @@ class FormWrites {
   /// of tables.
   void Set(std::string_view uiid, RecordNr record, const Variant& value) { Set(uiid, uiid, record, value); }
 
-  /// Writes a field called by its FieldId; `uiid` is what the forms call it.
+  /// Writes a field called by its FieldId; `uiid` is what the forms call it, empty for one that they do not
+  /// show.
   void Set(std::string_view fieldId, std::string_view uiid, RecordNr record, const Variant& value);
 
   /// The forms are to reload a field that stays as it is: what it shows depends on another.
   void Reload(std::string_view uiid);
+  /// They are to reload what another rule has written on behalf of this one.
+  void ReloadAllOf(const FormWrites& other) {
+    for (const std::string_view uiid : other.written_) Reload(uiid);
+  }
 
   /// The control is to be enabled or disabled when the rule passes.
   void Enable(std::string_view uiid, bool enabled) { states_.emplace_back(uiid, enabled); }

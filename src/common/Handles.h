@@ -86,6 +86,8 @@ class FieldRef {
   bool HasRecord(RecordNr record) const { return record >= 1 && record <= RecordCount(); }
   RecordRange Records() const { return RecordRange(RecordCount()); }
   std::int32_t TransformId() const { return Ask<std::int32_t>(Host(), &Ifield::TransformId); }
+  /// What the schema gives the field in a new record.
+  Variant Default() const { return Ask<Variant>(Host(), &Ifield::Default); }
   std::int32_t Minimum() const { return Ask<std::int32_t>(Host(), &Ifield::Minimum); }
   std::int32_t Maximum() const { return Ask<std::int32_t>(Host(), &Ifield::Maximum); }
   std::int32_t TableNumber() const { return Ask<std::int32_t>(Host(), &Ifield::TableNumber); }

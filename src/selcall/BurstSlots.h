@@ -16,27 +16,51 @@
 enum class Burst : std::size_t { Repeater, CallerId, TxCall, Status, AccessTone, LeadIn };
 inline constexpr std::size_t kBurstKinds = 6;
 
-/// Where the forms show bursts of a kind, and what a channel calls the one that it uses.
+/// Where the forms show bursts of a kind.
 struct BurstFields {
   std::string_view uiid;  ///< of the grid's column
   std::string_view
       sequence;             ///< the same field; row g shows the g-th burst of the kind in the current system
   std::string_view number;  ///< of the row
-  std::string_view channel, channelUiid;
-  char letter;  ///< of such a burst in the Tx format; '\0' for none
+  char letter;              ///< of such a burst in the Tx format; '\0' for none
 };
 // Given by the maintainers' reference, like all that ARCHITECTURE lists as given.
 // clang-format off
 inline constexpr std::array<BurstFields, kBurstKinds> kBurstFields = {{
-    {"BurstSequence0_k6k", "1101.BurstSequence", "1101.BurstID", "5.RepeaterBurstSeq", "RepeaterBurstIndex_k6k", 'B'},
-    {"BurstSequence1_k6k", "1102.BurstSequence", "1102.BurstID", "5.CallerIDBurstSeq", "CallerIDBurstIndex_k6k", 'C'},
-    {"BurstSequence2_k6k", "1103.BurstSequence", "1103.BurstID", "5.TXCallBurstSeq",   "TXCallBurstIndex_k6k",   'R'},
-    {"BurstSequence3_k6k", "1104.BurstSequence", "1104.BurstID", "5.StatusBurstSeq",   "StatusBurstIndex_k6k",   'S'},
-    {"BurstSequence4_k6k", "1105.BurstSequence", "1105.BurstID", "5.RepeaterAccessToneSeq", "RepeaterAccessToneIndex_k6k", '\0'},
-    {"BurstSequence5_k6k", "1106.BurstSequence", "1106.BurstID", "5.Lead-In-ToneSeq",  "Lead-In-ToneIndex_k6k",  '\0'},
+    {"BurstSequence0_k6k", "1101.BurstSequence", "1101.BurstID", 'B'},
+    {"BurstSequence1_k6k", "1102.BurstSequence", "1102.BurstID", 'C'},
+    {"BurstSequence2_k6k", "1103.BurstSequence", "1103.BurstID", 'R'},
+    {"BurstSequence3_k6k", "1104.BurstSequence", "1104.BurstID", 'S'},
+    {"BurstSequence4_k6k", "1105.BurstSequence", "1105.BurstID", '\0'},
+    {"BurstSequence5_k6k", "1106.BurstSequence", "1106.BurstID", '\0'},
 }};
 // clang-format on
 constexpr const BurstFields& FieldsOf(Burst kind) { return kBurstFields[static_cast<std::size_t>(kind)]; }
+
+/// Where a channel, or one of its preset calls in table 76, says which burst it sends: by its text on the
+/// forms, in the radio by its record less 1, with 0 for none.
+struct BurstUser {
+  std::string_view form, uiid, pointer;
+  Burst kind;
+};
+/// Of the channels by kind, then of the preset calls.
+// clang-format off
+inline constexpr std::array<BurstUser, 10> kBurstUsers = {{
+    {"5.RepeaterBurstSeq",      "RepeaterBurstIndex_k6k",      "5.RepeaterBurst",      Burst::Repeater},
+    {"5.CallerIDBurstSeq",      "CallerIDBurstIndex_k6k",      "5.CallerIDBurst",      Burst::CallerId},
+    {"5.TXCallBurstSeq",        "TXCallBurstIndex_k6k",        "5.TXCallBurst",        Burst::TxCall},
+    {"5.StatusBurstSeq",        "StatusBurstIndex_k6k",        "5.StatusBurst",        Burst::Status},
+    {"5.RepeaterAccessToneSeq", "RepeaterAccessToneIndex_k6k", "5.RepeaterAccessTone", Burst::AccessTone},
+    {"5.Lead-In-ToneSeq",       "Lead-In-ToneIndex_k6k",       "5.Lead-In-Tone",       Burst::LeadIn},
+    {"76.RepeaterBurstSeq", {}, "76.DSDBM_CHANNEL_SEL_RPT_BURST_INDEX_POINTER", Burst::Repeater},
+    {"76.CallerIDBurstSeq", {}, "76.DSDBM_CHANNEL_SEL_CALLER_ID_INDEX_POINTER", Burst::CallerId},
+    {"76.TXCallBurstSeq",   {}, "76.DSDBM_CHANNEL_SEL_TXCALL_INDEX_POINTER",    Burst::TxCall},
+    {"76.StatusBurstSeq",   {}, "76.DSDBM_CHANNEL_SEL_STATUS_INDEX_POINTER",    Burst::Status},
+}};
+// clang-format on
+/// What a channel calls its burst of a kind.
+constexpr const BurstUser& ChannelBurst(Burst kind) { return kBurstUsers[static_cast<std::size_t>(kind)]; }
+static_assert(ChannelBurst(Burst::LeadIn).kind == Burst::LeadIn);
 
 /// How a block is divided. Slots count from 1.
 class BurstLayout {

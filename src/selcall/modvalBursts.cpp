@@ -150,11 +150,10 @@ bool IsWithoutRepeatTone(const BurstEdit& burst) {
 /// compared with the identity of the network's, wanted so; systems whose numbers are not their places are
 /// told apart by the place too, else an edit of one would reach the channels of another.
 std::vector<bool> NetworksOf(const BurstEdit& burst, const ChannelNetworks& networks, bool byIdentity) {
+  std::vector<bool> uses = networks.OfSelcallSystem(burst.system);
   const FieldRef identities = burst.provider.Field("NetworkSignallingID");
-  std::vector<bool> uses;
-  for (const RecordNr network : identities.Records()) {
-    const bool isOfSystem = networks.SelcallSystemOf(network) == burst.system;
-    uses.push_back(isOfSystem && (!byIdentity || SameValue(identities.Value(network), burst.system)));
+  for (std::size_t i = 0; byIdentity && i < uses.size(); ++i) {
+    uses[i] = uses[i] && SameValue(identities.Value(static_cast<RecordNr>(i) + 1), burst.system);
   }
   return uses;
 }
@@ -167,7 +166,8 @@ bool ChangeChannels(const BurstEdit& burst, bool byIdentity, std::string_view te
   if (old.empty()) return true;  // a channel without burst does not use an empty one
   const ChannelNetworks networks(burst.provider);
   const std::vector<bool> uses = NetworksOf(burst, networks, byIdentity);
-  const FieldRef bursts = burst.provider.Field(burst.Fields().channel);
+  const BurstUser& user = ChannelBurst(burst.kind);
+  const FieldRef bursts = burst.provider.Field(user.form);
   bool hasAsked = false;
   for (const RecordNr channel : bursts.Records()) {
     if (!ReadsAs(bursts.Value(channel), old)) continue;
@@ -175,7 +175,7 @@ bool ChangeChannels(const BurstEdit& burst, bool byIdentity, std::string_view te
     if (network == 0 || !uses[static_cast<std::size_t>(network - 1)]) continue;
     if (!hasAsked && AskYesNo(burst.edit.validator, question, parameters) != Button::Yes) return false;
     hasAsked = true;
-    burst.edit.writes.Set(burst.Fields().channel, burst.Fields().channelUiid, channel, text);
+    burst.edit.writes.Set(user.form, user.uiid, channel, text);
   }
   return true;
 }

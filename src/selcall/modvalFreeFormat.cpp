@@ -82,19 +82,6 @@ bool IsDoubleDigitBox(FieldEdit& edit) {
                 "status first.");
 }
 
-void ShowSequence(FieldEdit& edit, const ProviderRef& provider) {
-  const std::string sequence = GetFreeFormatSequenceFromBursts(provider, edit.record, edit.uiid, edit.value);
-  const RecordNr system = modFreeFormat::GetSelcallRecordFromFreeFormatRecord(edit.record);
-  const std::string_view mirror = MirrorOf(edit.record);
-  {
-    const ScopedAutoUpdate silent(provider, false);
-    provider.Field(kSequence).SetValue(edit.record, sequence);
-    if (provider.Field(mirror).HasRecord(system)) provider.Field(mirror).SetValue(system, sequence);
-  }
-  edit.writes.Reload(kSequence);
-  edit.writes.Reload(mirror);
-}
-
 // The sequence as a whole
 
 /// The sequence that the form shows.
@@ -192,7 +179,7 @@ bool ValidateFreeFormatBurst(FieldEdit& edit, std::string_view repeatTone) {
       return IsWithout(edit, repeatTone.empty() ? Digit(provider, "RepeatTone") : std::string(repeatTone));
     };
     if (!passes()) return false;
-    ShowSequence(edit, provider);
+    ShowSequence(edit.writes, provider, edit.record, edit.uiid, edit.value);
     return true;
   });
 }
@@ -217,6 +204,20 @@ std::string GetFreeFormatSequenceFromBursts(const ProviderRef& provider, RecordN
     }
     return sequence;
   });
+}
+
+void ShowSequence(FormWrites& writes, const ProviderRef& provider, RecordNr record, std::string_view uiid,
+                  Variant& value) {
+  const std::string sequence = GetFreeFormatSequenceFromBursts(provider, record, uiid, value);
+  const RecordNr system = modFreeFormat::GetSelcallRecordFromFreeFormatRecord(record);
+  const std::string_view mirror = MirrorOf(record);
+  {
+    const ScopedAutoUpdate silent(provider, false);
+    provider.Field(kSequence).SetValue(record, sequence);
+    if (provider.Field(mirror).HasRecord(system)) provider.Field(mirror).SetValue(system, sequence);
+  }
+  writes.Reload(kSequence);
+  writes.Reload(mirror);
 }
 
 bool ValidateCurrentSequence(const ValidatorRef& validator) {

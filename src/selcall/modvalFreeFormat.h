@@ -17,6 +17,9 @@ bool ValidateFreeFormatBurst(FieldEdit& edit, std::string_view repeatTone);
 /// becomes "G". No field: as it is stored.
 std::string GetFreeFormatSequenceFromBursts(const ProviderRef& provider, RecordNr record,
                                             std::string_view uiid, Variant& value);
+/// Shows that sequence, here and at the system; that is no edit by itself.
+void ShowSequence(FormWrites& writes, const ProviderRef& provider, RecordNr record, std::string_view uiid,
+                  Variant& value);
 
 /// On leaving the form: whether the sequence that it shows may be kept.
 bool ValidateCurrentSequence(const ValidatorRef& validator);

@@ -192,14 +192,18 @@ bool ThirdToneResetValid(const ProviderRef& provider, RecordNr system, std::stri
 }
 
 bool ValidateGroupFormat(FieldEdit& edit) {
-  return Procedure("ValidateGroupFormat", true, [&] {
-    const ProviderRef provider = edit.validator.CurrentProvider();
-    const bool hasGroups = HasGroupTone(provider, "UGBurstSeq") || HasGroupTone(provider, "FreeFormSequence");
-    if (edit.Is(GroupFormat::kOther) || !hasGroups) return true;
-    Warn(edit.validator,
+  ValidateGroupFormat(edit.validator, edit.value);
+  return true;
+}
+
+void ValidateGroupFormat(const ValidatorRef& validator, const Variant& format) {
+  Procedure("ValidateGroupFormat", [&] {
+    const ProviderRef provider = validator.CurrentProvider();
+    if (IsCode(format, GroupFormat::kOther)) return;
+    if (!HasGroupTone(provider, "UGBurstSeq") && !HasGroupTone(provider, "FreeFormSequence")) return;
+    Warn(validator,
          "Please be aware for the 'Sigtec' group format: when a group tone 'G' is used in a sequence all "
          "remaining tones of the burst must also be group tones.");
-    return true;
   });
 }
 

@@ -10,6 +10,8 @@
 namespace modvalSelcall {
 inline constexpr std::string_view kTxFormat = "TxFormat_k6k";
 inline constexpr std::string_view kRxFormat = "RxFormat_k6k";
+/// What a system decodes.
+inline constexpr std::string_view kRxSequences[] = {"RxDecodeSeq1_k6k", "RxDecodeSeq2_k6k", "RMRBurst_k6k"};
 
 /// In place of a system: the one that the forms show.
 inline constexpr RecordNr kCurrentSystem = -1;
@@ -51,8 +53,25 @@ void CleanupRemovedBurstType(FormWrites& writes, const ProviderRef& provider, st
 /// too. A number that is in use is refused without a word.
 bool ValidateSelcallID(FieldEdit& edit);
 
-/// A group format: the user is told what it asks of bursts with group tones.
+/// A group format: the user is told what it asks of bursts with group tones, where there are any.
 bool ValidateGroupFormat(FieldEdit& edit);
+void ValidateGroupFormat(const ValidatorRef& validator, const Variant& format);
+
+/// The group tone and the repeat tone of a system, which differ from each other.
+bool ValidateGroupTone(FieldEdit& edit);
+bool ValidateRepeatTone(FieldEdit& edit);
+/// What becomes of group tones when the tone that stands for them changes.
+enum class GroupSwap {
+  GToTone,  ///< "G" becomes the digit of the stored tone
+  ToneToG,  ///< the digit of the stored tone becomes "G"
+  Both,     ///< the first, then the digit of the new tone becomes "G"
+};
+/// Swaps the group tones in all that calls a group of the system on the forms: repeater, caller ID and Tx
+/// call bursts, the grids that show them and the channels that use them, free-format sequences. Always true.
+bool GroupToneValidation(FieldEdit& edit, std::int32_t newTone, GroupSwap swap);
+/// Gives the system's sequences the old repeat tone where they hold the new one, after one question; false,
+/// with nothing written, for another answer than Yes. Statuses keep their digits.
+bool RepeatToneValidation(FieldEdit& edit, std::int32_t newTone);
 /// The ANI may not be emptied while an emergency sends it.
 bool ValidateANISequence(FieldEdit& edit);
 

@@ -17,8 +17,6 @@
 /// What a radio receives: the sequences that it decodes.
 namespace modvalSelcall {
 namespace {
-constexpr std::string_view kRxSequences[] = {"RxDecodeSeq1_k6k", "RxDecodeSeq2_k6k", "RMRBurst_k6k"};
-
 /// A received sequence, taken apart.
 struct Sequence {
   std::string_view text, burst, status;

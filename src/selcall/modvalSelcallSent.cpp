@@ -136,13 +136,13 @@ void CleanupRemovedBurstType(FormWrites& writes, const ProviderRef& provider, st
       const bool isOfKind = SameValue(types.Value(record), type) && SameValue(owners.Value(record), identity);
       if (isOfKind) writes.Set("UGBurstSeq", record, kUndefined);
     }
-    const BurstFields& fields = kBurstFields[static_cast<std::size_t>(type)];
+    const BurstUser& user = ChannelBurst(static_cast<Burst>(type));
     const std::vector<bool> uses = NetworksOf(provider, identity);
     const ChannelNetworks networks(provider);
     for (const RecordNr channel : provider.Table("5").Records()) {
       const RecordNr network = networks.FindNetworkOf(channel);
       const bool isUser = network != 0 && uses[static_cast<std::size_t>(network - 1)];
-      if (isUser) writes.Set(fields.channel, fields.channelUiid, channel, kNone);
+      if (isUser) writes.Set(user.form, user.uiid, channel, kNone);
     }
     const RecordNr current = CurrentSelcallSystem(provider);
     const bool isShown = SameValue(StoredValue(provider, "SignalSystemId_k6k", current), identity);

@@ -10,12 +10,17 @@
 #include "platform/Conversions.h"
 #include "selcall/ToneSets.h"
 #include "selcall/modToneSets.h"
+#include "selcall/modvalSelcall.h"
 
 namespace modvalToneSets {
 namespace {
 using modToneSets::FrequencyField;
 using modToneSets::kFrequencyFields;
 using ToneSets::Tone;
+
+constexpr std::string_view kBase = "BasedOnToneSet";
+constexpr std::string_view kGroupTone = "GroupTone";
+constexpr std::string_view kRepeatTone = "RepeatTone";
 
 /// The tone of that frequency among those that a user may choose from; null for none.
 const Tone* FindUserTone(const Variant& hertz) {
@@ -26,7 +31,42 @@ const Tone* FindUserTone(const Variant& hertz) {
 }
 
 bool HasRecord(const FieldEdit& edit) {
-  return edit.validator.CurrentProvider().Field("BasedOnToneSet").HasRecord(edit.record);
+  return edit.validator.CurrentProvider().Field(kBase).HasRecord(edit.record);
+}
+
+/// Null for what is no number of a set.
+const ToneSets::ToneSet* FindToneSet(const Variant& number) {
+  return IsNumeric(number) ? ToneSets::Find(CLng(number)) : nullptr;
+}
+
+void BringFrequencies(FieldEdit& edit, const ToneSets::ToneSet& set) {
+  for (std::size_t code = 0; code < kFrequencyFields.size(); ++code) {
+    const FrequencyField& field = kFrequencyFields[code];
+    edit.writes.Set(field.id, field.uiid, edit.record, std::to_string(set.OfCode(code).nominal));
+  }
+}
+
+/// The forms read them in this order, before what else follows.
+void ReloadTones(FieldEdit& edit) {
+  edit.writes.Reload(kBase);
+  for (const FrequencyField& field : kFrequencyFields) edit.writes.Reload(field.uiid);
+  edit.writes.Reload(kGroupTone);
+  edit.writes.Reload(kRepeatTone);
+}
+
+/// The standard group and repeat tone. The group tones are swapped out by the tone that is stored, and in by
+/// the new one, so the tones are written between the two.
+void BringTones(FieldEdit& edit) {
+  const ProviderRef provider = edit.validator.CurrentProvider();
+  const Variant groupTone = provider.Field(kGroupTone).Default();
+  edit.writes.Set(kBase, edit.record, edit.value);
+  using modvalSelcall::GroupSwap;
+  modvalSelcall::GroupToneValidation(edit, CLng(groupTone), GroupSwap::GToTone);
+  if (provider.Field(kGroupTone).HasRecord(edit.record)) {
+    edit.writes.Set(kGroupTone, edit.record, groupTone);
+    edit.writes.Set(kRepeatTone, edit.record, provider.Field(kRepeatTone).Default());
+  }
+  modvalSelcall::GroupToneValidation(edit, CLng(groupTone), GroupSwap::ToneToG);
 }
 
 /// A limit of the one lies within the other.
@@ -44,14 +84,27 @@ bool RefusePair(const ValidatorRef& validator, const Tone& one, const Tone& othe
 }
 }  // namespace
 
+bool ValidateToneSets(FieldEdit& edit) {
+  return Procedure("ValidateToneSets", true, [&] {
+    if (FindToneSet(edit.value) == nullptr || !HasRecord(edit)) return edit.PassUnchanged();
+    const bool isUserDefined = edit.Is(ToneSets::kUserDefined);
+    const auto repeatTone = [&] {
+      return CLng(edit.validator.CurrentProvider().Field(kRepeatTone).Default());
+    };
+    if (!isUserDefined && !modvalSelcall::RepeatToneValidation(edit, repeatTone())) return false;
+    ReloadTones(edit);
+    if (!isUserDefined) BringTones(edit);
+    const Variant base = isUserDefined ? edit.Stored(kBase, edit.record) : edit.value;
+    if (const ToneSets::ToneSet* set = FindToneSet(base)) BringFrequencies(edit, *set);
+    return true;
+  });
+}
+
 bool ValidateBasedOnToneSet(FieldEdit& edit) {
   return Procedure("ValidateBasedOnToneSet", true, [&] {
-    const ToneSets::ToneSet* base = IsNumeric(edit.value) ? ToneSets::Find(CLng(edit.value)) : nullptr;
+    const ToneSets::ToneSet* base = FindToneSet(edit.value);
     if (base == nullptr || !HasRecord(edit)) return edit.PassUnchanged();
-    for (std::size_t code = 0; code < kFrequencyFields.size(); ++code) {
-      const FrequencyField& field = kFrequencyFields[code];
-      edit.writes.Set(field.id, field.uiid, edit.record, std::to_string(base->OfCode(code).nominal));
-    }
+    BringFrequencies(edit, *base);
     return true;
   });
 }
@@ -77,7 +130,7 @@ bool ValidateUserDefinedTones(const ValidatorRef& validator) {
   return Procedure("ValidateUserDefinedTones", true, [&] {
     const ProviderRef provider = validator.CurrentProvider();
     const RecordNr system = CurrentSelcallSystem(provider);
-    if (!SameValue(StoredValue(provider, "BasedOnToneSet", system), ToneSets::kUserDefined)) return true;
+    if (!SameValue(StoredValue(provider, kBase, system), ToneSets::kUserDefined)) return true;
     std::array<const Tone*, ToneSets::kToneCodes> tones{};
     for (std::size_t code = 0; code < tones.size(); ++code) {
       tones[code] = FindUserTone(StoredValue(provider, kFrequencyFields[code].id, system));

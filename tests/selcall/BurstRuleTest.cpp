@@ -157,8 +157,8 @@ class BurstsOfChannels : public BurstRule {
     BurstRule::SetUp();
     GiveChannels({11, 12, 13, 14});
     provider.Fill("5.ChannelNetworkIdUI", {2, 1, 3, 2});
-    for (const BurstFields& fields : kBurstFields)
-      provider.Fill(fields.channel, {"12345", "12345", "12345", "None"});
+    for (std::size_t kind = 0; kind < kBurstKinds; ++kind)
+      provider.Fill(ChannelBurst(static_cast<Burst>(kind)).form, {"12345", "12345", "12345", "None"});
     Give(2, Burst::TxCall, 7, "12345");
     provider.Set("GroupTone", 2, 9);
     provider.Set("GroupFormat", 2, 1);

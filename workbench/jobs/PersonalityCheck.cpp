@@ -13,7 +13,7 @@
 
 namespace {
 /// Rules that judge the change to another value and not the value, or explain it: what is stored is none.
-constexpr std::string_view kRulesOfChange[] = {"ChannelNetworkID_k6k", "GroupFormat"};
+constexpr std::string_view kRulesOfChange[] = {"ChannelNetworkID_k6k", "GroupFormat", "GroupTone", "ToneSet"};
 }  // namespace
 
 FindingKind KindOf(const Shown& box) {

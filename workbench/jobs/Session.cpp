@@ -1,5 +1,8 @@
 #include "workbench/jobs/Session.h"
 
+#include <algorithm>
+#include <set>
+
 #include "platform/Conversions.h"
 #include "workbench/files/FileError.h"
 #include "workbench/jobs/Control.h"
@@ -12,17 +15,43 @@ namespace {
 /// set of a user's tones is as much of that way as their own number.
 constexpr std::string_view kNotAllComeBack[] = {"48.DerivedSelcallToneSet", "48.BasedOnToneSet"};
 
+bool ComesBack(const Provider& content, const SchemaField& field, RecordNr record) {
+  const Variant& value = content.Get(field, record);
+  return IsNumeric(value) && LimitsOf(field).Hold(CDbl(value));
+}
+
 void RequireConvertible(const Provider& content, const std::string& fileName) {
   for (const std::string_view name : kNotAllComeBack) {
     const SchemaField& field = content.FieldOf(name);
     for (RecordNr record = 1; record <= content.Count(field.table); ++record) {
-      const Variant& value = content.Get(field, record);
-      if (IsNumeric(value) && LimitsOf(field).Hold(CDbl(value))) continue;
+      if (ComesBack(content, field, record)) continue;
       throw FileError(fileName, 0, field.CommonName() + ", record " + std::to_string(record),
-                      "\"" + CStr(value) + "\" is shown but can not be saved, which takes " +
-                          CStr(field.minimum) + " to " + CStr(field.maximum));
+                      "\"" + CStr(content.Get(field, record)) +
+                          "\" is shown but can not be saved, which takes " + CStr(field.minimum) + " to " +
+                          CStr(field.maximum));
     }
   }
+}
+
+/// A field that is converted from others, so that a write of one of those brings it to the radio or shows it
+/// anew.
+struct Dependent {
+  std::string_view on, field;
+};
+/// The radio's frequencies are an array, the forms have a field for each.
+constexpr std::string_view kFrequencies = "48.CustomFrequencies";
+constexpr std::int32_t kToneSets = 48;
+constexpr Dependent kShownAgain[] = {{"31.GroupTone", "48.DerivedSelcallToneSet"},
+                                     {"31.RepeatTone", "48.DerivedSelcallToneSet"}};
+
+/// Whether a change brings the field to the radio.
+bool Brings(const Provider& content, const SchemaField& field, const Change& change) {
+  if (change.field == nullptr || change.record > content.Count(change.field->table)) return false;
+  if (change.field == &field) return true;
+  if (field.id != kFrequencies || change.field->table != kToneSets) return false;
+  return std::ranges::all_of(kNotAllComeBack, [&](std::string_view name) {
+    return ComesBack(content, content.FieldOf(name), change.record);
+  });
 }
 }  // namespace
 
@@ -73,7 +102,16 @@ EditResult Session::Edit(const SchemaField& field, std::string_view uiid, Record
   host_.Require(host_.Validator().ValidateByUIID(uiid, value, record, accepted));
   result.accepted = accepted != kFalse;
   result.left = value;
-  if (result.accepted) Store(field, record, std::move(value));
+  if (result.accepted) {
+    provider_->Set(field, record, std::move(value));
+    std::vector<Change> written = journal.Changes();
+    Change& own =
+        written.emplace_back(provider_->GetSchema().TableOf(field));  // where it stays the same, too
+    own.field = &field;
+    own.record = record;
+    ConvertWritten(written);
+    ShowAgain(field, record);
+  }
 
   // A rule may have changed the number of records of the field's own table.
   if (record <= provider_->Count(field.table)) result.now = provider_->Get(field, record);
@@ -87,6 +125,28 @@ EditResult Session::Edit(const SchemaField& field, std::string_view uiid, Record
 void Session::Store(const SchemaField& field, RecordNr record, Variant value) {
   provider_->Set(field, record, std::move(value));
   ConvertToRaw(provider_, field, record);
+  ShowAgain(field, record);
+}
+
+void Session::ConvertWritten(const std::vector<Change>& changes) {
+  for (const SchemaField* field : provider_->GetSchema().ConvertedToRadio()) {
+    std::set<RecordNr> records;
+    for (const Change& change : changes) {
+      if (Brings(*provider_, *field, change)) records.insert(change.record);
+    }
+    for (const RecordNr record : records) ConvertToRaw(provider_, *field, record);
+  }
+  for (const Dependent& dependent : kShownAgain) {
+    const SchemaField& field = provider_->FieldOf(dependent.field);
+    for (const Change& change : changes) {
+      const bool isOn = change.field != nullptr && change.field->id == dependent.on;
+      if (isOn && change.record <= provider_->Count(field.table))
+        ConvertToForm(provider_, field, change.record);
+    }
+  }
+}
+
+void Session::ShowAgain(const SchemaField& field, RecordNr record) {
   if (const Forms::Current* shown = Forms::ViewedBy(field.table)) {
     Forms::FillViews(*this, *shown);  // a conversion would show what belongs to the first record
   } else {

@@ -85,6 +85,10 @@ class Session {
 
  private:
   void ConvertToForms(const std::shared_ptr<Provider>& provider);
+  /// Brings what an edit has written to the radio, in the order of a save, and what depends on that back to
+  /// the forms.
+  void ConvertWritten(const std::vector<Change>& changes);
+  void ShowAgain(const SchemaField& field, RecordNr record);
   void ConvertToForm(const std::shared_ptr<Provider>& provider, const SchemaField& field, RecordNr record);
   void ConvertToRaw(const std::shared_ptr<Provider>& provider, const SchemaField& field, RecordNr record);
   /// As Require of the host, with the place of a fault.
