@@ -25,6 +25,8 @@ class FormWrites {
 
   /// The forms are to reload a field that stays as it is: what it shows depends on another.
   void Reload(std::string_view uiid);
+  /// They are to reload the field in hand, too: it has changed in other records.
+  void ReloadInHand(std::string_view uiid) { written_.push_back(uiid); }
   /// They are to reload what another rule has written on behalf of this one.
   void ReloadAllOf(const FormWrites& other) {
     for (const std::string_view uiid : other.written_) Reload(uiid);

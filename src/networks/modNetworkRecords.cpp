@@ -5,6 +5,7 @@
 
 #include "common/Messages.h"
 #include "common/Procedure.h"
+#include "common/RecordBlocks.h"
 #include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
 #include "radioui/modGPS.h"
@@ -30,12 +31,7 @@ constexpr Companion kCompanions[] = {  // in the order in which they are made
 };
 // clang-format on
 
-/// A table with a block of records for each network.
-struct Blocks {
-  std::string_view table;
-  std::size_t perNetwork;
-};
-constexpr Blocks kBlocks[] = {{"51", 6}, {"68", 4}};
+constexpr RecordBlocks kBlocks[] = {{"51", 6}, {"68", 4}};
 
 /// A field that holds the index, from 0, of a network or of a record that belongs to one.
 struct Pointer {
@@ -55,28 +51,14 @@ constexpr std::string_view kPatchSequences[] = {
     "67.DTMFPatchSequence3", "67.DTMFPatchLineCapturedSeq3", "67.DTMFPatchLineReleaseSeq3",
     "67.DTMFPatchSequence4", "67.DTMFPatchLineCapturedSeq4", "67.DTMFPatchLineReleaseSeq4"};
 
-/// The order of the networks after a sort: the index, from 0, that the n-th one had before.
-using Order = std::vector<std::size_t>;
-
 /// `newIndex` gives the new index of a network for its old one, both from 0.
-template <typename NewIndex>
-void MovePointers(const ProviderRef& provider, NewIndex newIndex) {
+template <typename NewIndexOf>
+void MoveAllPointers(const ProviderRef& provider, const NewIndexOf& newIndex) {
   for (const Pointer& pointer : kPointers) {
-    const FieldRef field = provider.Field(pointer.fieldId);
-    for (const RecordNr record : field.Records()) {
-      const std::int32_t index = CLng(field.Value(record));
-      if (index < 0) continue;  // none
-      const std::int32_t moved =
-          newIndex(index / pointer.perNetwork) * pointer.perNetwork + index % pointer.perNetwork;
-      if (moved != index) field.SetValue(record, moved);
-    }
+    MovePointers(provider.Field(pointer.fieldId), [&](std::int32_t index) {
+      return newIndex(index / pointer.perNetwork) * pointer.perNetwork + index % pointer.perNetwork;
+    });
   }
-}
-
-/// A damaged personality may lack records of the last networks.
-void Complete(const TableRef& table, std::size_t needed) {
-  for (RecordNr count = table.RecordCount(); count < static_cast<RecordNr>(needed); ++count)
-    table.AppendRecord();
 }
 
 /// A record that lacks would shift those behind it in a sort, and a number that disagrees with the network's
@@ -84,7 +66,7 @@ void Complete(const TableRef& table, std::size_t needed) {
 void Align(const ProviderRef& provider) {
   const FieldRef networks = provider.Field("NetworkID");
   for (const Companion& companion : kCompanions) {
-    Complete(provider.Table(companion.table), static_cast<std::size_t>(networks.RecordCount()));
+    CompleteBlocks(provider, {companion.table}, networks.RecordCount());
     if (companion.number.empty()) continue;
     const FieldRef numbers = provider.Field(companion.number);
     for (const RecordNr record : networks.Records()) {
@@ -99,30 +81,10 @@ void SortBy(const ProviderRef& provider, std::string_view number, std::string_vi
   provider.RefreshValues(numberId);
 }
 
-Order OrderOf(const std::vector<Variant>& before, const std::vector<Variant>& after) {
-  Order order;
-  std::vector<bool> taken(before.size());
-  for (const Variant& number : after) {
-    std::size_t old = 0;
-    while (old < before.size() && (taken[old] || !SameValue(before[old], number))) ++old;
-    if (old == before.size()) return {};  // the host's sort changed the numbers: nothing to follow
-    taken[old] = true;
-    order.push_back(old);
-  }
-  return order;
-}
-
-void Reorder(const ProviderRef& provider, const Blocks& blocks, const Order& order) {
-  const TableRef table = provider.Table(blocks.table);
-  if (table.RecordCount() == 0) return;  // the radio has none yet
-  Complete(table, order.size() * blocks.perNetwork);
-  for (const FieldRef& field : table.Fields().NewEnum()) {
-    const std::vector<Variant> values = field.Values();
-    for (std::size_t to = 0; to < order.size() * blocks.perNetwork; ++to) {
-      const std::size_t from = order[to / blocks.perNetwork] * blocks.perNetwork + to % blocks.perNetwork;
-      if (from != to) field.SetValue(static_cast<RecordNr>(to) + 1, values[from]);
-    }
-  }
+void Reorder(const ProviderRef& provider, const RecordBlocks& blocks, const RecordOrder& order) {
+  if (provider.Table(blocks.table).RecordCount() == 0) return;  // the radio has none yet
+  CompleteBlocks(provider, blocks, static_cast<RecordNr>(order.size()));
+  ReorderBlocks(provider, blocks, order);
 }
 }  // namespace
 
@@ -163,19 +125,10 @@ void AddNetwork(const ValidatorRef& validator, const ProviderRef& provider, Reco
 
 void DeleteCompanions(const ProviderRef& provider, RecordNr network) {
   const ScopedAutoUpdate silent(provider, false);
-  for (const Companion& companion : kCompanions) {
-    const TableRef table = provider.Table(companion.table);
-    if (table.HasRecord(network)) table.DeleteRecord(network);
-  }
-  for (const Blocks& blocks : kBlocks) {
-    const TableRef table = provider.Table(blocks.table);
-    const auto perNetwork = static_cast<RecordNr>(blocks.perNetwork);
-    for (RecordNr record = network * perNetwork; record > (network - 1) * perNetwork; --record) {
-      if (table.HasRecord(record)) table.DeleteRecord(record);
-    }
-  }
-  MovePointers(provider, [&](std::int32_t index) { return index >= network ? index - 1 : index; });
-  Order left;
+  for (const Companion& companion : kCompanions) DeleteBlock(provider, {companion.table}, network);
+  for (const RecordBlocks& blocks : kBlocks) DeleteBlock(provider, blocks, network);
+  MoveAllPointers(provider, [&](std::int32_t index) { return index >= network ? index - 1 : index; });
+  RecordOrder left;
   for (const RecordNr record : provider.Table("21").Records()) {
     if (record != network) left.push_back(static_cast<std::size_t>(record - 1));
   }
@@ -191,18 +144,13 @@ void Sort(const ProviderRef& provider) {
   for (const Companion& companion : kCompanions) {
     if (!companion.number.empty()) SortBy(provider, companion.number, companion.numberId);
   }
-  const Order order = OrderOf(before, numbers.Values());
+  const RecordOrder order = OrderOf(before, numbers.Values());
   if (std::ranges::is_sorted(order)) return;  // nothing moved
   for (const Companion& companion : kCompanions) {
-    if (companion.number.empty()) Reorder(provider, {companion.table, 1}, order);
+    if (companion.number.empty()) Reorder(provider, {companion.table}, order);
   }
-  for (const Blocks& blocks : kBlocks) Reorder(provider, blocks, order);
-  const auto count = static_cast<std::int32_t>(order.size());
-  MovePointers(provider, [&](std::int32_t index) {
-    if (index < 0 || index >= count) return index;
-    return static_cast<std::int32_t>(std::ranges::find(order, static_cast<std::size_t>(index)) -
-                                     order.begin());
-  });
+  for (const RecordBlocks& blocks : kBlocks) Reorder(provider, blocks, order);
+  MoveAllPointers(provider, [&](std::int32_t index) { return NewIndex(order, index); });
   modGPS::MoveRows(provider, order);
 }
 

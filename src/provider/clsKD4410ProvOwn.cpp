@@ -101,13 +101,13 @@ Status clsKD4410ProvOwn::PostAddProcessing(std::shared_ptr<Iprovider> provider, 
   });
 }
 
-Status clsKD4410ProvOwn::PostInsertProcessing(std::shared_ptr<Iprovider>, std::string_view gridName, RecordNr,
-                                              Boolean& out) {
-  return Call([&](Itier*) {
+Status clsKD4410ProvOwn::PostInsertProcessing(std::shared_ptr<Iprovider> provider, std::string_view gridName,
+                                              RecordNr record, Boolean& out) {
+  return Call([&](Itier* tier) {
     if (!modPostAddProcessing::CanCompleteInserted(gridName))
       RaiseNotSupported("PostInsertProcessing", gridName);
     out = ToBoolean(Procedure("PostInsertProcessing", true, [&] {
-      modPostAddProcessing::CheckInsertedRecord(gridName);
+      modPostAddProcessing::CheckInsertedRecord(ValidatorRef(tier), ProviderRef(provider), gridName, record);
       return true;
     }));
   });

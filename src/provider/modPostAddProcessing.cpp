@@ -11,20 +11,29 @@
 #include "common/modCommonErrorHandler.h"
 #include "networks/modNetworkRecords.h"
 #include "platform/CaseText.h"
+#include "selcall/modSelcallRecords.h"
+#include "selcall/modvalControlStatus.h"
 
 namespace modPostAddProcessing {
 namespace {
 /// By the table of the grid.
-constexpr struct {
+struct Completion {
   std::int32_t table;
   void (*complete)(const ValidatorRef& validator, const ProviderRef& provider, RecordNr record);
-} kAdded[] = {
+};
+constexpr Completion kAdded[] = {
     {21, modNetworkRecords::AddNetwork},
+    {29, modSelcallRecords::AddSelcall6000},
+    {1115, modvalControlStatus::AddControlStatus},
+};
+
+constexpr Completion kInserted[] = {
+    {1115, modvalControlStatus::AddControlStatus},
 };
 
 /// Tables of grids whose subjects the tier does not have yet.
-constexpr std::int32_t kAddedToCome[] = {5, 16, 29, 37, 64, 80, 1115, 1119};
-constexpr std::int32_t kInsertedToCome[] = {5, 1115};
+constexpr std::int32_t kAddedToCome[] = {5, 16, 37, 64, 80, 1119};
+constexpr std::int32_t kInsertedToCome[] = {5};
 
 bool IsOneOf(std::span<const std::int32_t> tables, std::string_view gridName) {
   return std::ranges::find(tables, Grids::TableOf(gridName)) != tables.end();
@@ -34,6 +43,14 @@ void TellUnknown(std::string_view gridName) {
   modCommonErrorHandler::ShowMessageBox(
       "The " + std::string(gridName) + " grid is not handled in post add processing", MessageStyle::kCritical,
       "Post Add Processing Error");
+}
+
+/// Null for a grid that is not handled; a box has told so.
+const Completion* FindCompletion(std::span<const Completion> completions, std::string_view gridName) {
+  const auto row = std::ranges::find(completions, Grids::TableOf(gridName), &Completion::table);
+  if (row != completions.end()) return &*row;
+  TellUnknown(gridName);
+  return nullptr;
 }
 
 /// The key field of a grid where the scan group members follow; an own name stands for itself.
@@ -50,16 +67,22 @@ bool CanCompleteInserted(std::string_view gridName) { return !IsOneOf(kInsertedT
 
 void CheckAddedRecord(const ValidatorRef& validator, const ProviderRef& provider, std::string_view gridName) {
   Procedure("CheckAddedRecord", [&] {
-    const std::int32_t table = Grids::TableOf(gridName);
-    const auto* row = std::ranges::find_if(kAdded, [&](const auto& grid) { return grid.table == table; });
-    if (row == std::end(kAdded)) return TellUnknown(gridName);
+    const Completion* completion = FindCompletion(kAdded, gridName);
+    if (completion == nullptr) return;
     const ScopedAutoUpdate loud(provider, true);
-    row->complete(validator, provider, provider.Table(std::to_string(table)).RecordCount());
+    const RecordNr last = provider.Table(std::to_string(completion->table)).RecordCount();
+    completion->complete(validator, provider, last);
   });
 }
 
-void CheckInsertedRecord(std::string_view gridName) {
-  Procedure("CheckInsertedRecord", [&] { TellUnknown(gridName); });
+void CheckInsertedRecord(const ValidatorRef& validator, const ProviderRef& provider,
+                         std::string_view gridName, RecordNr record) {
+  Procedure("CheckInsertedRecord", [&] {
+    const Completion* completion = FindCompletion(kInserted, gridName);
+    if (completion == nullptr) return;
+    const ScopedAutoUpdate loud(provider, true);
+    completion->complete(validator, provider, record);
+  });
 }
 
 bool RecordDeleted(const ValidatorRef& validator, std::string_view name) {

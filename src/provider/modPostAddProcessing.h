@@ -13,7 +13,8 @@ bool CanCompleteInserted(std::string_view gridName);
 /// Completes the last record of the grid's table. A grid that is not known changes nothing; a box tells.
 void CheckAddedRecord(const ValidatorRef& validator, const ProviderRef& provider, std::string_view gridName);
 /// Likewise for an inserted record; most grids know no insert.
-void CheckInsertedRecord(std::string_view gridName);
+void CheckInsertedRecord(const ValidatorRef& validator, const ProviderRef& provider,
+                         std::string_view gridName, RecordNr record);
 /// `name` is a grid or its key field. A scan group that goes, or a member, reloads the list of members.
 bool RecordDeleted(const ValidatorRef& validator, std::string_view name);
 }  // namespace modPostAddProcessing

@@ -13,6 +13,7 @@
 #include "radioui/modGPS.h"
 #include "radioui/modPersonalityOptions.h"
 #include "radioui/modUIPreferences.h"
+#include "selcall/modControlStatus.h"
 #include "selcall/modFreeFormat.h"
 #include "selcall/modSelcallMapping.h"
 #include "selcall/modToneSets.h"
@@ -56,6 +57,9 @@ constexpr Transformation kTransformations[] = {
     {524, NoAction,                            modSelcallMapping::GetUnfilteredGridData},
     {525, SetPresetSelcallIndex,               GetPresetSelcallIndex},
     {526, modChannelIndex::SetChannelIndex, modChannelIndex::GetChannelIndex, "53.ChannelIDTracker"},
+    {527, NoAction,                            modControlStatus::GetGenerateControlStatus},
+    {528, modControlStatus::SetControlStatus,  modControlStatus::GetControlStatus},
+    {529, modControlStatus::SetGenerateControlStatus, NoAction},
     {532, NoAction,                            NoAction},
     {534, modSubaudible::SetGenerateCTCSSDCS,  modSubaudible::GenerateCTCSSDCS},
     {535, modFreeFormat::SetFreeFormatFields,  modFreeFormat::GetFreeFormatSequence},

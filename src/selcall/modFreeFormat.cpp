@@ -7,8 +7,6 @@
 
 namespace modFreeFormat {
 namespace {
-constexpr RecordNr kSequencesPerSystem = 7;
-
 std::string WholeSequence(const ProviderRef& provider, RecordNr record) {
   std::string sequence;
   for (const Part& part : kParts) {

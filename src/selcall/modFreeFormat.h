@@ -9,6 +9,8 @@
 /// Free-format sequences: telegrams of the user's own making, seven for each Selcall system. A record of
 /// table 49 holds the bursts of one; the record of its system in table 29 mirrors the whole sequence.
 namespace modFreeFormat {
+inline constexpr RecordNr kSequencesPerSystem = 7;
+
 /// A part of a sequence and the gap behind it, by their fields and by what the forms call them.
 struct Part {
   std::string_view form, uiid;

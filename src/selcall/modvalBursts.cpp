@@ -17,6 +17,7 @@
 #include "platform/DecimalText.h"
 #include "selcall/BurstSlots.h"
 #include "selcall/modSelcallMapping.h"
+#include "selcall/modvalControlStatus.h"
 #include "selcall/modvalSelcall.h"
 
 namespace modvalBursts {
@@ -303,7 +304,11 @@ bool ValidateBurstSequence(FieldEdit& edit) {
 }
 
 bool ValidateCurrentSelcallNumber(FieldEdit& edit) {
-  return UpdateFilteredGridsTest(edit.writes, edit.validator.CurrentProvider(), CLng(edit.value));
+  const ProviderRef provider = edit.validator.CurrentProvider();
+  const RecordNr system = CLng(edit.value);
+  UpdateFilteredGridsTest(edit.writes, provider, system);
+  modvalControlStatus::UpdateFilteredGrid(edit.writes, provider, system);
+  return true;
 }
 
 bool UpdateFilteredGridsTest(FormWrites& writes, const ProviderRef& provider, RecordNr system) {

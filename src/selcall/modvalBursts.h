@@ -10,7 +10,7 @@ namespace modvalBursts {
 /// those keep the change when a later check refuses the edit. An empty value takes the burst away.
 bool ValidateBurstSequence(FieldEdit& edit);
 
-/// The forms turn to another system: its bursts come into the grids.
+/// The forms turn to another system: its bursts come into the grids, its control statuses on their form.
 bool ValidateCurrentSelcallNumber(FieldEdit& edit);
 
 /// Shows the bursts of a system in the grids, and nothing in rows that it does not reach. Always true.

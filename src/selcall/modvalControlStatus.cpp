@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <set>
 #include <string>
 
 #include "common/Messages.h"
@@ -10,9 +12,14 @@
 #include "common/modCommonGlobals.h"
 #include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
+#include "platform/DecimalText.h"
+#include "selcall/modControlStatus.h"
 
 namespace modvalControlStatus {
 namespace {
+constexpr std::string_view kValue = "ControlStatusValue";
+constexpr std::string_view kType = "ControlStatusType";
+
 /// The formats that a status is held against.
 struct Formats {
   std::string_view given;
@@ -20,6 +27,26 @@ struct Formats {
 };
 
 std::int32_t StatusTones(std::string_view format) { return modCommonGlobals::CharCount(format, 'S'); }
+
+/// A value may stand in either notation; none for what is no value, or higher than any that is looked for.
+std::optional<std::int32_t> ValueOf(const Variant& value) {
+  constexpr double kHighest = 99;
+  const std::string text = CStr(value);
+  const bool isTone = text.size() == 1 && text.find_first_of("ABCDEFabcdef") == 0;
+  if (!isTone && !IsWholeNumberUpTo(text, kHighest)) return std::nullopt;
+  return modCommonGlobals::ConvertToneToNumber(text);
+}
+
+/// The lowest number that no other row holds; the new one holds nothing yet.
+std::int32_t LowestFree(const FieldRef& field, RecordNr newRow, std::int32_t lowest) {
+  std::set<std::int32_t> used;
+  for (const RecordNr row : field.Records()) {
+    if (row == newRow) continue;
+    if (const auto value = ValueOf(field.Value(row))) used.insert(*value);
+  }
+  while (used.contains(lowest)) ++lowest;
+  return lowest;
+}
 
 bool HasTwins(const ProviderRef& provider, RecordNr system) {
   const FieldRef systems = provider.Field("1111.SelcallID");
@@ -109,6 +136,82 @@ bool ValidateCtrlStatusTonesBySigSys(const ValidatorRef& validator, const Varian
         "saving to file or programming a radio.";
     if (isFinal) return Refuse(validator, text);
     return AskYesNo(validator, text + " Do you wish to continue?") == Button::Yes;
+  });
+}
+
+void UpdateFilteredGrid(FormWrites& writes, const ProviderRef& provider, RecordNr system) {
+  Procedure("UpdateFilteredGrid", [&] {
+    {
+      const ScopedAutoUpdate silent(provider, false);
+      modControlStatus::CopyFromControlUI(provider, CurrentSelcallSystem(provider));
+      modControlStatus::CopyToControlUI(provider, system);
+    }
+    writes.Reload(kValue);
+  });
+}
+
+void SortControlStatus(const ValidatorRef& validator) {
+  Procedure("SortControlStatus", [&] {
+    const ProviderRef provider = validator.CurrentProvider();
+    const ScopedAutoUpdate silent(provider, false);
+    const RecordNr system = CurrentSelcallSystem(provider);
+    modControlStatus::CopyFromControlUI(provider, system);
+    modControlStatus::CopyFromIntermediateToRaw(provider);
+    provider.Table("32").Sort(provider, "32.SignalSystemId|32.ValueTracker");
+    modControlStatus::CopyToIntermediateFromRaw(provider);
+    modControlStatus::CopyToControlUI(provider, system);
+    provider.SetAutoUpdate(true);  // the form reloads whatever the state was
+    validator.Messenger().RefreshField(kValue);
+  });
+}
+
+bool ValidateControlStatusForm(const ValidatorRef& validator) {
+  SortControlStatus(validator);
+  return true;
+}
+
+bool ValidateControlStatusType(FieldEdit& edit) {
+  return Procedure("ValidateControlStatusType", true, [&] {
+    const ProviderRef provider = edit.validator.CurrentProvider();
+    const FieldRef types = provider.Field(kType);
+    if (!types.HasRecord(edit.record)) return edit.PassUnchanged();
+    for (const RecordNr row : types.Records()) {
+      if (row == edit.record || !SameValue(types.Value(row), edit.value)) continue;
+      const std::string other = CStr(provider.Field("1115.ValueTracker").Value(row));
+      if (AskYesNo(edit.validator,
+                   "The Control Status Type must be unique, this type has been used by Control Status Value "
+                   "%0:S. %1:S Do you want to swap them?",
+                   {other, kLineBreak}) != Button::Yes) {
+        return false;
+      }
+      types.SetValue(row, types.Value(edit.record));
+      types.SetValue(edit.record, edit.value);
+      edit.writes.ReloadInHand(kType);
+      return true;
+    }
+    return true;
+  });
+}
+
+bool MayAddControlStatus(const ValidatorRef& validator, const ProviderRef& provider) {
+  const std::string format = CStr(StoredValue(provider, "RxFormat_k6k", CurrentSelcallSystem(provider)));
+  if (format.find('S') != std::string::npos) return true;
+  Warn(validator,
+       "There is no 'S' burst present in the Rx Format for the current signalling system. Please add an 'S' "
+       "burst before adding a control status.");
+  return false;
+}
+
+void AddControlStatus(const ValidatorRef&, const ProviderRef& provider, RecordNr record) {
+  Procedure("AddControlStatus", [&] {
+    const FieldRef values = provider.Field("1115.ValueTracker");
+    const FieldRef types = provider.Field(kType);
+    const std::int32_t value = LowestFree(values, record, 1);
+    // The number of the system, though its place is what the form's rows hold: nobody reads it back.
+    const RecordNr system = CurrentSelcallSystem(provider);
+    provider.Field("1115.SelcallID").SetValue(record, StoredValue(provider, "SignalSystemId_k6k", system));
+    values.SetValue(record, std::to_string(value));
+    types.SetValue(record, LowestFree(types, record, 0));
   });
 }
 

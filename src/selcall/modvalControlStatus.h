@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "common/ValidatorRef.h"
+#include "common/FieldEdit.h"
 
 /// The rules of the control statuses: values of a Selcall system to which the radio ties a function. Table
 /// 1111 holds those of all systems, table 1115 those of the one on the form.
@@ -19,6 +19,18 @@ bool ValidateControlStatusTone(const ValidatorRef& validator, std::string_view f
 /// The same for one system: of that identity, or with a format the system of that record.
 bool ValidateCtrlStatusTonesBySigSys(const ValidatorRef& validator, const Variant& identity,
                                      std::string_view format, RecordNr system, bool isFinal);
+/// The form turns from the system that it shows to another one.
+void UpdateFilteredGrid(FormWrites& writes, const ProviderRef& provider, RecordNr system);
+/// Sorts the statuses by system and value, on the forms and in table 32; the form reads them again.
+void SortControlStatus(const ValidatorRef& validator);
+/// On leaving the form, which is left sorted. Always true.
+bool ValidateControlStatusForm(const ValidatorRef& validator);
+/// The type of a status, which no other one on the form has: on consent the other one takes its old type.
+bool ValidateControlStatusType(FieldEdit& edit);
+/// Whether the system on the form receives statuses at all.
+bool MayAddControlStatus(const ValidatorRef& validator, const ProviderRef& provider);
+/// Completes a new status on the form: the lowest value from 1 and the lowest type from 0 that are free.
+void AddControlStatus(const ValidatorRef& validator, const ProviderRef& provider, RecordNr record);
 /// Empties table 1115.
 void DeleteCurrentSystemControlStatuses(const ProviderRef& provider);
 /// Whether a format with so many status tones has room for the value: 0 to 15 for one, 0 to 99 for two. Any

@@ -2,12 +2,14 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "common/FieldEdit.h"
 
 /// The rules of the Selcall systems: formats and the sequences that they hold. A record of table 29 is a
 /// system; what belongs to it has its place.
 namespace modvalSelcall {
+inline constexpr std::string_view kIdentity = "SignalSystemId_k6k";
 inline constexpr std::string_view kTxFormat = "TxFormat_k6k";
 inline constexpr std::string_view kRxFormat = "RxFormat_k6k";
 /// What a system decodes.
@@ -52,6 +54,18 @@ void CleanupRemovedBurstType(FormWrites& writes, const ProviderRef& provider, st
 /// The number of a system, which no other one has: all that belongs to it takes the new one, its networks,
 /// too. A number that is in use is refused without a word.
 bool ValidateSelcallID(FieldEdit& edit);
+
+/// By network record, from index 0: whether its channels signal by the system of that number.
+std::vector<bool> NetworksOf(const ProviderRef& provider, const Variant& identity);
+
+/// On leaving the form of the systems: received sequences of another length are told, else statuses that are
+/// sent and received with different lengths are refused. `sort` brings the systems into order.
+bool ValidateSelcallForm(const ValidatorRef& validator, bool sort);
+/// Sorts the systems by their numbers with all that belongs to them. The forms go on showing the same place.
+void SortSelcall(const ValidatorRef& validator);
+/// A system that no network uses may go: its companions and its control statuses are deleted, and the forms
+/// turn to one that is left. The system itself is the host's to delete.
+bool DeleteSelcall(const ValidatorRef& validator, RecordNr system);
 
 /// A group format: the user is told what it asks of bursts with group tones, where there are any.
 bool ValidateGroupFormat(FieldEdit& edit);

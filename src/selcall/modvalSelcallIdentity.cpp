@@ -7,8 +7,6 @@
 /// The number by which a system is known.
 namespace modvalSelcall {
 namespace {
-constexpr std::string_view kIdentity = "SignalSystemId_k6k";
-
 /// The fields that hold the number of the system that a record belongs to, and what the forms call them.
 struct Holder {
   std::string_view field;

@@ -92,8 +92,8 @@ SentBursts SentBy(const ValidatorRef& validator, FormWrites& writes, std::string
   }
   return sent;
 }
+}  // namespace
 
-/// By network record, from index 0: whether its channels signal by the system of that identity.
 std::vector<bool> NetworksOf(const ProviderRef& provider, const Variant& identity) {
   const FieldRef types = provider.Field("21.SignallingType");
   const FieldRef identities = provider.Field("21.NetworkSignallingID");
@@ -104,7 +104,6 @@ std::vector<bool> NetworksOf(const ProviderRef& provider, const Variant& identit
   }
   return uses;
 }
-}  // namespace
 
 bool TxSequencesValid(const ValidatorRef& validator, FormWrites& writes, std::string_view format,
                       RecordNr system, bool isFinal) {

@@ -22,12 +22,12 @@
 namespace modvalSelcall {
 namespace {
 using modFreeFormat::kParts;
+using modFreeFormat::kSequencesPerSystem;
 using modFreeFormat::Part;
 using modSelcallMapping::SequenceText;
 
 constexpr std::string_view kGroupTone = "GroupTone";
 constexpr std::string_view kRepeatTone = "RepeatTone";
-constexpr RecordNr kSequencesPerSystem = 7;
 
 char DigitOf(std::int32_t tone) { return modCommonGlobals::ConvertToneToString(tone).front(); }
 

@@ -13,6 +13,7 @@
 #include "radioui/modvalOptionFields.h"
 #include "radioui/modvalUIPreference.h"
 #include "selcall/modvalBursts.h"
+#include "selcall/modvalControlStatus.h"
 #include "selcall/modvalFreeFormat.h"
 #include "selcall/modvalSelcall.h"
 #include "selcall/modvalToneSets.h"
@@ -113,6 +114,7 @@ constexpr FieldRule kRules[] = {
     {"CUSTOMFREQUENCIESD",         modvalToneSets::ValidateCustomFrequencies},
     {"CUSTOMFREQUENCIESE",         modvalToneSets::ValidateCustomFrequencies},
     {"CUSTOMFREQUENCIESF",         modvalToneSets::ValidateCustomFrequencies},
+    {"CONTROLSTATUSTYPE",          modvalControlStatus::ValidateControlStatusType},
     {"THIRDTONERESET_K6K",         modvalSelcall::ValidateThirdToneReset},
     {"RXDECODESEQ1_K6K",           modvalSelcall::ValidateRxDecodeRMRSeq6000},
     {"RXDECODESEQ2_K6K",           modvalSelcall::ValidateRxDecodeRMRSeq6000},

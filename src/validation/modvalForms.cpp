@@ -7,7 +7,9 @@
 #include "networks/modvalNetworks.h"
 #include "platform/CaseText.h"
 #include "radioui/modvalData.h"
+#include "selcall/modvalControlStatus.h"
 #include "selcall/modvalFreeFormat.h"
+#include "selcall/modvalSelcall.h"
 #include "selcall/modvalToneSets.h"
 
 namespace modvalForms {
@@ -27,6 +29,10 @@ constexpr struct {
     {"USRCTLCHANNELSKE2210", modvalChannels::ValidateForm},
     {"USRCTLFREEFORMATKD4410", Plain<modvalFreeFormat::ValidateCurrentSequence>},
     {"USRCTLFREEFORMATKE2210", Plain<modvalFreeFormat::ValidateCurrentSequence>},
+    {"USRCTLSELCALLSETUPKD4410", modvalSelcall::ValidateSelcallForm},
+    {"USRCTLSELCALLSETUPKE2210", modvalSelcall::ValidateSelcallForm},
+    {"USRCTLCONTROLSTATUSKD4410", Plain<modvalControlStatus::ValidateControlStatusForm>},
+    {"USRCTLCONTROLSTATUSKE2210", Plain<modvalControlStatus::ValidateControlStatusForm>},
     {"USRCTLSELCALLTONESETTINGS", Plain<modvalToneSets::ValidateUserDefinedTones>},
     {"USRCTLNETWORKS", Plain<modvalNetworks::ValidateBasicSettingsForm>},
     {"USRCTLDTMFPATCH", Plain<modvalNetworks::ValidateDTMFPatchForm>},

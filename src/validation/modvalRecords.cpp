@@ -7,6 +7,9 @@
 #include "common/Procedure.h"
 #include "networks/modNetworkRecords.h"
 #include "networks/modvalNetworks.h"
+#include "selcall/modSelcallRecords.h"
+#include "selcall/modvalControlStatus.h"
+#include "selcall/modvalSelcall.h"
 
 namespace modvalRecords {
 namespace {
@@ -24,6 +27,11 @@ bool AddNetworkCompanions(const ValidatorRef&, const ProviderRef& provider) {
   return true;
 }
 
+bool AddSelcallCompanions(const ValidatorRef&, const ProviderRef& provider) {
+  modSelcallRecords::AppendCompanions(provider);
+  return true;
+}
+
 constexpr struct {
   std::int32_t table;
   bool (*rule)(const ValidatorRef&, const ProviderRef&);
@@ -31,6 +39,8 @@ constexpr struct {
     {5, MayAddChannelOrGroup},
     {16, MayAddChannelOrGroup},
     {21, AddNetworkCompanions},
+    {29, AddSelcallCompanions},
+    {1115, modvalControlStatus::MayAddControlStatus},
 };
 
 constexpr struct {
@@ -39,11 +49,12 @@ constexpr struct {
 } kDeleteRules[] = {
     {5, modvalChannels::DeleteChannel},
     {21, modvalNetworks::DeleteNetwork},
+    {29, modvalSelcall::DeleteSelcall},
 };
 
 /// Tables whose records come or go with records of other tables, by rules that the tier does not have yet.
-constexpr std::int32_t kAddRulesMissing[] = {29, 64, 1115, 1119};
-constexpr std::int32_t kDeleteRulesMissing[] = {16, 29, 37, 64, 80, 1119};
+constexpr std::int32_t kAddRulesMissing[] = {64, 1119};
+constexpr std::int32_t kDeleteRulesMissing[] = {16, 37, 64, 80, 1119};
 
 /// The first row of the table's number, or the end.
 template <typename Rows>

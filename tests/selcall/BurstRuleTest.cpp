@@ -261,7 +261,7 @@ TEST_F(BurstRule, TheGridsShowTheSystemWithoutTakingItForAnEdit) {
   EXPECT_EQ(Column("BurstSequence5_k6k"), "    1");
   EXPECT_EQ(Refreshed(),
             "BurstSequence0_k6k BurstSequence1_k6k BurstSequence2_k6k BurstSequence3_k6k BurstSequence4_k6k "
-            "BurstSequence5_k6k");
+            "BurstSequence5_k6k ControlStatusValue");
   EXPECT_EQ(Trail().find("BurstID"), std::string::npos);
   EXPECT_THAT(provider.Monitor().Calls(), testing::Contains("Iprovider.SetAutoUpdate 0"));
   provider.Set("UGBurstType", Slot(1, Burst::LeadIn, 1), 9);  // only its own counter moves

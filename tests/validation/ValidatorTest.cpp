@@ -17,11 +17,11 @@ class Validation : public ChannelFixture {
 
 TEST_F(Validation, RecordsWhoseRulesAreToComeDoNotComeOrGoWithoutThem) {
   Boolean out = kFalse;
-  for (const char* grid : {"Selcall6000", "DTMF", "ControlStatus6000", "GroupMembership"}) {
+  for (const char* grid : {"DTMF", "GroupMembership"}) {
     const Status status = Validator()->AddRecord(grid, sharedProvider, out);
     EXPECT_TRUE(!status.Ok() && status.Reason().number == 445) << grid;
   }
-  for (const char* grid : {"ScanGroup", "Selcall6000", "Type99", "DTMF", "MDC1200", "GroupMembership"}) {
+  for (const char* grid : {"ScanGroup", "Type99", "DTMF", "MDC1200", "GroupMembership"}) {
     const Status status = Validator()->DeleteRecord(grid, 1, sharedProvider, out);
     EXPECT_TRUE(!status.Ok() && status.Reason().number == 445) << grid;
   }

@@ -103,7 +103,9 @@ ExitCode Run(const RecordArguments& arguments, Workplace& workplace) {
 }
 
 constexpr const char* kGridNames =
-    "A grid is called by its name (Network), by the title of its table (networks) or by its number (21).";
+    "A grid is called by its word (channel, network, group, group-member, selcall, control-status, dtmf, "
+    "two-tone, mdc1200), by its name in the tier (Network), by the title of its table (networks) or by its "
+    "number (21).";
 
 const Verb kAdd({.name = "add",
                  .about = "Add a record as in a grid: ask the tier, add, complete, list what changed, save",

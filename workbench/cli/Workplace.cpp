@@ -1,9 +1,10 @@
 #include "workbench/cli/Workplace.h"
 
+#include <iostream>
 #include <optional>
-#include <ostream>
 
 #include "workbench/cli/TextTable.h"
+#include "workbench/files/FileError.h"
 #include "workbench/files/TabbedFile.h"
 #include "workbench/host/TierLoader.h"
 #include "workbench/jobs/Forms.h"
@@ -58,7 +59,7 @@ std::shared_ptr<RecordingMessenger> Workplace::Messenger() {
 
 OpenedFile::OpenedFile(Workplace& workplace, const std::string& path,
                        std::shared_ptr<RecordingMessenger> messenger)
-    : options_(workplace.options),
+    : workplace_(workplace),
       schemas_(workplace.Parts().schemas),
       file_(path),
       session_(workplace.Parts(), ReadContent(file_, *schemas_, workplace.options.factory),
@@ -68,7 +69,7 @@ OpenedFile::OpenedFile(Workplace& workplace, const std::string& path,
 
 OpenedFile::OpenedFile(Workplace& workplace, AtomicFile file, std::shared_ptr<Provider> content,
                        std::shared_ptr<RecordingMessenger> messenger)
-    : options_(workplace.options),
+    : workplace_(workplace),
       schemas_(workplace.Parts().schemas),
       file_(std::move(file)),
       session_(workplace.Parts(), std::move(content), std::move(messenger)) {
@@ -77,10 +78,15 @@ OpenedFile::OpenedFile(Workplace& workplace, AtomicFile file, std::shared_ptr<Pr
 
 void OpenedFile::ShowForms() {
   session_.ConvertToForms();
+  const Session::NotTaken& leftOut = session_.LeftOut();
+  if (leftOut.first != 0) {
+    std::cerr << workplace_.prefix << FileError(file_.Name(), 0, leftOut.where, leftOut.reason).what()
+              << '\n';
+  }
   const Schema& schema = Content().GetSchema();
   for (const Forms::Current& current : Forms::Currents()) {
-    const auto given = options_.shown.find(current.word);
-    if (given == options_.shown.end() || given->second.empty()) continue;
+    const auto given = workplace_.options.shown.find(current.word);
+    if (given == workplace_.options.shown.end() || given->second.empty()) continue;
     const SchemaTable& table = *schema.FindTable(current.tables.front());
     const std::optional<std::int32_t> record = ParseInteger(given->second);
     const RecordNr count = Content().Count(table);

@@ -97,14 +97,15 @@ class OpenedFile {
   void Save(const std::string& document) { file_.Write(document); }
 
   /// What follows the opening: the content as the forms show it, turned to the records that the options name.
-  /// A UsageError for one that is not there.
+  /// What the forms did not take of the file is told on standard error. A UsageError for a record that is not
+  /// there.
   void ShowForms();
 
   Session& GetSession() { return session_; }
   Provider& Content() { return session_.Content(); }
 
  private:
-  const Options& options_;
+  const Workplace& workplace_;
   std::shared_ptr<const SchemaFiles> schemas_;
   AtomicFile file_;
   Session session_;

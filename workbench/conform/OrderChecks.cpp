@@ -132,13 +132,16 @@ void OrderOfConversions(CheckRun& run) {
   });
 }
 
-/// What a conversion to the forms mends in the stored tables.
+/// What a conversion mends on the side that it reads.
 constexpr std::string_view kMended[] = {"30.FixedFormatBurstSeq",  // of record 1, which is no system's burst
                                         "30.FixedFormatSigSystemID",  // what a burst slot is
-                                        "30.FixedFormatBurstType",   "30.FixedFormatBurstID",
+                                        "30.FixedFormatBurstType", "30.FixedFormatBurstID",
                                         "49.FreeFormSeqID",          // the place of a sequence in its system
                                         "68.DTMFPatchSeqNetworkID",  // the number of the network that
-                                        "72.DTMFPatchTonesNetworkID"};  // the record belongs to
+                                        "72.DTMFPatchTonesNetworkID",  // the record belongs to
+                                        // the control statuses that are shown go back among those of all,
+                                        "1111.SelcallID", "1111.ValueTracker", "1111.Type", "1111.Rx",
+                                        "1111.Tx", "32.ValueTracker"};  // these into the radio's order
 
 /// A conversion whose directions are exchanged writes what it should read.
 std::string WrongSide(const Schema& schema, StorageKind filled, const std::vector<std::string>& calls) {

@@ -57,7 +57,6 @@ constexpr Forms::Current kCurrents[] = {
 };
 // clang-format on
 
-constexpr std::int32_t kSelcallSystems = 29;
 constexpr std::int32_t kFreeFormatSequences = 49;
 constexpr RecordNr kSequencesPerSystem = 7;
 

@@ -44,6 +44,8 @@ struct Control {
 
 namespace Forms {
 
+inline constexpr std::int32_t kSelcallSystems = 29;  // the table
+
 std::span<const Form> All();
 /// The form of a name, a title or a grid, the first that fits. An unknown one is a UsageError that suggests
 /// what is spelled alike.

@@ -66,8 +66,19 @@ void PersonalityCheck::NameRecords() {
   }
 }
 
+void PersonalityCheck::TellLeftOut() {
+  const Session::NotTaken& leftOut = session_.LeftOut();
+  if (leftOut.first == 0) return;
+  const SchemaField& field = session_.Content().FieldOf("32.SignalSystemId");
+  Finding finding = Origin(field, "forms", session_.LabelOf(field), leftOut.first,
+                           session_.Content().Get(field, leftOut.first));
+  finding.text = leftOut.reason;
+  Add(std::move(finding));
+}
+
 void PersonalityCheck::RunRules() {
   NameRecords();
+  TellLeftOut();
   for (const SchemaField& field : session_.Content().GetSchema().Fields()) {
     for (const std::string& uiid : field.uiids) RunRule(field, uiid);
   }

@@ -25,8 +25,8 @@ FindingKind KindOf(const Shown& box);
 /// What is wrong, or worth a word, in a personality.
 struct Finding {
   FindingKind kind = FindingKind::Error;
-  /// The UIID whose rule spoke, "range" for the schema's limits, "form NAME" for the check of a form, "final"
-  /// for the rules of a save.
+  /// The UIID whose rule spoke, "range" for the schema's limits, "forms" for what the forms did not take,
+  /// "form NAME" for the check of a form, "final" for the rules of a save.
   std::string rule;
   std::string label;
   std::int32_t table = -1;  // -1: no single record
@@ -67,6 +67,8 @@ class PersonalityCheck {
 
  private:
   void CheckLimits(const SchemaField& field);
+  /// What can not be judged, for the forms did not take it.
+  void TellLeftOut();
   /// The records of findings that were made before the identities were converted for the forms.
   void NameRecords();
   void RunRule(const SchemaField& field, const std::string& uiid);

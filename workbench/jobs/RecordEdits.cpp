@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <set>
 
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
@@ -16,11 +17,20 @@ namespace {
 
 // clang-format off
 constexpr Grid kGrids[] = {
-    {"Channels6000", 5}, {"GroupMembership", 1119}, {"Network", 21}, {"ControlStatus6000", 1115},
-    {"ScanGroup", 16},   {"Selcall6000", 29},       {"DTMF", 64},    {"Type99", 37},
-    {"MDC1200", 80},
+    {"Channels6000",      "channel",           5},
+    {"GroupMembership",   "group-member",   1119},
+    {"Network",           "network",          21},
+    {"ControlStatus6000", "control-status", 1115},
+    {"ScanGroup",         "group",            16},
+    {"Selcall6000",       "selcall",          29},
+    {"DTMF",              "dtmf",             64},
+    {"Type99",            "two-tone",         37},
+    {"MDC1200",           "mdc1200",          80},
 };
 // clang-format on
+
+constexpr std::int32_t kStoredStatuses = 32;
+constexpr std::int32_t kShownStatuses = 1115;
 
 constexpr std::string_view kSteps[] = {"capacity", "permission", "postProcessing", "show", "save"};
 
@@ -32,7 +42,10 @@ const SchemaTable& TableOf(const Schema& schema, const Grid& grid) {
 
 /// The names by which a person may call the grid.
 std::vector<std::string> NamesOf(const Schema& schema, const Grid& grid) {
-  return {std::string(grid.name), TableOf(schema, grid).title, std::to_string(grid.table)};
+  std::vector<std::string> names = {std::string(grid.word), TableOf(schema, grid).title,
+                                    std::to_string(grid.table)};
+  if (!EqualsIgnoringCase(grid.word, grid.name)) names.emplace_back(grid.name);
+  return names;
 }
 
 bool Refuse(RecordResult& result, RecordStep step, std::string refusal) {
@@ -44,6 +57,36 @@ bool Refuse(RecordResult& result, RecordStep step, std::string refusal) {
 std::string RecordsOf(const SchemaTable& table, RecordNr count) {
   return std::to_string(count) + (count == 1 ? " record" : " records") + " of table " +
          std::to_string(table.number) + " (" + table.title + ")";
+}
+
+std::string AtMost(const Schema& schema, const SchemaTable& table) {
+  return "a personality of version " + schema.Version() + " holds at most " + RecordsOf(table, table.maximum);
+}
+
+/// The rows of the system on the form are some of those that the radio stores, and each has a type of its
+/// own.
+std::string FullStatusesRefusal(const Provider& content) {
+  const Schema& schema = content.GetSchema();
+  const SchemaField& owner = content.FieldOf("1111.SelcallID");
+  const SchemaField& type = content.FieldOf("1115.Type");
+  const RecordNr shown = Forms::CurrentRecord(content, Forms::kSelcallSystems);
+  RecordNr statuses = content.Count(type.table);
+  for (RecordNr row = 1; row <= content.Count(owner.table); ++row) {
+    if (!SameValue(content.Get(owner, row), shown)) ++statuses;
+  }
+  const SchemaTable& stored = *schema.FindTable(kStoredStatuses);
+  if (statuses >= stored.maximum) return AtMost(schema, stored);
+  std::set<std::int32_t> free;
+  for (std::int32_t code = type.minimum; code <= type.maximum; ++code) free.insert(code);
+  for (RecordNr row = 1; row <= content.Count(type.table); ++row) free.erase(CLng(content.Get(type, row)));
+  return free.empty() ? "each of the types " + CStr(type.minimum) + " to " + CStr(type.maximum) + " is in use"
+                      : std::string();
+}
+
+/// Why the table takes no more records; empty when it does.
+std::string FullRefusal(const Provider& content, const SchemaTable& table) {
+  if (content.Count(table) >= table.maximum) return AtMost(content.GetSchema(), table);
+  return table.number == kShownStatuses ? FullStatusesRefusal(content) : std::string();
 }
 
 /// What a deletion has led astray: a pointer that does not point any more at what it pointed at, though that
@@ -88,7 +131,7 @@ const Grid& Grids::Named(const Schema& schema, std::string_view text) {
     }
   }
   std::string names;
-  for (const Grid& grid : kGrids) names += (names.empty() ? "" : ", ") + std::string(grid.name);
+  for (const Grid& grid : kGrids) names += (names.empty() ? "" : ", ") + std::string(grid.word);
   throw UsageError("there is no grid \"" + std::string(text) + "\" (the grids are " + names + ")" +
                    TypedNames::Suggestion(text, std::move(all)));
 }
@@ -100,10 +143,9 @@ RecordResult RecordEdits::Add() {
   RecordResult result;
   Provider& content = session_.Content();
   // Before the tier is asked, which adds the companions when it is.
-  if (content.Count(table_) >= table_.maximum) {
-    Refuse(result, RecordStep::Capacity,
-           "a personality of version " + content.GetSchema().Version() + " holds at most " +
-               RecordsOf(table_, table_.maximum));
+  const std::string isFull = FullRefusal(content, table_);
+  if (!isFull.empty()) {
+    Refuse(result, RecordStep::Capacity, isFull);
     return result;
   }
   bool isAdded = false;

@@ -20,12 +20,13 @@ struct SchemaTable;
 /// An editable view of a table on a form, by the name under which the tier knows it.
 struct Grid {
   std::string_view name;
+  std::string_view word;  // by which the command line calls it
   std::int32_t table;
 };
 
 namespace Grids {
 std::span<const Grid> All();
-/// The grid of a name, of a table's number or of its title in the schema ("networks"). An unknown one is a
+/// The grid of a name, of its word, of a table's number or of its title in the schema. An unknown one is a
 /// UsageError that suggests what is spelled alike.
 const Grid& Named(const Schema& schema, std::string_view text);
 }  // namespace Grids

@@ -33,6 +33,20 @@ void RequireConvertible(const Provider& content, const std::string& fileName) {
   }
 }
 
+/// The forms take the control statuses in order, up to one that they can not take.
+Session::NotTaken LeftOutOf(const Provider& content) {
+  const SchemaField& system = content.FieldOf("32.SignalSystemId");
+  const RecordNr first = content.Count(content.FieldOf("1111.SelcallID").table) + 1;
+  const RecordNr last = content.Count(system.table);
+  if (first > last) return {};
+  const std::string records = first == last
+                                  ? "the control status is"
+                                  : "the control statuses up to record " + std::to_string(last) + " are";
+  return {first, system.id + ", record " + std::to_string(first),
+          "there is no Selcall system " + CStr(content.Get(system, first)) + "; " + records +
+              " not on the forms"};
+}
+
 /// A field that is converted from others, so that a write of one of those brings it to the radio or shows it
 /// anew.
 struct Dependent {
@@ -75,7 +89,10 @@ Session::Session(const HostParts& parts, std::shared_ptr<Provider> provider,
                  std::shared_ptr<Imessenger> messenger)
     : provider_(provider), host_(parts, std::move(provider), std::move(messenger)) {}
 
-void Session::ConvertToForms() { ConvertToForms(provider_); }
+void Session::ConvertToForms() {
+  ConvertToForms(provider_);
+  leftOut_ = LeftOutOf(*provider_);
+}
 
 void Session::ConvertToForms(const std::shared_ptr<Provider>& provider) {
   host_.Require(host_.Owner().PostReadProcessing(provider, Variant()));
@@ -176,6 +193,10 @@ std::shared_ptr<Provider> Session::FormsOf(const Provider& stored) {
 
 std::shared_ptr<Provider> Session::ConvertedToRaw() {
   RequireConvertible(*provider_, fileName_);
+  if (leftOut_.first != 0) throw {
+      throw FileError(fileName_, 0, leftOut_.where,
+                      leftOut_.reason + ", so that a save would lose what is left out");
+    }
   std::shared_ptr<Provider> copy = provider_->Copy();
   copy->SetMonitor(provider_->SharedMonitor());  // a save is part of the session
   host_.UseStore(copy);

@@ -63,6 +63,13 @@ class Session {
   /// The content as the radio holds it, for the file: made on a copy, the forms stay as they are. A FileError
   /// names a value that the tier takes to the forms but not back; no conversion has begun by then.
   std::shared_ptr<Provider> ConvertedToRaw();
+  /// A part of the file that the forms did not take: the control statuses behind one of a system that is not
+  /// there. A save would drop them, so that it is refused as above.
+  struct NotTaken {
+    RecordNr first = 0;  // of table 32; 0: they took all
+    std::string where, reason;
+  };
+  const NotTaken& LeftOut() const { return leftOut_; }
   /// What such an error calls the file.
   void SetFileName(std::string name) { fileName_ = std::move(name); }
 
@@ -98,6 +105,7 @@ class Session {
   std::shared_ptr<Provider> provider_;
   TierHost host_;
   std::string fileName_;
+  NotTaken leftOut_;
 };
 
 /// A new personality: the schema's defaults, with its model and version written into it.

@@ -68,9 +68,9 @@ SelcallSystem FullSelcallSystem(std::int32_t place) {
     std::size_t repeater, txCall, callerId, status;
   };
   constexpr Format kFormats[] = {{"BBBBB-RRRRR-CCCCC-SS", "RRRRR-CCCCC-SS", 5, 5, 5, 2},
-                                 {"BBBB-RRRRRR-CCCC-S", "RRRRR-CCCCC", 4, 6, 4, 1},
+                                 {"BBBB-RRRRRR-CCCC-S", "RRRRR-CCCCC-S", 4, 6, 4, 1},
                                  {"BBB-CCCC-RRRRR-SS", "RRRRR-SS", 3, 5, 4, 2},
-                                 {"BBBB-RRRRRRR-CCC-S", "RRRRR", 4, 7, 3, 1}};
+                                 {"BBBB-RRRRRRR-CCC-S", "RRRRR-S", 4, 7, 3, 1}};
   const Format& format = kFormats[place - 1];
   const std::string prefix = std::to_string(place);
   SelcallSystem system{.txFormat = format.tx,

@@ -179,7 +179,8 @@ constexpr Column kSystems[] = {
     {"48.ToneSetBandwidth",       [](RecordNr r) { return r == 4 ? 0 : 1; }},
     {"48.ToneSetMixingFrequency", [](RecordNr r) { return r == 4 ? 1694 : 1600; }},
     {"32.SignalSystemId",   [](RecordNr r) { return 4 * ((r - 1) / 16) + 2; }},
-    {"32.Value",            [](RecordNr r) { return 3 * ((r - 1) % 16) + 5; }},
+    // Every second system has statuses of one tone.
+    {"32.Value", [](RecordNr r) { return (r - 1) / 16 % 2 == 1 ? (r - 1) % 16 : 3 * ((r - 1) % 16) + 5; }},
     {"49.FreeFormSigSysID", [](RecordNr r) { return 4 * ((r - 1) / 7) + 2; }},
     {"49.FreeFormSeqID",    [](RecordNr r) { return (r - 1) % 7; }},
     // No burst joins the next one.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <limits>
 
 #include "platform/Conversions.h"
 #include "workbench/files/TabbedFile.h"
@@ -11,11 +12,14 @@
 
 namespace {
 
-/// A table whose records are laid out after those of another: `each` of them for each of its records.
+/// A table whose records are laid out after those of another: `each` of them for each of its records, behind
+/// `ownerless` ones at the head.
 struct ParallelTable {
   std::int32_t table;
   std::int32_t owner;
   RecordNr each = 1;
+  RecordNr ownerless = 0;
+  std::int32_t lastVersion = std::numeric_limits<std::int32_t>::max();  // that is laid out so
 };
 /// A table whose records say themselves what they are. Of several records with one key the second is "KEY
 /// #2".
@@ -43,13 +47,12 @@ struct Pointer {
 // clang-format off
 constexpr ParallelTable kParallel[] = {
     { 7,  5}, {36, 21}, {53, 21}, {67, 21}, {72, 21}, {75, 21}, {77, 21}, {78, 21}, {51, 21, 6},
-    {31, 29}, {48, 29}, {63, 64}, {38, 37},
+    {31, 29}, {48, 29}, {63, 64}, {38, 37}, {30, 29, 51, 1, 89}, {30, 29, 141, 1},
 };
 
 constexpr KeyedTable kKeyed[] = {
     {16,  0, {"16.GroupIdentity"}},
     {18, 16, {"18.GroupIDNumber", "18.GroupChannelRecordNum"}},
-    {30, 29, {"30.FixedFormatSigSystemID", "30.FixedFormatBurstType", "30.FixedFormatBurstID"}},
     {32, 29, {"32.SignalSystemId", "32.Value"}},
     {49, 29, {"49.FreeFormSigSysID", "49.FreeFormSeqID"}},
     {65, 64, {"65.DTMFChannelPresetSeqSigSysID"}},
@@ -131,6 +134,13 @@ const Row* RowOf(const Row (&rows)[count], std::int32_t table) {
   return row == std::end(rows) ? nullptr : row;
 }
 
+const ParallelTable* ParallelOf(const Schema& schema, std::int32_t table) {
+  const auto* row = std::ranges::find_if(kParallel, [&](const ParallelTable& one) {
+    return one.table == table && schema.Number() <= one.lastVersion;
+  });
+  return row == std::end(kParallel) ? nullptr : row;
+}
+
 }  // namespace
 
 std::string ListOf(const std::vector<std::string>& keys) {
@@ -157,7 +167,7 @@ bool RecordKeys::IsLaidOutAnew(const SchemaTable& table) {
 }
 
 const SchemaTable* RecordKeys::OwnerOf(const SchemaTable& table) const {
-  const ParallelTable* parallel = RowOf(kParallel, table.number);
+  const ParallelTable* parallel = ParallelOf(personality_.stored->GetSchema(), table.number);
   const KeyedTable* keyed = RowOf(kKeyed, table.number);
   const std::int32_t owner = parallel != nullptr ? parallel->owner : keyed != nullptr ? keyed->owner : 0;
   return owner == 0 ? nullptr : personality_.stored->GetSchema().FindTable(owner);
@@ -166,9 +176,10 @@ const SchemaTable* RecordKeys::OwnerOf(const SchemaTable& table) const {
 std::string RecordKeys::OwnerKey(const SchemaTable& table, RecordNr record) {
   const SchemaTable* owner = OwnerOf(table);
   if (owner == nullptr) return {};
-  const ParallelTable* parallel = RowOf(kParallel, table.number);
+  const ParallelTable* parallel = ParallelOf(personality_.stored->GetSchema(), table.number);
   if (parallel == nullptr) return Part(RowOf(kKeyed, table.number)->fields.front(), record);
-  const RecordNr ownerRecord = (record - 1) / parallel->each + 1;
+  if (record <= parallel->ownerless) return {};
+  const RecordNr ownerRecord = (record - parallel->ownerless - 1) / parallel->each + 1;
   const auto& keys = Of(*owner);
   return ownerRecord <= std::ssize(keys) ? keys[static_cast<std::size_t>(ownerRecord - 1)] : std::string();
 }
@@ -205,10 +216,11 @@ std::string RecordKeys::KeyOf(const SchemaTable& table, RecordNr record) {
     }
     return key;
   }
-  if (const ParallelTable* parallel = RowOf(kParallel, table.number)) {
+  if (const ParallelTable* parallel = ParallelOf(personality_.stored->GetSchema(), table.number)) {
     const std::string owner = OwnerKey(table, record);
     if (owner.empty()) return "record " + std::to_string(record);
-    return parallel->each == 1 ? owner : owner + "/" + std::to_string((record - 1) % parallel->each + 1);
+    const RecordNr place = (record - parallel->ownerless - 1) % parallel->each + 1;
+    return parallel->each == 1 ? owner : owner + "/" + std::to_string(place);
   }
   // Of the forms: some identities are stored elsewhere and made by a conversion.
   const SchemaField* identity = personality_.forms->GetSchema().IdentityOf(table);

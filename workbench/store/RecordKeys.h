@@ -31,7 +31,7 @@ class RecordKeys {
   /// The personality outlives this object and is not changed meanwhile.
   explicit RecordKeys(const ComparedPersonality& personality) : personality_(personality) {}
 
-  /// By record, from index 0; no two are the same ("16", "2/0/7").
+  /// By record, from index 0; no two are the same ("16", "2/7").
   const std::vector<std::string>& Of(const SchemaTable& table);
   /// The record of the key; 0 for none.
   RecordNr Find(const SchemaTable& table, const std::string& key);

@@ -68,7 +68,7 @@ TEST_F(SelcallCommands, WhatIsRefusedLeavesTheFile) {
 TEST_F(SelcallCommands, CapitalsAreMadeOfSmallTonesAndAWordForNoneEmptiesASequence) {
   EXPECT_EQ(Run({"set", file, "FreeFormBurstR1", "1", "1b2"}), ExitCode::Done);
   EXPECT_THAT(out.str(), HasSubstr("21001 -> 1B2\n"));
-  EXPECT_EQ(Run({"set", file, "RxFormat_k6k", "2", "rrrrr"}), ExitCode::Done);
+  EXPECT_EQ(Run({"set", file, "RxFormat_k6k", "2", "rrrrr", "--answer", "yes"}), ExitCode::Done);
   EXPECT_THAT(out.str(), HasSubstr("RRRRR-SS -> RRRRR\n"));
   EXPECT_EQ(Run({"set", file, "RxDecodeSeq1_k6k", "1", "none"}), ExitCode::Done);
   EXPECT_THAT(out.str(), HasSubstr("21001 -> \n"));

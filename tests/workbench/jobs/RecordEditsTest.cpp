@@ -80,7 +80,7 @@ TEST_F(RecordCommands, ARefusalLeavesTheFileAndTellsWhoRefusedAndWhy) {
       {{"add", full, "channels"}, ExitCode::No, "refuses to add it", "must not exceed 100"},
       {{"delete", marine, "Network", "4"}, ExitCode::CouldNot, "", "record 4 is outside 1..3"},
       {{"delete", marine, "Network", "0"}, ExitCode::CouldNot, "", "record 0 is outside 1..3"},
-      {{"delete", marine, "Netwrok", "1"}, ExitCode::CouldNot, "", "did you mean Network"},
+      {{"delete", marine, "Netwrok", "1"}, ExitCode::CouldNot, "", "did you mean network"},
       {{"add", marine, "36"}, ExitCode::CouldNot, "", "there is no grid \"36\""},
       {{"add", damaged, "Network"}, ExitCode::CouldNot, "", "damaged.json:2"},
       {{"delete", damaged, "Network", "1"}, ExitCode::CouldNot, "", "damaged.json:2"},
