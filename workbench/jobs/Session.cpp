@@ -193,10 +193,10 @@ std::shared_ptr<Provider> Session::FormsOf(const Provider& stored) {
 
 std::shared_ptr<Provider> Session::ConvertedToRaw() {
   RequireConvertible(*provider_, fileName_);
-  if (leftOut_.first != 0) throw {
-      throw FileError(fileName_, 0, leftOut_.where,
-                      leftOut_.reason + ", so that a save would lose what is left out");
-    }
+  if (leftOut_.first != 0) {
+    throw FileError(fileName_, 0, leftOut_.where,
+                    leftOut_.reason + ", so that a save would lose what is left out");
+  }
   std::shared_ptr<Provider> copy = provider_->Copy();
   copy->SetMonitor(provider_->SharedMonitor());  // a save is part of the session
   host_.UseStore(copy);
