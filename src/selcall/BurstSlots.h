@@ -18,6 +18,7 @@ inline constexpr std::size_t kBurstKinds = 6;
 
 /// Where the forms show bursts of a kind.
 struct BurstFields {
+  std::string_view name;  ///< of the kind in messages
   std::string_view uiid;  ///< of the grid's column
   std::string_view
       sequence;             ///< the same field; row g shows the g-th burst of the kind in the current system
@@ -27,12 +28,12 @@ struct BurstFields {
 // Given by the maintainers' reference, like all that ARCHITECTURE lists as given.
 // clang-format off
 inline constexpr std::array<BurstFields, kBurstKinds> kBurstFields = {{
-    {"BurstSequence0_k6k", "1101.BurstSequence", "1101.BurstID", 'B'},
-    {"BurstSequence1_k6k", "1102.BurstSequence", "1102.BurstID", 'C'},
-    {"BurstSequence2_k6k", "1103.BurstSequence", "1103.BurstID", 'R'},
-    {"BurstSequence3_k6k", "1104.BurstSequence", "1104.BurstID", 'S'},
-    {"BurstSequence4_k6k", "1105.BurstSequence", "1105.BurstID", '\0'},
-    {"BurstSequence5_k6k", "1106.BurstSequence", "1106.BurstID", '\0'},
+    {"Repeater",             "BurstSequence0_k6k", "1101.BurstSequence", "1101.BurstID", 'B'},
+    {"Caller ID",            "BurstSequence1_k6k", "1102.BurstSequence", "1102.BurstID", 'C'},
+    {"Tx Call",              "BurstSequence2_k6k", "1103.BurstSequence", "1103.BurstID", 'R'},
+    {"Status",               "BurstSequence3_k6k", "1104.BurstSequence", "1104.BurstID", 'S'},
+    {"Repeater Access Tone", "BurstSequence4_k6k", "1105.BurstSequence", "1105.BurstID", '\0'},
+    {"Lead In Tone",         "BurstSequence5_k6k", "1106.BurstSequence", "1106.BurstID", '\0'},
 }};
 // clang-format on
 constexpr const BurstFields& FieldsOf(Burst kind) { return kBurstFields[static_cast<std::size_t>(kind)]; }

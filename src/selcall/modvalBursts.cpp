@@ -194,9 +194,7 @@ void TurnGroupToneToG(const BurstEdit& burst) {
 /// In the Sigtec format a group tone stands at the end of a burst; the edit stands all the same.
 void WarnOfGroups(const BurstEdit& burst) {
   if (!HoldsCode(burst.provider, "GroupFormat", GroupFormat::kSigtec, burst.system)) return;
-  const std::string value = burst.Value();
-  const std::size_t first = value.find('G');
-  if (first == std::string::npos || value.find_first_not_of('G', first) == std::string::npos) return;
+  if (modvalSelcall::HasGroupsLast(burst.Value())) return;
   Warn(burst.edit.validator,
        "This is an invalid 'G' tone sequence for the Sigtec Group Format.  You must correct this burst by "
        "placing all 'G's at the end of the burst before saving.");

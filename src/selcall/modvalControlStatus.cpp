@@ -215,6 +215,16 @@ void AddControlStatus(const ValidatorRef&, const ProviderRef& provider, RecordNr
   });
 }
 
+bool ValidateControlStatusesFinal(const ValidatorRef& validator) {
+  {
+    const ProviderRef provider = validator.CurrentProvider();
+    const ScopedAutoUpdate silent(provider, false);
+    // Values that stand twice are looked for among those of all systems.
+    modControlStatus::CopyFromControlUI(provider, CurrentSelcallSystem(provider));
+  }
+  return ValidateControlStatusTone(validator, {}, kEverySystem, true);
+}
+
 void DeleteCurrentSystemControlStatuses(const ProviderRef& provider) {
   Procedure("DeleteCurrentSystemControlStatuses", [&] { provider.ClearTable("1115", false); });
 }

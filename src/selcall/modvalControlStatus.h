@@ -31,6 +31,8 @@ bool ValidateControlStatusType(FieldEdit& edit);
 bool MayAddControlStatus(const ValidatorRef& validator, const ProviderRef& provider);
 /// Completes a new status on the form: the lowest value from 1 and the lowest type from 0 that are free.
 void AddControlStatus(const ValidatorRef& validator, const ProviderRef& provider, RecordNr record);
+/// Before a save: the statuses of all systems are in range, and none stands twice.
+bool ValidateControlStatusesFinal(const ValidatorRef& validator);
 /// Empties table 1115.
 void DeleteCurrentSystemControlStatuses(const ProviderRef& provider);
 /// Whether a format with so many status tones has room for the value: 0 to 15 for one, 0 to 99 for two. Any

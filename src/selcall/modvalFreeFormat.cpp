@@ -145,20 +145,10 @@ bool HoldsTogether(const Shown& shown) {
       "burst length between gaps is 12 characters.");
 }
 
-/// Whether a tone follows a group tone in one burst.
-bool HasGroupToneBeforeAnother(std::string_view text) {
-  bool isGroup = false;
-  for (const char tone : text) {
-    if (isGroup && tone != 'G' && tone != '-') return true;
-    isGroup = tone == 'G';
-  }
-  return false;
-}
-
 void WarnOfGroups(const Shown& shown) {
   if (!HoldsCode(shown.provider, "GroupFormat", GroupFormat::kSigtec, CurrentSelcallSystem(shown.provider)))
     return;
-  if (!HasGroupToneBeforeAnother(shown.text)) return;
+  if (modvalSelcall::FindBurstWithoutGroupsLast(shown.text).empty()) return;
   Warn(shown.validator,
        "This Burst '%0:S' has an invalid 'G' tone sequence and should follow the Sigtec Group Format by "
        "placing 'G's at the end of the burst they occur in.",

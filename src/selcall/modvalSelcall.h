@@ -13,7 +13,9 @@ inline constexpr std::string_view kIdentity = "SignalSystemId_k6k";
 inline constexpr std::string_view kTxFormat = "TxFormat_k6k";
 inline constexpr std::string_view kRxFormat = "RxFormat_k6k";
 /// What a system decodes.
-inline constexpr std::string_view kRxSequences[] = {"RxDecodeSeq1_k6k", "RxDecodeSeq2_k6k", "RMRBurst_k6k"};
+inline constexpr std::string_view kDecodeSequences[] = {"RxDecodeSeq1_k6k", "RxDecodeSeq2_k6k"};
+inline constexpr std::string_view kRMRSequence = "RMRBurst_k6k";
+inline constexpr std::string_view kRxSequences[] = {kDecodeSequences[0], kDecodeSequences[1], kRMRSequence};
 
 /// In place of a system: the one that the forms show.
 inline constexpr RecordNr kCurrentSystem = -1;
@@ -67,6 +69,15 @@ void SortSelcall(const ValidatorRef& validator);
 /// turn to one that is left. The system itself is the host's to delete.
 bool DeleteSelcall(const ValidatorRef& validator, RecordNr system);
 
+// Before a save, over all systems.
+
+/// A call that another one hides: a warning for each system. Always true.
+bool CheckRMRSequences(const ValidatorRef& validator);
+/// The bursts of each system against its Tx format.
+bool ValidateTxSequences(const ValidatorRef& validator);
+/// A warning of the first burst in which a tone follows a group tone, in the Sigtec format. Always true.
+bool ValidateGroupFormatFinal(const ValidatorRef& validator);
+
 /// A group format: the user is told what it asks of bursts with group tones, where there are any.
 bool ValidateGroupFormat(FieldEdit& edit);
 void ValidateGroupFormat(const ValidatorRef& validator, const Variant& format);
@@ -92,6 +103,10 @@ bool ValidateANISequence(FieldEdit& edit);
 /// A tone of a system, GroupTone or RepeatTone, as the digit that stands for it; "" for a system without
 /// tones.
 std::string ToneDigit(const ProviderRef& provider, std::string_view tone, RecordNr system);
+/// Whether no other tone follows a "G" in the burst, as the Sigtec group format wants it.
+bool HasGroupsLast(std::string_view burst);
+/// The first burst of a sequence in which one does; empty for none.
+std::string_view FindBurstWithoutGroupsLast(std::string_view sequence);
 /// The length of the longest run of a letter in a Tx format; 0 for a letter that its alphabet lacks.
 std::int32_t TxBurstLength(const ProviderRef& provider, std::string_view format, char letter);
 

@@ -11,6 +11,8 @@
 #include "common/StoredValues.h"
 #include "networks/modvalNetworkChecks.h"
 #include "platform/Conversions.h"
+#include "selcall/modvalControlStatus.h"
+#include "selcall/modvalSelcall.h"
 
 namespace modvalKD4410FinalValidation {
 namespace {
@@ -81,6 +83,7 @@ bool CheckItinerantPower(const ValidatorRef& validator) {
 constexpr bool (*kRules[])(const ValidatorRef& validator) = {
     CheckPowerupState,
     modvalNetworkChecks::CheckEmergencySequences,
+    modvalSelcall::CheckRMRSequences,
     modvalNetworkChecks::CheckAckHasAlerts,
     modvalNetworkChecks::CheckAlertsHaveAck,
     modvalNetworkChecks::CheckAckAndANISequences,
@@ -90,6 +93,9 @@ constexpr bool (*kRules[])(const ValidatorRef& validator) = {
     modvalNetworkChecks::CheckFFSKBaudRate,
     CheckItinerantPower,
     modvalChannels::ChannelsFinalValidation,
+    modvalSelcall::ValidateTxSequences,
+    modvalControlStatus::ValidateControlStatusesFinal,
+    modvalSelcall::ValidateGroupFormatFinal,
 };
 }  // namespace
 
