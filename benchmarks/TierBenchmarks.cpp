@@ -8,6 +8,7 @@
 #include "benchmarks/Measure.h"
 #include "benchmarks/Personalities.h"
 #include "benchmarks/Work.h"
+#include "host/Itables.h"
 #include "platform/XArrayDBObject.h"
 #include "validation/modvalEnablement.h"
 #include "workbench/schema/Schema.h"
@@ -50,6 +51,57 @@ BENCHMARK_CAPTURE(SelcallRule, Burst, "BurstSequence2_k6k", 99, "17777",
                   {.name = "field rule: a burst, all channels", .limit = 100});
 BENCHMARK_CAPTURE(SelcallRule, Grids, "CurrentSelcallNumber", 1, "2",
                   {.name = "burst grids of another system", .limit = 60});
+
+BENCHMARK_CAPTURE(SelcallRule, TxFormat, "TxFormat_k6k", 1, "BBBBB-RRRRR-CCCCC-SS",
+                  {.name = "field rule: Tx format, its bursts", .limit = 60});
+BENCHMARK_CAPTURE(SelcallRule, RxFormat, "RxFormat_k6k", 1, "RRRRR-CCCCC-SS",
+                  {.name = "field rule: Rx format, its sequences", .limit = 60});
+
+/// To another tone and back, so that each swap finds what it has to do.
+void GroupTone(benchmark::State& state) {
+  const auto session = NewSession(FullPersonality().Copy());
+  session->ConvertToForms();
+  const SchemaField& tone = session->Content().FieldOf("GroupTone");
+  const Variant first = session->Content().Get(tone, 1);
+  Measure(state, {.name = "group tone of a system, all that holds it", .limit = 400, .parts = 2},
+          &session->Content().Monitor(), {[&] {
+            for (const Variant& next : {Variant(3), first}) {
+              Variant value = next;
+              Boolean accepted = kFalse;
+              session->Host().Require(
+                  session->Host().Validator().ValidateByUIID("GroupTone", value, 1, accepted));
+              session->Content().Set(tone, 1, value);
+            }
+          }});
+}
+BENCHMARK(GroupTone);
+
+/// A Selcall system comes and goes again, with all that belongs to it.
+void SelcallSystem(benchmark::State& state) {
+  constexpr RecordNr kLast = 4;
+  const auto session = NewSession(FullPersonality().Copy());
+  session->ConvertToForms();
+  Provider& content = session->Content();
+  for (RecordNr network = 1; network <= content.Count(21); ++network) {
+    content.Set("NetworkSignallingID", network, "None");
+  }
+  const TierHost& host = session->Host();
+  std::shared_ptr<Itables> tables;
+  std::shared_ptr<Itable> systems;
+  host.Require(content.Tables(tables));
+  host.Require(tables->Table("29", systems));
+  const auto take = [&] {
+    Boolean accepted = kFalse;
+    RecordNr left = 0;
+    host.Require(host.Validator().DeleteRecord("Selcall6000", kLast, session->SharedContent(), accepted));
+    host.Require(systems->DeleteRecord(kLast, left));
+    host.Require(host.Validator().AddRecord("Selcall6000", session->SharedContent(), accepted));
+    host.Require(systems->NewRecord(left));
+    host.Require(host.Owner().PostAddProcessing(session->SharedContent(), "Selcall6000", accepted));
+  };
+  Measure(state, {.name = "deleting and adding a Selcall system", .limit = 1000}, &content.Monitor(), {take});
+}
+BENCHMARK(SelcallSystem);
 
 void SignallingType(benchmark::State& state) {
   const auto session = NewSession(FullPersonality().Copy());
