@@ -164,6 +164,13 @@ class SystemView {
                   {"channels", std::move(channels)}});
     }
     json["bursts"] = std::move(bursts);
+    Json statuses = Json::List();
+    for (const RecordNr row : Statuses()) {
+      Json status;
+      for (const auto& [key, field] : kStatusFields) status[key] = Report::JsonOf(Status(field, row));
+      statuses.Add(std::move(status));
+    }
+    json["controlStatuses"] = std::move(statuses);
     return json;
   }
 
@@ -173,6 +180,7 @@ class SystemView {
     for (const auto& [key, uiid] : kFacts) facts.Add({session_.LabelOf(uiid), Text(uiid)});
     facts.Print(out, 2);
     for (std::size_t kind = 0; kind < BurstSlots::kKinds.size(); ++kind) Print(kind, out);
+    PrintStatuses(out);
   }
 
  private:
@@ -185,6 +193,36 @@ class SystemView {
                                                                         {"rxFormat", "RxFormat_k6k"},
                                                                         {"rxDecode1", "RxDecodeSeq1_k6k"},
                                                                         {"rxDecode2", "RxDecodeSeq2_k6k"}};
+
+  static constexpr std::pair<std::string_view, const char*> kStatusFields[] = {
+      {"value", "1111.ValueTracker"}, {"type", "1111.Type"}, {"rx", "1111.Rx"}, {"tx", "1111.Tx"}};
+
+  Variant Status(std::string_view field, RecordNr row) const { return session_.Content().Get(field, row); }
+  /// The rows of the system among those of all; nothing has been edited since they were read.
+  std::vector<RecordNr> Statuses() const {
+    std::vector<RecordNr> rows;
+    const RecordNr count = session_.Content().Count(1111);
+    for (RecordNr row = 1; row <= count; ++row) {
+      if (SameValue(Status("1111.SelcallID", row), record_)) rows.push_back(row);
+    }
+    return rows;
+  }
+  void PrintStatuses(std::ostream& out) const {
+    const std::vector<RecordNr> rows = Statuses();
+    if (rows.empty()) return;
+    out << "  Control Statuses\n";
+    TextTable table({{"", TextTable::Align::Right}, {""}, {""}});
+    for (const RecordNr row : rows) {
+      const auto isOn = [&](const char* field) { return SameValue(Status(field, row), 1); };
+      const bool rx = isOn("1111.Rx"), tx = isOn("1111.Tx");
+      table.Add({CStr(Status("1111.ValueTracker", row)), "type " + CStr(Status("1111.Type", row)),
+                 rx && tx ? "Rx, Tx"
+                 : rx     ? "Rx"
+                 : tx     ? "Tx"
+                          : ""});
+    }
+    table.Print(out, 4);
+  }
 
   std::string Text(std::string_view uiid) const {
     const Provider& content = session_.Content();

@@ -179,4 +179,72 @@ TEST_F(SelcallCommands, TheStandardToneSetsAreLaidOutAnewByNobodysEdit) {
   EXPECT_EQ(Run({"set", file, "TxPower_k6k", "1", "3", "--json"}), ExitCode::Done);
   EXPECT_EQ(Told()["laidOutAnew"], json::array());
 }
+
+TEST_F(SelcallCommands, ASystemComesAndGoesWithoutATrace) {
+  const std::string before = ContentOf(file);
+  EXPECT_EQ(Run({"add", file, "selcall"}), ExitCode::Done);
+  EXPECT_THAT(out.str(), AllOf(StartsWith("Selcall systems, record 3 (Selcall System ID 3): added\n"),
+                               HasSubstr("Fixed-format bursts      records  283 -> 424\n")));
+  EXPECT_EQ(Run({"add", file, "Selcall6000"}), ExitCode::Done);
+  EXPECT_EQ(Run({"add", file, "selcall"}), ExitCode::No);
+  EXPECT_THAT(out.str(), HasSubstr("holds at most 4 records of table 29"));
+  EXPECT_EQ(Run({"set", file, "TxFormat_k6k", "4", "RRRRR", "--answer", "no"}), ExitCode::Done) << messages;
+  EXPECT_EQ(Run({"delete", file, "selcall", "1"}), ExitCode::No);
+  EXPECT_THAT(messages, HasSubstr("is being used on one or more Networks and can not be deleted"));
+  EXPECT_EQ(Run({"delete", file, "selcall", "3", "--selcall", "4"}), ExitCode::Done);
+  EXPECT_EQ(Run({"delete", file, "selcall", "3", "--selcall", "2"}), ExitCode::Done);
+  const std::string original = folder.Write("original.json", before);
+  EXPECT_EQ(Run({"diff", original, file}), ExitCode::Done) << out.str();
+}
+
+TEST_F(SelcallCommands, AControlStatusIsAddedWhereThereIsRoomForIt) {
+  EXPECT_EQ(Run({"add", file, "control-status", "--selcall", "2"}), ExitCode::No);
+  EXPECT_THAT(out.str(), HasSubstr("each of the types 0 to 15 is in use"));
+  EXPECT_EQ(Run({"add", file, "control-status"}), ExitCode::No);  // system 1 receives none
+  EXPECT_THAT(messages, HasSubstr("There is no 'S' burst present in the Rx Format"));
+  EXPECT_EQ(Run({"delete", file, "control-status", "5", "--selcall", "2"}), ExitCode::Done);
+  EXPECT_EQ(Run({"add", file, "control-status", "--selcall", "2"}), ExitCode::Done) << messages;
+  EXPECT_EQ(Burst("ControlStatusValue", "16", "2") + Burst("ControlStatusType", "16", "2"), "5\n4\n");
+  EXPECT_EQ(Run({"set", file, "ControlStatusType", "16", "3", "--selcall", "2"}), ExitCode::No);
+  EXPECT_THAT(messages, HasSubstr("has been used by Control Status Value 4."));
+  EXPECT_EQ(Run({"set", file, "ControlStatusType", "16", "3", "--selcall", "2", "--answer", "yes"}),
+            ExitCode::Done);
+  EXPECT_EQ(Burst("ControlStatusType", "4", "2"), "4\n");
+  for (const char* refused : {"G", "VV", "-", "256", "3"}) {
+    EXPECT_EQ(Run({"set", file, "ControlStatusValue", "1", refused, "--selcall", "2"}), ExitCode::No)
+        << refused;
+  }
+  EXPECT_EQ(Run({"set", file, "ControlStatusValue", "1", "77", "--selcall", "2"}), ExitCode::Done);
+  EXPECT_THAT(out.str(), HasSubstr("Control statuses 2/77"));
+  EXPECT_EQ(Run({"show", file, "selcall", "2"}), ExitCode::Done);
+  EXPECT_THAT(out.str(), HasSubstr("  Control Statuses\n    77  type 0   Rx\n     2  type 1   Rx, Tx\n"));
+}
+
+TEST_F(SelcallCommands, WhatTheFormsLeaveOutIsToldAndNotLost) {
+  nlohmann::ordered_json document = nlohmann::ordered_json::parse(ContentOf(file));
+  document["tables"]["32"][13]["SignalSystemId"] = 9;
+  const std::string before = document.dump();
+  folder.Write("fleet.json", before);
+  const char* told =
+      "fleet.json: 32.SignalSystemId, record 14: there is no Selcall system 9; the control statuses "
+      "up to record 16 are not on the forms";
+  EXPECT_EQ(Run({"get", file, "ControlStatusValue", "13", "--selcall", "2"}), ExitCode::Done);
+  EXPECT_THAT(messages, HasSubstr(told));
+  EXPECT_EQ(Run({"check", file}), ExitCode::No);
+  EXPECT_THAT(out.str(), HasSubstr("up to record 16 are not on the forms\n  - 32.SignalSystemId"));
+  EXPECT_EQ(Run({"set", file, "TxPower_k6k", "1", "2"}), ExitCode::CouldNot);
+  EXPECT_THAT(messages, HasSubstr("so that a save would lose what is left out"));
+  EXPECT_TRUE(ContentOf(file) == before);
+}
+
+TEST_F(SelcallCommands, AToneSetIsReadAgainWhereItsTonesChange) {
+  EXPECT_EQ(Run({"set", file, "GroupTone", "1", "11"}), ExitCode::Done);
+  EXPECT_THAT(out.str(), testing::ContainsRegex("ToneSet +Tone Set +record 1 +0 -> 9\n"));
+  EXPECT_EQ(Run({"set", file, "RepeatTone", "1", "1"}), ExitCode::No);
+  EXPECT_THAT(messages, HasSubstr("The repeat tone '1' is contained in one or more sequences."));
+  EXPECT_EQ(Run({"set", file, "RepeatTone", "1", "11"}), ExitCode::No);
+  EXPECT_EQ(Run({"set", file, "ToneSet", "1", "5", "--json"}), ExitCode::Done) << messages;
+  EXPECT_EQ(Run({"get", file, "ToneSet", "1"}), ExitCode::Done);
+  EXPECT_EQ(out.str(), "5\n");
+}
 }  // namespace
