@@ -16,6 +16,7 @@ class ChannelDeletion {
       : validator_(validator),
         provider_(validator.CurrentProvider()),
         writes_(validator),
+        channel_(channel),
         identity_(provider_.Field("ChannelID_k6k").Value(channel)),
         heir_(channel == 1 ? 2 : 1) {}
 
@@ -28,7 +29,9 @@ class ChannelDeletion {
     Bequeath("ActionParamHomeChannel", "ActionParamHomeChannel");
     Bequeath("ActionParamPresetChannel", "ActionParamPresetChannel");
     MoveCurrentChannel();
-    return ReleaseStartup();
+    if (!ReleaseStartup()) return false;
+    DeletePresetCalls(provider_, channel_);
+    return true;
   }
 
   bool RefersHere(std::string_view name, RecordNr record = 1) const {
@@ -137,6 +140,7 @@ class ChannelDeletion {
   const ValidatorRef& validator_;
   ProviderRef provider_;
   FormWrites writes_;
+  RecordNr channel_;
   Variant identity_;
   RecordNr heir_;
 };

@@ -3,6 +3,7 @@
 #include "common/Messages.h"
 #include "common/Procedure.h"
 #include "common/RadioCodes.h"
+#include "common/Renumbering.h"
 #include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
 
@@ -14,6 +15,7 @@ constexpr std::string_view kReferences[] = {
     "Priority1Channel_k6k",
     "Priority2Channel_k6k",
     "ScanPresetTxChannel_k6k",
+    "VotePresetTxChannelUI",  // or the next save would make it the first channel
     "GroupChannelUI_k6k",
     "EmChannel",
     "ActionParamPresetChannel",
@@ -23,56 +25,23 @@ constexpr std::string_view kReferences[] = {
     "ChannelGroupIDForRadioStartup",
 };
 
-/// Moves the references to a channel from its old number to the new one, after one question.
-class Renumbering {
- public:
-  Renumbering(FieldEdit& edit, Variant old)
-      : edit_(edit), provider_(edit.validator.CurrentProvider()), old_(std::move(old)) {}
-
-  /// False when the user declines, before anything was written.
-  bool Run() {
-    for (const std::string_view name : kReferences) {
-      if (!MoveAll(name)) return false;
-    }
-    for (const FunctionKey& key : kFunctionKeys) {
-      const Variant action = provider_.Field(key.action).Value(1);
-      if (SameValue(action, KeyAction::kPresetChannel) && !Move(key.parameter1, 1)) return false;
-    }
-    return true;
-  }
-
- private:
-  bool MoveAll(std::string_view name) {
-    for (const RecordNr record : provider_.Field(name).Records()) {
-      if (!Move(name, record)) return false;
-    }
-    return true;
-  }
-
-  bool Move(std::string_view name, RecordNr record) {
-    const Variant reference = provider_.Field(name).Value(record);
-    if (!SameValue(reference, old_) || CStr(reference) == kNone) return true;
-    if (!agreed_ &&
-        AskYesNo(edit_.validator,
-                 "Changing this Channel ID will cause all references to it to be updated. %0:S Do "
-                 "you wish to proceed?",
-                 {kLineBreak}) != Button::Yes) {
-      return false;
-    }
-    agreed_ = true;
-    edit_.writes.Set(name, record, edit_.value);
-    return true;
-  }
-
-  FieldEdit& edit_;
-  ProviderRef provider_;
-  Variant old_;
-  bool agreed_ = false;
-};
+constexpr std::string_view kQuestion =
+    "Changing this Channel ID will cause all references to it to be updated. %0:S Do you wish to proceed?";
 
 bool ValidateNumber(FieldEdit& edit) {
-  const Variant old = edit.validator.CurrentProvider().Field("ChannelID_k6k").Value(edit.record);
-  return SameValue(old, edit.value) || Renumbering(edit, old).Run();
+  const ProviderRef provider = edit.validator.CurrentProvider();
+  const Variant old = provider.Field("ChannelID_k6k").Value(edit.record);
+  if (SameValue(old, edit.value)) return true;
+  Renumbering renumbering(edit, old, kQuestion, kLineBreak);
+  for (const std::string_view name : kReferences) {
+    if (!renumbering.MoveAll(name, name)) return false;
+  }
+  for (const FunctionKey& key : kFunctionKeys) {
+    const Variant action = provider.Field(key.action).Value(1);
+    const bool isChannel = SameValue(action, KeyAction::kPresetChannel);
+    if (isChannel && !renumbering.Move(key.parameter1, key.parameter1, 1)) return false;
+  }
+  return true;
 }
 
 /// The same network again runs through all of it too.

@@ -48,6 +48,13 @@ bool ResetChannelSelcallPresets(FormWrites& writes, RecordNr channel);
 /// a later question is declined.
 bool DeleteChannel(const ValidatorRef& validator, RecordNr channel);
 
+/// The preset calls of a channel that goes are deleted; those of later channels follow them.
+void DeletePresetCalls(const ProviderRef& provider, RecordNr channel);
+/// Completes a new channel: a free number, the first network, no bursts, no frequencies.
+void AddChannelK6000(const ValidatorRef& validator, const ProviderRef& provider, RecordNr channel);
+/// Of a channel that came in before others: a free number; their preset calls follow them.
+void InsertChannelK6000(const ValidatorRef& validator, const ProviderRef& provider, RecordNr channel);
+
 /// The network of a channel by number: the last one when none matches, 0 when there are none.
 RecordNr FindChannelsNetworkRecordNr(const ValidatorRef& validator, RecordNr channel);
 /// The channel's Selcall system, 0 when its network does not use Selcall.

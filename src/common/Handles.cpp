@@ -60,3 +60,9 @@ bool ValidatorRef::Accepts(std::string_view uiid, Variant& value, RecordNr recor
   RaiseIfFailed(Deref(Validator(), "ItierValidator").ValidateByUIID(uiid, value, record, accepted));
   return accepted != kFalse;
 }
+
+bool ValidatorRef::IsEnabled(std::string_view uiid, RecordNr record) const {
+  Boolean enabled = kFalse;
+  RaiseIfFailed(Deref(Validator(), "ItierValidator").GetEnabledStatebyUIID(uiid, record, enabled));
+  return enabled != kFalse;
+}

@@ -58,11 +58,27 @@ inline constexpr std::int32_t kNextFree = 3;
 inline constexpr std::int32_t kSelected = 4;
 }  // namespace InitiateCallChannel
 
+namespace RespondOn {  ///< ScanTxChannelSelect_k6k
+inline constexpr std::int32_t kCaptured = 0;
+inline constexpr std::int32_t kDefault = 1;
+}  // namespace RespondOn
+
+namespace PriorityScan {  ///< PriorityScan_k6k
+inline constexpr std::int32_t kDisabled = 0;
+inline constexpr std::int32_t kEnabled = 1;
+inline constexpr std::int32_t kSelected = 2;
+}  // namespace PriorityScan
+
 namespace GroupDisplay {  ///< ScanGroupDisplayIndicator_k6k
 inline constexpr std::int32_t kSC = 0;
 inline constexpr std::int32_t kGroupID = 1;
 inline constexpr std::int32_t kTxChannel = 2;
 }  // namespace GroupDisplay
+
+namespace StartUp {  ///< StartingWithChannelOrGroup
+inline constexpr std::int32_t kChannel = 0;
+inline constexpr std::int32_t kGroup = 1;
+}  // namespace StartUp
 
 namespace EmCallout {  ///< EmCalloutType
 inline constexpr std::int32_t kDisabled = 0;

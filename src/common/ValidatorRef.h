@@ -20,6 +20,8 @@ class ValidatorRef {
   std::string LabelOf(std::string_view name) const;
   /// What the rule of another field says of a value, as if the host had asked.
   bool Accepts(std::string_view uiid, Variant& value, RecordNr record) const;
+  /// Whether a control may be edited, as if the host had asked.
+  bool IsEnabled(std::string_view uiid, RecordNr record) const;
 
  private:
   std::shared_ptr<ItierValidator> Validator() const;

@@ -36,17 +36,15 @@ bool IsWithin(std::int32_t value, std::int32_t lowest, std::int32_t highest) {
   return lowest <= value && value <= highest;
 }
 
-/// Whether table 18 has a member record of the group with that channel number.
-bool IsMember(const ProviderRef& provider, const Variant& groupId, const Variant& channelId) {
-  const FieldRef groupOfMember = provider.Field("18.GroupIDNumber");
-  const FieldRef channelOfMember = provider.Field("GroupChannelUI_k6k");
-  for (const RecordNr member : groupOfMember.Records()) {
-    if (SameValue(groupOfMember.Value(member), groupId) &&
-        SameValue(channelOfMember.Value(member), channelId)) {
-      return true;
-    }
+/// The numbers of the channels that are members of the group.
+std::vector<Variant> MembersOf(const ProviderRef& provider, const Variant& groupId) {
+  const std::vector<Variant> groups = provider.Field("18.GroupIDNumber").Values();
+  const std::vector<Variant> channels = provider.Field("GroupChannelUI_k6k").Values();
+  std::vector<Variant> members;
+  for (std::size_t i = 0; i < groups.size() && i < channels.size(); ++i) {
+    if (SameValue(groups[i], groupId)) members.push_back(channels[i]);
   }
-  return false;
+  return members;
 }
 }  // namespace
 
@@ -65,11 +63,12 @@ bool MultipleChannelMembers(const ProviderRef& provider, RecordNr scanGroup) {
 bool AllChannelsAreMembers(const ProviderRef& provider, RecordNr scanGroup) {
   return Procedure("AllChannelsAreMembers", false, [&] {
     const Variant groupId = provider.Field("16.GroupIDTracker").Value(scanGroup);
-    const FieldRef channelId = provider.Field("ChannelID_k6k");
-    for (const RecordNr channel : channelId.Records()) {
-      if (!IsMember(provider, groupId, channelId.Value(channel))) return false;
-    }
-    return true;
+    const std::vector<Variant> members = MembersOf(provider, groupId);
+    const std::vector<Variant> channels = provider.Field("ChannelID_k6k").Values();
+    return std::all_of(channels.begin(), channels.end(), [&](const Variant& channel) {
+      return std::any_of(members.begin(), members.end(),
+                         [&](const Variant& member) { return SameValue(member, channel); });
+    });
   });
 }
 

@@ -22,7 +22,9 @@ struct ConversionOrder {
 // clang-format off
 /// By TransformToUI: `then` shows what `first` has put into form fields.
 inline constexpr ConversionOrder kToUIOrder[] = {
-    {500, 526},  // channel numbers, before the emergency channel is told by its own
+    {500, 508},  // the numbers of channels and groups, before what refers to them
+    {500, 511},
+    {500, 526},
     {574, 575},  // the presets of the DTMF systems, before the preset of a channel
     {528, 527},  // the control statuses' identities, before they are laid out for their system
     {542, 524},  // the systems' identities, before the burst slots are given them
@@ -33,6 +35,7 @@ inline constexpr ConversionOrder kToUIOrder[] = {
 };
 /// By TransformFromUI: `then` reads or appends to what `first` has stored, or `first` reads what `then` mends.
 inline constexpr ConversionOrder kFromUIOrder[] = {
+    {500, 508},  // a channel is not hidden, before it is as a member of a group
     {534, 510},  // the code lists are emptied, then each channel appends its own
     {525, 514},  // a channel's bursts move it to the first network where its own is unknown
     {525, 575},

@@ -5,12 +5,14 @@
 #include <span>
 #include <string>
 
+#include "channels/modvalChannels.h"
 #include "common/Grids.h"
 #include "common/Messages.h"
 #include "common/Procedure.h"
 #include "common/modCommonErrorHandler.h"
 #include "networks/modNetworkRecords.h"
 #include "platform/CaseText.h"
+#include "scangroups/modvalScanGroups.h"
 #include "selcall/modSelcallRecords.h"
 #include "selcall/modvalControlStatus.h"
 
@@ -22,17 +24,18 @@ struct Completion {
   void (*complete)(const ValidatorRef& validator, const ProviderRef& provider, RecordNr record);
 };
 constexpr Completion kAdded[] = {
-    {21, modNetworkRecords::AddNetwork},
-    {29, modSelcallRecords::AddSelcall6000},
-    {1115, modvalControlStatus::AddControlStatus},
+    {5, modvalChannels::AddChannelK6000},          {16, modvalScanGroups::AddScanGroupK6000},
+    {21, modNetworkRecords::AddNetwork},           {29, modSelcallRecords::AddSelcall6000},
+    {1115, modvalControlStatus::AddControlStatus}, {1119, modvalScanGroups::AddGroupMembershipK6000},
 };
 
 constexpr Completion kInserted[] = {
+    {5, modvalChannels::InsertChannelK6000},
     {1115, modvalControlStatus::AddControlStatus},
 };
 
 /// Tables of grids whose subjects the tier does not have yet.
-constexpr std::int32_t kAddedToCome[] = {5, 16, 37, 64, 80, 1119};
+constexpr std::int32_t kAddedToCome[] = {37, 64, 80};
 constexpr std::int32_t kInsertedToCome[] = {5};
 
 bool IsOneOf(std::span<const std::int32_t> tables, std::string_view gridName) {

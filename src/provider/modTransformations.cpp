@@ -1,7 +1,6 @@
 #include "provider/modTransformations.h"
 
 #include "channels/modBandLimits.h"
-#include "channels/modChannelIndex.h"
 #include "channels/modChannels.h"
 #include "channels/modSubaudible.h"
 #include "common/Lookup.h"
@@ -13,6 +12,7 @@
 #include "radioui/modGPS.h"
 #include "radioui/modPersonalityOptions.h"
 #include "radioui/modUIPreferences.h"
+#include "scangroups/modScanGroups.h"
 #include "selcall/modControlStatus.h"
 #include "selcall/modFreeFormat.h"
 #include "selcall/modSelcallMapping.h"
@@ -39,10 +39,13 @@ using namespace modChannels;
 constexpr Transformation kTransformations[] = {
     // number, from the form,                    to the form
     {500, SetChannelID,                        GetChannelID, "5.ChannelIDTracker"},
+    {500, modScanGroups::SetGroupID,           modScanGroups::GetGroupID},
     {501, SetTxFrequency,                      GetTxFrequency},
     {502, SetRxFrequency,                      GetRxFrequency},
+    {508, modScanGroups::SetChannelIndex,      modScanGroups::GetChannelIndex},
     {509, modData::SetXonXoff,                 modData::GetXonXoff},
     {510, SetSubAudSignalling,                 GetSubAudSignalling},
+    {511, modScanGroups::SetChannelIndex,      modScanGroups::GetChannelIndex},
     {512, modNetworks::SetSystemID,            modNetworks::GetSystemID},
     {513, SetIsBirdieChannel,                  GetIsBirdieChannel},
     {514, SetChannelNetworkID,                 GetChannelNetworkID},
@@ -56,7 +59,7 @@ constexpr Transformation kTransformations[] = {
     {523, NoAction,                            NoAction},
     {524, NoAction,                            modSelcallMapping::GetUnfilteredGridData},
     {525, SetPresetSelcallIndex,               GetPresetSelcallIndex},
-    {526, modChannelIndex::SetChannelIndex, modChannelIndex::GetChannelIndex, "53.ChannelIDTracker"},
+    {526, modScanGroups::SetChannelIndex,      modScanGroups::GetChannelIndex},
     {527, NoAction,                            modControlStatus::GetGenerateControlStatus},
     {528, modControlStatus::SetControlStatus,  modControlStatus::GetControlStatus},
     {529, modControlStatus::SetGenerateControlStatus, NoAction},

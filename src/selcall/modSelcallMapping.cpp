@@ -45,8 +45,9 @@ void AppendTone(std::string& text, std::int32_t code) {
 /// A raw array of a code a character.
 template <typename CodeOf>
 ArrayObject Coded(std::string_view text, CodeOf codeOf) {
-  std::vector<Variant> cells(1);  // row 0 is unused
+  std::vector<Variant> cells;
   cells.reserve(text.size() + 1);
+  cells.emplace_back();  // row 0 is unused
   while (!text.empty()) {
     const std::string_view character = FirstCharacter(text);
     cells.emplace_back(codeOf(character));

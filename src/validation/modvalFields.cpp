@@ -12,6 +12,7 @@
 #include "radioui/modvalGPSFields.h"
 #include "radioui/modvalOptionFields.h"
 #include "radioui/modvalUIPreference.h"
+#include "scangroups/modvalScanGroups.h"
 #include "selcall/modvalBursts.h"
 #include "selcall/modvalControlStatus.h"
 #include "selcall/modvalFreeFormat.h"
@@ -57,6 +58,22 @@ constexpr FieldRule kRules[] = {
     {"TXPOWER_K6K",                ValidateTxPower},
     {"CHANNELANR",                 ValidateNoiseReduction},
     {"CHANNELCOMPANDING",          ValidateCompanding},
+    // scan groups
+    {"SCANTYPE_K6K",               modvalScanGroups::ValidateScanGroup},
+    {"PRIORITYSCAN_K6K",           modvalScanGroups::ValidateScanGroup},
+    {"DUALPRIORITYSCAN_K6K",       modvalScanGroups::ValidateScanGroup},
+    {"SCANDEFAULTTXCHANNEL_K6K",   modvalScanGroups::ValidateScanGroup},
+    {"OFFHOOKSCAN_K6K",            modvalScanGroups::ValidateScanGroup},
+    {"SUBAUDSCANPRIORITY_K6K",     modvalScanGroups::ValidateScanGroup},
+    {"CAPTUREDCHANPRISAMPLETIME_K6K", modvalScanGroups::ValidateScanGroup},
+    {"GROUPTYPE_K6K",              modvalScanGroups::ValidateScanGroup},
+    {"SCANINCLCURRENTCHAN_K6K",    modvalScanGroups::ValidateScanGroup},
+    {"SCANGROUPDISPLAYINDICATOR_K6K", modvalScanGroups::ValidateScanGroup},
+    {"SCANTXCHANNELSELECT_K6K",    modvalScanGroups::ValidateScanGroup},
+    {"GROUPID_K6K",                modvalScanGroups::ValidateGroupID},
+    {"GROUPCHANNELUI_K6K",         modvalScanGroups::UpdateGroupMemberRefs},
+    {"FILTEREDSCANGROUPCHANNELMEMBERID", modvalScanGroups::UpdateGroupMemberRefs},
+    {"CURRENTSCANGROUPNR",         modvalScanGroups::ValidateCurrentScanGroup},
     // networks and their systems
     {"NETWORKID",                  ValidateNetworkID},
     {"CURRENTNETWORKNR",           SwitchesAlone},

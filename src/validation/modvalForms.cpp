@@ -7,6 +7,7 @@
 #include "networks/modvalNetworks.h"
 #include "platform/CaseText.h"
 #include "radioui/modvalData.h"
+#include "scangroups/modvalScanGroups.h"
 #include "selcall/modvalControlStatus.h"
 #include "selcall/modvalFreeFormat.h"
 #include "selcall/modvalSelcall.h"
@@ -29,6 +30,8 @@ constexpr struct {
     {"USRCTLCHANNELSKE2210", modvalChannels::ValidateForm},
     {"USRCTLFREEFORMATKD4410", Plain<modvalFreeFormat::ValidateCurrentSequence>},
     {"USRCTLFREEFORMATKE2210", Plain<modvalFreeFormat::ValidateCurrentSequence>},
+    {"USRCTLSCANGROUPSKD4410", Plain<modvalScanGroups::ValidateScanGroupForm>},
+    {"USRCTLSCANGROUPSKE2210", Plain<modvalScanGroups::ValidateScanGroupForm>},
     {"USRCTLSELCALLSETUPKD4410", modvalSelcall::ValidateSelcallForm},
     {"USRCTLSELCALLSETUPKE2210", modvalSelcall::ValidateSelcallForm},
     {"USRCTLCONTROLSTATUSKD4410", Plain<modvalControlStatus::ValidateControlStatusForm>},

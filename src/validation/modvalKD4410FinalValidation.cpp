@@ -11,6 +11,7 @@
 #include "common/StoredValues.h"
 #include "networks/modvalNetworkChecks.h"
 #include "platform/Conversions.h"
+#include "scangroups/modvalScanGroups.h"
 #include "selcall/modvalControlStatus.h"
 #include "selcall/modvalSelcall.h"
 
@@ -96,6 +97,7 @@ constexpr bool (*kRules[])(const ValidatorRef& validator) = {
     modvalSelcall::ValidateTxSequences,
     modvalControlStatus::ValidateControlStatusesFinal,
     modvalSelcall::ValidateGroupFormatFinal,
+    modvalScanGroups::ValidateHiddenChannels,
 };
 }  // namespace
 

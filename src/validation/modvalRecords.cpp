@@ -7,6 +7,7 @@
 #include "common/Procedure.h"
 #include "networks/modNetworkRecords.h"
 #include "networks/modvalNetworks.h"
+#include "scangroups/modvalScanGroups.h"
 #include "selcall/modSelcallRecords.h"
 #include "selcall/modvalControlStatus.h"
 #include "selcall/modvalSelcall.h"
@@ -41,20 +42,21 @@ constexpr struct {
     {21, AddNetworkCompanions},
     {29, AddSelcallCompanions},
     {1115, modvalControlStatus::MayAddControlStatus},
+    {1119, modvalScanGroups::MayAddMember},
 };
 
 constexpr struct {
   std::int32_t table;
   bool (*rule)(const ValidatorRef&, RecordNr);
 } kDeleteRules[] = {
-    {5, modvalChannels::DeleteChannel},
-    {21, modvalNetworks::DeleteNetwork},
+    {5, modvalChannels::DeleteChannel},  {16, modvalScanGroups::DeleteScanGroup},
+    {21, modvalNetworks::DeleteNetwork}, {1119, modvalScanGroups::DeleteScanGroupMember},
     {29, modvalSelcall::DeleteSelcall},
 };
 
 /// Tables whose records come or go with records of other tables, by rules that the tier does not have yet.
-constexpr std::int32_t kAddRulesMissing[] = {64, 1119};
-constexpr std::int32_t kDeleteRulesMissing[] = {16, 37, 64, 80, 1119};
+constexpr std::int32_t kAddRulesMissing[] = {64};
+constexpr std::int32_t kDeleteRulesMissing[] = {37, 64, 80};
 
 /// The first row of the table's number, or the end.
 template <typename Rows>

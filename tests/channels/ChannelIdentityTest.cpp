@@ -38,11 +38,12 @@ TEST_F(ChannelNumber, MovesEveryReferenceAfterOneQuestion) {
   for (const auto name : kSingle) EXPECT_EQ(Text(name), "15") << name;
   EXPECT_EQ(Text("FK2Parameter1") + Text("FK3Parameter1"), "1211");
   EXPECT_EQ(Text("ChannelID_k6k", 1), "11");  // the host stores it
-  EXPECT_EQ(Column("VotePresetTxChannelUI"), "11 11 11");
-  EXPECT_EQ(Refreshed(),
-            "Priority1Channel_k6k Priority2Channel_k6k ScanPresetTxChannel_k6k GroupChannelUI_k6k EmChannel "
-            "ActionParamPresetChannel ActionParamHomeChannel GPSPollResponseChannel "
-            "FilteredScanGroupChannelMemberID ChannelGroupIDForRadioStartup FK1Parameter1 FK4Parameter1");
+  EXPECT_EQ(Column("VotePresetTxChannelUI"), "15 15 15");
+  EXPECT_EQ(
+      Refreshed(),
+      "Priority1Channel_k6k Priority2Channel_k6k ScanPresetTxChannel_k6k VotePresetTxChannelUI "
+      "GroupChannelUI_k6k EmChannel ActionParamPresetChannel ActionParamHomeChannel GPSPollResponseChannel "
+      "FilteredScanGroupChannelMemberID ChannelGroupIDForRadioStartup FK1Parameter1 FK4Parameter1");
 }
 
 TEST_F(ChannelNumber, OnlyYesMovesAReferenceAndWithoutOneThereIsNoQuestion) {

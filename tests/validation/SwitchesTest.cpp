@@ -27,6 +27,7 @@ class Switches : public ChannelFixture {
     ChannelFixture::SetUp();
     GiveNetworks({0, 1, 2, 3, 4});
     GiveChannels({11, 12});
+    provider.SetCount(16, 1);
     for (const auto& row : modvalEnablement::Rows()) AddFields(*row.enabledWhen);
     for (const auto& row : modvalSwitches::Rows()) {
       if (row.wanted != nullptr) AddFields(*row.wanted);

@@ -136,6 +136,7 @@ void OrderOfConversions(CheckRun& run) {
 constexpr std::string_view kMended[] = {"30.FixedFormatBurstSeq",  // of record 1, which is no system's burst
                                         "30.FixedFormatSigSystemID",  // what a burst slot is
                                         "30.FixedFormatBurstType", "30.FixedFormatBurstID",
+                                        "18.GroupIDNumber",          // the number of a member's group
                                         "49.FreeFormSeqID",          // the place of a sequence in its system
                                         "68.DTMFPatchSeqNetworkID",  // the number of the network that
                                         "72.DTMFPatchTonesNetworkID",  // the record belongs to

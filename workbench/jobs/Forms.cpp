@@ -47,7 +47,7 @@ constexpr Form kForms[] = {
 constexpr Forms::Current kCurrents[] = {
     {"channel",     "CurrentChannelNr",        kTables<5>},
     {"network",     "CurrentNetworkNr",        kTables<21, 36, 53, 67, 72, 75, 77, 78>},
-    {"group",       "CurrentScanGroupNr",      kTables<16>},
+    {"group",       "CurrentScanGroupNr",      kTables<16>, kTables<1119>},
     {"selcall",     "CurrentSelcallNumber",    kTables<29, 31, 48>,
                     kTables<1101, 1102, 1103, 1104, 1105, 1106, 1115>},
     {"dtmf",        "CurrentDTMFNr",           kTables<64>},
@@ -160,6 +160,11 @@ const Current* ViewedBy(std::int32_t table) {
   return current == std::end(kCurrents) ? nullptr : current;
 }
 
+std::int32_t TableBehind(std::int32_t table) {
+  constexpr std::int32_t kShownMembers = 1119, kMembers = 18;
+  return table == kShownMembers ? kMembers : table;
+}
+
 void FillViews(Session& session, const Current& current) {
   Provider& content = session.Content();
   const SchemaField& pointer = content.FieldOf(current.field);
@@ -176,7 +181,9 @@ void Show(const TierHost& host, Provider& content, const std::vector<RecordNr>& 
   auto record = records.begin();
   for (const Current& current : kCurrents) {
     const SchemaField* pointer = content.GetSchema().Find(current.field);
-    const bool isShown = pointer == nullptr || CLng(content.Get(*pointer, 1)) == *record;
+    // The views of the record are filled by its rule alone.
+    const bool isShown =
+        pointer == nullptr || (current.views.empty() && CLng(content.Get(*pointer, 1)) == *record);
     if (!isShown) Turn(host, content, *pointer, *record);
     ++record;
   }

@@ -69,12 +69,15 @@ struct Current {
   /// another record; what a user writes there goes to its place by the rule of the field.
   std::span<const std::int32_t> views = {};
 };
+/// The table that a save keeps in place of a view that no conversion takes back; of any other table itself.
+std::int32_t TableBehind(std::int32_t table);
 std::span<const Current> Currents();
 /// Whether the field holds the number of a record shown.
 bool IsPointer(const SchemaField& field);
 /// The subject of a view; null for a table that is none.
 const Current* ViewedBy(std::int32_t table);
-/// Asks the rule of the record shown once more, which fills the views anew.
+/// Asks the rule of the record shown once more: what stands in the views goes to the tables behind them, and
+/// they are filled anew.
 void FillViews(Session& session, const Current& current);
 /// The records that the forms show, in the order of Currents().
 std::vector<RecordNr> Shown(const Provider& content);

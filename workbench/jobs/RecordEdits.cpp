@@ -31,6 +31,7 @@ constexpr Grid kGrids[] = {
 
 constexpr std::int32_t kStoredStatuses = 32;
 constexpr std::int32_t kShownStatuses = 1115;
+constexpr std::int32_t kShownMembers = 1119;
 
 constexpr std::string_view kSteps[] = {"capacity", "permission", "postProcessing", "show", "save"};
 
@@ -83,10 +84,25 @@ std::string FullStatusesRefusal(const Provider& content) {
                       : std::string();
 }
 
+/// Each row of the group on the form is a member among those of all, and another channel.
+std::string FullGroupRefusal(const Provider& content, const SchemaTable& shown) {
+  const SchemaTable& stored = *content.GetSchema().FindTable(Forms::TableBehind(shown.number));
+  if (content.Count(stored) >= stored.maximum) return AtMost(content.GetSchema(), stored);
+  const SchemaField& number = content.FieldOf("5.ChannelIDTracker");
+  const SchemaField& member = content.FieldOf("1119.FilteredScanGroupChannelMemberID");
+  for (RecordNr channel = 1; channel <= content.Count(number.table); ++channel) {
+    RecordNr row = content.Count(shown);
+    while (row > 0 && !SameValue(content.Get(member, row), content.Get(number, channel))) --row;
+    if (row == 0) return {};
+  }
+  return "every channel is a member of the group";
+}
+
 /// Why the table takes no more records; empty when it does.
 std::string FullRefusal(const Provider& content, const SchemaTable& table) {
   if (content.Count(table) >= table.maximum) return AtMost(content.GetSchema(), table);
-  return table.number == kShownStatuses ? FullStatusesRefusal(content) : std::string();
+  if (table.number == kShownStatuses) return FullStatusesRefusal(content);
+  return table.number == kShownMembers ? FullGroupRefusal(content, table) : std::string();
 }
 
 /// What a deletion has led astray: a pointer that does not point any more at what it pointed at, though that
@@ -221,7 +237,10 @@ bool RecordEdits::DeleteCompleted(RecordResult& result) const {
 }
 
 bool RecordEdits::IsKept(RecordResult& result) const {
-  return session_.KeepsRecords(table_) ||
+  const Schema& schema = session_.Content().GetSchema();
+  if (const Forms::Current* shown = Forms::ViewedBy(table_.number)) Forms::FillViews(session_, *shown);
+  const SchemaTable& behind = *schema.FindTable(Forms::TableBehind(table_.number));
+  return (session_.KeepsRecords(table_) && session_.KeepsRecords(behind)) ||
          Refuse(result, RecordStep::Save,
                 "a save would lose the change, for the tier does not convert the table for the radio");
 }

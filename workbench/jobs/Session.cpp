@@ -92,6 +92,10 @@ Session::Session(const HostParts& parts, std::shared_ptr<Provider> provider,
 void Session::ConvertToForms() {
   ConvertToForms(provider_);
   leftOut_ = LeftOutOf(*provider_);
+  // A view is loaded before it is used.
+  for (const Forms::Current& current : Forms::Currents()) {
+    if (!current.views.empty()) Forms::FillViews(*this, current);
+  }
 }
 
 void Session::ConvertToForms(const std::shared_ptr<Provider>& provider) {

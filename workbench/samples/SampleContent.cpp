@@ -236,6 +236,31 @@ void AddChannels(Provider& content, const Personality& personality) {
   }
 }
 
+/// The index of a channel, from 0.
+std::int32_t IndexOf(const Personality& personality, std::int32_t number) {
+  const auto channel = std::ranges::find(personality.channels, number, &Channel::number);
+  return static_cast<std::int32_t>(channel - personality.channels.begin());
+}
+
+void AddGroups(Provider& content, const Personality& personality) {
+  RecordNr group = 0, member = 0;
+  for (const Group& one : personality.groups) {
+    content.SetCount(16, ++group);
+    content.Set("16.GroupIdentity", group, one.number);
+    content.Set("16.GroupType", group, one.isVote ? 1 : 0);
+    content.Set("16.FirstGroupMember", group, member);
+    const RecordNr first = member;
+    const RecordNr last = member + static_cast<RecordNr>(one.channels.size());
+    content.SetCount(18, last);
+    for (const std::int32_t channel : one.channels) {
+      content.Set("18.GroupIDNumber", ++member, one.number);
+      content.Set("18.GroupRecordNumber", member, group - 1);
+      content.Set("18.GroupChannelRecordNum", member, IndexOf(personality, channel));
+      content.Set("18.GroupNextMemberRecordNum", member, member == last ? first : member);
+    }
+  }
+}
+
 }  // namespace
 
 Variant Tones(const std::string& text) { return Sequence(text, "0123456789ABCDEF-GV"); }
@@ -261,6 +286,7 @@ void FillStored(Provider& content, const Personality& personality) {
   AddSystems(content, personality.systems);
   AddDTMFSystems(content, personality.dtmfSystems);
   AddChannels(content, personality);
+  AddGroups(content, personality);
 }
 
 void FillForms(Provider& content, const Personality& personality) {

@@ -60,6 +60,11 @@ struct DTMFSystem {
   std::array<std::string, 6> sequences;  // four of the network's, the ANI, the emergency
   std::int32_t number = 0;
 };
+struct Group {
+  std::int32_t number;
+  bool isVote;
+  std::vector<std::int32_t> channels;  // the members, by their numbers
+};
 struct Personality {
   std::int32_t band;
   std::vector<Network> networks;
@@ -67,6 +72,7 @@ struct Personality {
   std::vector<DTMFSystem> dtmfSystems = {};
   std::vector<Channel> channels;
   bool gps = false;
+  std::vector<Group> groups = {};
 };
 
 /// A raw sequence of Selcall tones ("0123456789ABCDEF-GV"), of DTMF keys ("0123456789ABCD#*-").

@@ -155,7 +155,7 @@ void FillFull(Provider& content, const Personality& full) {
     if (table.IsRaw()) content.SetCount(table.number, table.maximum);
   }
   content.SetCount(16, kFullGroups);
-  content.SetCount(18, kFullGroups * kFullChannels);
+  content.SetCount(18, kFullGroups * kFullMembers);
   FillTelling(content);
   FillStored(content, full);
   AddPresetCalls(content, full);

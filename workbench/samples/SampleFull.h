@@ -8,6 +8,8 @@ constexpr std::int32_t kFullNetworks = 16;
 // Channels and scan groups share a limit of 100 records.
 constexpr std::int32_t kFullChannels = 90;
 constexpr std::int32_t kFullGroups = 10;
+/// The last channels are in no group.
+constexpr std::int32_t kFullMembers = kFullChannels - 4;
 
 /// Every channel, network, system and burst that the version has room for.
 Personality Full();

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/Conversions.h"
 #include "workbench/samples/SampleFull.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
@@ -70,29 +71,38 @@ constexpr Column kChannels[] = {
     {"5.TxCompression",      [](RecordNr r) { return r / 2 % 2; }},
     {"5.ReceptionExpansion", [](RecordNr r) { return r / 2 % 2; }},
     {"5.ChannelANR",         [](RecordNr r) { return r % 4 == 0 ? 1 : 0; }},
+    {"5.HiddenChannel",      [](RecordNr r) { return r <= kFullMembers ? 1 : 0; }},  // members of a hidden group
 };
 
 /// Beyond those of the channels.
 constexpr std::int32_t GroupNumber(RecordNr group) { return 900 + 9 * group; }
 
+/// The first group in the background, the others standard (0) and VornAx (2).
+constexpr std::int32_t ScanTypeOf(RecordNr group) { return group == 1 ? 1 : group % 2 * 2; }
+
 constexpr Column kGroups[] = {
     {"16.GroupIdentity",    GroupNumber},
-    {"16.FirstGroupMember", [](RecordNr r) { return kFullChannels * (r - 1); }},
+    {"16.FirstGroupMember", [](RecordNr r) { return kFullMembers * (r - 1); }},
+    {"16.GroupSleepTime",   [](RecordNr) { return 0; }},  // every save clears it
+    {"16.HiddenChannels",   [](RecordNr r) { return r == 2 ? 1 : 0; }},
     {"16.Priority1Channel",    [](RecordNr r) { return 7 * r; }},
     {"16.Priority2Channel",    [](RecordNr r) { return 7 * r + 3; }},
     {"16.ScanPresetTxChannel", [](RecordNr r) { return kFullChannels - 5 * r; }},
     {"16.VotePresetTxChannel", [](RecordNr r) { return 3 * r + 1; }},
-    // A group that is scanned in the background (1) shows the Tx channel and calls on the selected one.
-    {"16.ScanType",         [](RecordNr r) { return r % 3; }},
-    {"16.ScanGroupDisplayIndicator", [](RecordNr r) { return r % 3 == 1 ? 2 : r % 2; }},
-    {"16.ScanDefaultTxChannel_k6k",  [](RecordNr r) { return r % 3 == 1 ? 4 : r % 4; }},
+    // The one group that is scanned in the background (1) shows the Tx channel and calls on the selected one.
+    {"16.ScanType",         ScanTypeOf},
+    {"16.ScanGroupDisplayIndicator", [](RecordNr r) { return r == 1 ? 2 : r % 2; }},
+    {"16.ScanDefaultTxChannel_k6k",  [](RecordNr r) { return r == 1 ? 4 : ScanTypeOf(r) == 2 ? 3 : r / 2 % 3; }},
+    {"16.ScanTxChannelSelect_k6k",   [](RecordNr r) { return ScanTypeOf(r) == 0 ? 0 : 1; }},
+    {"16.ScanInclCurrentChan_k6k",   [](RecordNr r) { return r == 3 ? 0 : 1; }},
+    {"16.PriorityScan_k6k",          [](RecordNr r) { return r == 1 ? 2 : r % 2; }},
     // The members of a group are a ring.
-    {"18.GroupIDNumber",     [](RecordNr r) { return GroupNumber((r - 1) / kFullChannels + 1); }},
-    {"18.GroupRecordNumber", [](RecordNr r) { return (r - 1) / kFullChannels; }},
+    {"18.GroupIDNumber",     [](RecordNr r) { return GroupNumber((r - 1) / kFullMembers + 1); }},
+    {"18.GroupRecordNumber", [](RecordNr r) { return (r - 1) / kFullMembers; }},
     {"18.GroupNextMemberRecordNum",
-     [](RecordNr r) { return r % kFullChannels == 0 ? r - kFullChannels : r; }},
+     [](RecordNr r) { return r % kFullMembers == 0 ? r - kFullMembers : r; }},
     {"18.GroupChannelRecordNum",
-     [](RecordNr r) { return (7 * r + (r - 1) / kFullChannels) % kFullChannels; }},
+     [](RecordNr r) { return (7 * r + (r - 1) / kFullMembers) % kFullMembers; }},
 };
 
 constexpr Column kNetworks[] = {
@@ -255,8 +265,11 @@ void FillSequences(Provider& content) {
 void FillTexts(Provider& content) {
   content.Set("9.DataIdentity", 1, "40960713");
   content.Set("69.GPSAVLDespatcherAddress", 1, "21043567");
-  for (RecordNr r = 1; r <= content.Count(16); ++r)
-    content.Set("16.GroupAlias", r, "G" + std::to_string(r % 10));
+  for (RecordNr r = 1; r <= content.Count(16); ++r) {
+    const bool isVote = SameValue(content.Get("16.GroupType", r), 1);
+    const Variant plain = content.Get(isVote ? "16.GroupVote" : "16.ScanGroupDisplayIndicator", r);
+    content.Set("16.GroupAlias", r, SameValue(plain, 0) ? "SC" : std::to_string(GroupNumber(r)));
+  }
   for (RecordNr r = 1; r <= content.Count(78); ++r) content.Set("78.CWIDString", r, "CW" + std::to_string(r));
 }
 

@@ -168,6 +168,9 @@ Personality CityFleet() {
     city.channels.push_back(
         {.number = 31 + i, .rxHertz = hertz, .txHertz = hertz, .network = 4, .preset = i + 1});
   }
+  // Dispatch listens to its vehicles, works to whichever of its masts hears best.
+  city.groups = {{.number = 101, .isVote = false, .channels = {1, 2, 3, 4, 31}},
+                 {.number = 102, .isVote = true, .channels = {13, 14, 15}}};
   return city;
 }
 

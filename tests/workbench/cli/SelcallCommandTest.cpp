@@ -85,7 +85,7 @@ TEST_F(SelcallCommands, EveryVerbTakesTheRecordsThatItsFormsShow) {
       {"--channel", "x", "--channel x: there is no such record; table 5 (Channels) has 23"},
       {"--mdc1200", "1", "--mdc1200 1: there is no such record; table 80 "},
       {"--two-tone", "1", "table 37 "},
-      {"--group", "2", "table 16 "}};
+      {"--group", "3", "table 16 "}};
   for (const auto& [option, number, told] : cases) {
     for (const char* verb : {"check", "info"}) {
       EXPECT_EQ(Run({verb, file, option, number}), ExitCode::CouldNot) << option;

@@ -132,7 +132,7 @@ TEST_F(ControlTest, RefusesWhatTheFieldDoesNotTakeAndTellsWhatItTakes) {
       {"FunctionKey1", 1, "Phone Patch", "did you mean Phone Patch Call Request/Release?"},
       {"ActionParamEmergencyMode", 1, "2", "it has Non Stealth, Stealth"},
       {"IOPRTS", 1, "1", "it has None, AUX_GPI1 to AUX_GPI3"},
-      {"ActionParamPresetGroup", 1, "1", "is not in the list of Preset Group, which is empty"},
+      {"ActionParamPresetGroup", 1, "1", "is not in the list of Preset Group; it has 101, 102"},
   };
   for (const auto& [uiid, record, typed, why] : cases) {
     const Entry entry = Enter(uiid, record, typed);

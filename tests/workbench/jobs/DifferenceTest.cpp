@@ -150,7 +150,7 @@ TEST_F(DifferenceTest, WhatDiffersIsToldByIdentityAndAsTheFormsShowIt) {
     b->Set(field, record, std::move(value));
     return Told(Between(a, b));
   };
-  EXPECT_THAT(changed("7.CibChannelID", 3, 99), UnorderedElementsAre("A 5 3", "B 5 99"));
+  EXPECT_THAT(changed("7.CibChannelID", 17, 99), UnorderedElementsAre("A 5 17", "B 5 99"));
   EXPECT_THAT(changed("5.ChannelTxFreq", 3, 450e6), ElementsAre("5.ChannelTxFreq 3 450.062500>450.000000"));
   EXPECT_THAT(changed("5.ChannelNetworkId", 3, 2), testing::Contains("5.ChannelNetworkId 3 2>3"));
   EXPECT_THAT(changed("61.DCScodeword", 1, 5), testing::SizeIs(1));

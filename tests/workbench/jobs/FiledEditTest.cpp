@@ -121,9 +121,6 @@ TEST_F(SetCommand, WhatASaveWouldLoseIsNamedAndNothingIsSaved) {
   const std::string path = CopyOf("city-fleet");
   const std::string before = ContentOf(path);
   const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
-      {"GroupActivityOnPowerUp_k6k", "1", "1",
-       "a save would lose the value \"1\" that the edit gives to Channel/Group on Power Up "
-       "(ChannelGroupIDForRadioStartup), record 1, for the tier does not convert"},
       {"FunctionKey1", "1", "Monitor", "\"Monitor\": a save would lose the value, for the tier does not"},
       {"AutoOverBeep", "2", "1", "for the tier makes the field from another one of the forms"},
   };

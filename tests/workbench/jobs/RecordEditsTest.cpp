@@ -84,7 +84,7 @@ TEST_F(RecordCommands, ARefusalLeavesTheFileAndTellsWhoRefusedAndWhy) {
       {{"add", marine, "36"}, ExitCode::CouldNot, "", "there is no grid \"36\""},
       {{"add", damaged, "Network"}, ExitCode::CouldNot, "", "damaged.json:2"},
       {{"delete", damaged, "Network", "1"}, ExitCode::CouldNot, "", "damaged.json:2"},
-      {{"add", marine, "GroupMembership"}, ExitCode::CouldNot, "", "does not support it yet"},
+      {{"add", marine, "dtmf"}, ExitCode::CouldNot, "", "does not support it yet"},
   };
   for (const auto& [words, code, told, message] : cases) {
     const std::string before = ContentOf(words[1]);
@@ -136,11 +136,11 @@ class RecordEditsTest : public testing::Test {
 
 TEST_F(RecordEditsTest, WhatARuleHadWrittenBeforeItsSecondQuestionIsTold) {
   content->Set("FunctionKey1", 1, 22);  // goes to a channel
-  content->Set("FK1Parameter1", 1, "3");
+  content->Set("FK1Parameter1", 1, "5");
   content->Set("GPSPollResponseChannelType", 1, 1);
-  content->Set("GPSPollResponseChannel", 1, "3");
+  content->Set("GPSPollResponseChannel", 1, "5");
   messenger->Play({Button::Yes, Button::No});
-  const RecordResult result = Edits("channels").Delete(3);
+  const RecordResult result = Edits("channels").Delete(5);
   EXPECT_FALSE(result.accepted);
   EXPECT_EQ(result.step, RecordStep::Permission);
   EXPECT_EQ(content->Count(5), 23);
@@ -149,13 +149,14 @@ TEST_F(RecordEditsTest, WhatARuleHadWrittenBeforeItsSecondQuestionIsTold) {
 }
 
 TEST_F(RecordEditsTest, AChannelStaysThatAPointerWouldBeLedAstrayBy) {
-  content->SetCount(76, 1);
-  content->Set("76.DSDBM_PRESET_CALL_CHANNEL_REF", 1, 5);  // which nothing moves
-  EXPECT_TRUE(Edits("channels").Delete(6).accepted);
-  const RecordResult result = Edits("channels").Delete(4);  // the fifth record is channel 7 then
+  content->SetCount(24, 1);
+  content->Set("24.ProgrammableActionType", 1, 9);
+  content->Set("24.Parameter1", 1, 7);  // an index that nothing moves
+  EXPECT_TRUE(Edits("channels").Delete(9).accepted);
+  const RecordResult result = Edits("channels").Delete(6);  // the eighth record is another channel then
   EXPECT_FALSE(result.accepted);
   EXPECT_EQ(result.step, RecordStep::Save);
-  EXPECT_THAT(result.refusal, HasSubstr("Channel preset calls 7 point"));
+  EXPECT_THAT(result.refusal, HasSubstr("24.Parameter1 of "));
 }
 
 TEST_F(RecordEditsTest, AFaultOnTheWayIsNoRefusal) {

@@ -19,7 +19,7 @@ using Names = std::set<std::string>;
 /// Fields that hold the value of a new record in all records.
 const Names kAtDefault = {
     "0.RadioTier",               // the model
-    "5.HiddenChannel",           // every save clears it
+    "16.GroupSleepTime",         // every save clears it
     "10.IndicatorDuration",      // every save lays it out, as 0
     "34.RFCompliance",           // another band has it
     "34.GlobalEncryption",       // the channels encrypt one by one

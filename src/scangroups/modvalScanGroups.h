@@ -1,0 +1,42 @@
+#pragma once
+
+#include "common/FieldEdit.h"
+
+/// The rules of the scan group form. A record of table 16 is a scan or a vote group; table 18 holds the
+/// members of all groups, table 1119 shows those of the one on the form.
+namespace modvalScanGroups {
+/// A field that other fields of the group must go with: what can not be is refused, what follows is asked.
+bool ValidateScanGroup(FieldEdit& edit);
+/// The number of a group; what refers to it follows, after one question.
+bool ValidateGroupID(FieldEdit& edit);
+
+/// A member becomes another channel: priorities and the preset Tx channel that were the old one follow, on
+/// consent.
+bool UpdateGroupMemberRefs(FieldEdit& edit);
+/// The form turns to another group; what it shows goes back to the members of all before.
+bool ValidateCurrentScanGroup(FieldEdit& edit);
+/// On leaving the form: the members go back, the groups are sorted, the form goes on showing its group.
+/// Always true.
+bool ValidateScanGroupForm(const ValidatorRef& validator);
+/// The rows on the form replace the members of their group. Nothing when the form shows none: it has not
+/// been filled, or its group is new.
+void UpdateUnfilteredScanGroupMembersList(const ProviderRef& provider);
+/// Shows the members of a group; none for a group that is not there.
+void UpdateFilteredScanGroupMembersList(const ValidatorRef& validator, const ProviderRef& provider,
+                                        RecordNr group);
+
+/// Whether the group on the form may have another member.
+bool MayAddMember(const ValidatorRef& validator, const ProviderRef& provider);
+/// Completes a new row of the form: the first channel that is no member yet.
+void AddGroupMembershipK6000(const ValidatorRef& validator, const ProviderRef& provider, RecordNr row);
+/// Whether a row may go: a group keeps one member, and what refers to the channel follows.
+bool DeleteScanGroupMember(const ValidatorRef& validator, RecordNr row);
+
+/// Completes a new group: a free number, no priorities.
+void AddScanGroupK6000(const ValidatorRef& validator, const ProviderRef& provider, RecordNr group);
+/// Whether a group may go: no key and no pin uses it. Its members go with it.
+bool DeleteScanGroup(const ValidatorRef& validator, RecordNr group);
+
+/// Before a save: a radio that hides all its channels starts with a group, and scans on.
+bool ValidateHiddenChannels(const ValidatorRef& validator);
+}  // namespace modvalScanGroups
