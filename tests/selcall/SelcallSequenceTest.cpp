@@ -124,6 +124,15 @@ TEST_F(SelcallSequences, AnRxFormatWithoutStatusTakesTheControlStatusesOnConsent
   EXPECT_EQ(provider.Count(1115), 0);
 }
 
+TEST_F(SelcallSequences, ABoxThatIsClosedTakesNothingAway) {
+  provider.SetCount(1115, 1);
+  provider.Set("UGBurstSeq", Slot(2, Burst::Repeater, 1), "123");
+  CloseEveryBox();
+  EXPECT_FALSE(Validate("RxFormat_k6k", "RRRRR", 2));
+  EXPECT_FALSE(Validate("TxFormat_k6k", "RRRRR-CC-SS", 2));
+  EXPECT_EQ(std::to_string(provider.Count(1115)) + Text("UGBurstSeq", Slot(2, Burst::Repeater, 1)), "1123");
+}
+
 /// Bursts of system 2 ("BBB-RRRRR-CC-SS"), channels 1 on its network and 2 on another one.
 class TxFormatRule : public SelcallSequences {
  protected:

@@ -7,6 +7,7 @@
 #include "workbench/jobs/RecordEdits.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
+#include "workbench/store/RecordKeys.h"
 #include "workbench/store/ValueText.h"
 
 namespace {
@@ -19,6 +20,8 @@ struct RecordArguments {
   std::string grid;
   RecordNr record = 0;  // to be deleted
   bool dryRun = false;
+  std::int64_t count = 1;  // to be added
+  RecordNr from = 0;       // whose values they take
 };
 
 /// An addition or deletion and what came of it.
@@ -37,8 +40,18 @@ struct Edited {
 void Print(const Edited& edited, const Session& session, std::ostream& out) {
   const RecordResult& result = edited.result;
   out << edited.table.title << ", "
-      << (result.record == 0 ? "new record" : "record " + std::to_string(result.record));
-  if (const SchemaField* identity = edited.Identity(session)) {
+      << (result.record == 0 ? "new record"
+          : result.count > 1 ? "records " + std::to_string(result.record - result.count + 1) + " to " +
+                                   std::to_string(result.record)
+                             : "record " + std::to_string(result.record));
+  const SchemaField* identity = edited.Identity(session);
+  if (identity != nullptr && result.count > 1) {
+    std::vector<std::string> numbers;
+    for (RecordNr record = result.record - result.count + 1; record <= result.record; ++record) {
+      numbers.push_back(ValueText::Of(session.Content().Get(*identity, record)));
+    }
+    out << " (" << session.LabelOf(*identity) << ' ' << ListOf(numbers) << ')';
+  } else if (identity != nullptr) {
     out << " (" << session.LabelOf(*identity) << ' ' << ValueText::Of(result.identity) << ')';
   }
   const char* done = edited.action == Action::Add ? "added" : "deleted";
@@ -55,6 +68,7 @@ Json JsonOf(const Edited& edited, const Session& session, const std::vector<Show
                {"table", edited.table.number},
                {"title", edited.table.title}};
   if (result.record != 0) data["record"] = result.record;
+  if (edited.action == Action::Add) data["count"] = result.count;
   if (const SchemaField* identity = edited.Identity(session)) {
     data["identity"] = {{"name", identity->CommonName()},
                         {"label", session.LabelOf(*identity)},
@@ -78,7 +92,8 @@ ExitCode Carry(Action action, const RecordArguments& arguments, Workplace& workp
   messenger->Clear();
   RecordEdits edits(session, grid);
   Edited edited{action, grid, edits.Table(),
-                action == Action::Add ? edits.Add() : edits.Delete(arguments.record)};
+                action == Action::Add ? edits.Add(static_cast<RecordNr>(arguments.count), arguments.from)
+                                      : edits.Delete(arguments.record)};
   const std::vector<Shown> boxes = messenger->Boxes();
   if (edited.result.accepted && !arguments.dryRun) {
     opened.Save();
@@ -94,6 +109,11 @@ void Take(Words& words, RecordArguments& given) {
   words.Required("FILE", given.file, "The personality");
   words.Required("GRID", given.grid, "The grid");
   if (action == Action::Delete) words.Required("RECORD", given.record, "Record, from 1");
+  if (action == Action::Add) {
+    constexpr std::int64_t kMost = 100;
+    words.NumberOption("--count", given.count, 1, kMost, "So many records, all or none");
+    words.RecordOption("--from", given.from, "Of channels: with the values of this record");
+  }
   words.Flag("--dry-run", given.dryRun, "Do everything but save");
 }
 
@@ -103,7 +123,7 @@ ExitCode Run(const RecordArguments& arguments, Workplace& workplace) {
 }
 
 constexpr const char* kGridNames =
-    "A grid is called by its word (channel, network, group, group-member, selcall, control-status, dtmf, "
+    "A grid is called by its word (channel, network, scan-group, member, selcall, control-status, dtmf, "
     "two-tone, mdc1200), by its name in the tier (Network), by the title of its table (networks) or by its "
     "number (21).";
 

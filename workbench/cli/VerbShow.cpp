@@ -11,26 +11,36 @@
 #include "workbench/cli/Verb.h"
 #include "workbench/jobs/BurstSlots.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/CodeWords.h"
 #include "workbench/store/Provider.h"
+#include "workbench/store/RecordKeys.h"
 #include "workbench/store/TypedNames.h"
 #include "workbench/store/ValueText.h"
 
 namespace {
 
-using ValueNames = std::span<const std::string_view>;
-
-constexpr std::string_view kPowers[] = {"Off", "Very Low", "Low", "Medium", "High"};
-constexpr std::string_view kSignallingTypes[] = {"None", "Selcall", "DTMF", "Two-tone", "MDC1200"};
-
-/// A column of a view: where its value comes from and what it is called for a person and in JSON. With
-/// words the value is an index into them.
+/// A column of a view: where its value comes from and what it is called for a person and in JSON. A code that
+/// has a word is shown by it.
 struct ViewColumn {
   std::string_view heading;
   std::string_view key;
   std::string_view field;
   TextTable::Align align = TextTable::Align::Left;
-  ValueNames words = {};
+  std::vector<std::string> (*list)(const Provider& content,
+                                   RecordNr record) = nullptr;  // in place of a field
 };
+
+/// The numbers of a group's channels, in the order of the members.
+std::vector<std::string> MembersOf(const Provider& content, RecordNr group) {
+  std::vector<std::string> members;
+  const Variant number = content.Get("GroupID_k6k", group);
+  const SchemaField& owner = content.FieldOf("18.GroupIDNumber");
+  for (RecordNr member = 1; member <= content.Count(owner.table); ++member) {
+    if (!SameValue(content.Get(owner, member), number)) continue;
+    members.push_back(CStr(content.Get("GroupChannelUI_k6k", member)));
+  }
+  return members;
+}
 
 // clang-format off
 constexpr ViewColumn kChannelColumns[] = {
@@ -40,12 +50,22 @@ constexpr ViewColumn kChannelColumns[] = {
     {"Rx tone", "rxTone",   "RxSignalling_k6k"},
     {"Tx tone", "txTone",   "TxSignalling_k6k"},
     {"Network", "network",  "ChannelNetworkID_k6k", TextTable::Align::Right},
-    {"Power",   "power",    "TxPower_k6k",          TextTable::Align::Left, kPowers},
+    {"Power",   "power",    "TxPower_k6k",          TextTable::Align::Left},
 };
 constexpr ViewColumn kNetworkColumns[] = {
     {"Network",    "network",    "NetworkID",           TextTable::Align::Right},
-    {"Signalling", "signalling", "SignallingType",      TextTable::Align::Left, kSignallingTypes},
+    {"Signalling", "signalling", "SignallingType",      TextTable::Align::Left},
     {"System",     "system",     "NetworkSignallingID", TextTable::Align::Right},
+};
+constexpr ViewColumn kGroupColumns[] = {
+    {"Group",         "group",     "GroupID_k6k",          TextTable::Align::Right},
+    {"Type",          "type",      "GroupType_k6k"},
+    {"Scan type",     "scanType",  "ScanType_k6k"},
+    {"Priority scan", "priority",  "PriorityScan_k6k"},
+    {"Priority 1",    "priority1", "Priority1Channel_k6k", TextTable::Align::Right},
+    {"Priority 2",    "priority2", "Priority2Channel_k6k", TextTable::Align::Right},
+    {"Hidden",        "hidden",    "HiddenChannels_k6k"},
+    {"Members",       "members",   {}, TextTable::Align::Left, MembersOf},
 };
 // clang-format on
 
@@ -55,9 +75,10 @@ struct View {
   std::span<const ViewColumn> columns;
 };
 constexpr std::string_view kSelcall = "selcall";
-constexpr View kViews[] = {{"channels", 5, kChannelColumns}, {"networks", 21, kNetworkColumns}};
+constexpr View kViews[] = {
+    {"channels", 5, kChannelColumns}, {"networks", 21, kNetworkColumns}, {"scan-groups", 16, kGroupColumns}};
 
-std::string Worded(std::string text, ValueNames words) {
+std::string Worded(std::string text, std::span<const std::string_view> words) {
   if (words.empty() || !IsNumeric(text)) return text;
   const auto index = static_cast<std::size_t>(CLng(text));
   return index < words.size() ? std::string(words[index]) : text;
@@ -73,8 +94,16 @@ void ShowView(const View& view, const Provider& content, Workplace& workplace) {
     std::vector<std::string> row = {std::to_string(record)};
     Json item = {{"record", record}};
     for (const ViewColumn& column : view.columns) {
-      row.push_back(Worded(ValueText::At(content, column.field, record), column.words));
-      item[std::string(column.key)] = row.back();
+      if (column.list == nullptr) {
+        row.push_back(Worded(ValueText::At(content, column.field, record), CodeWords::Of(column.field)));
+        item[std::string(column.key)] = row.back();
+        continue;
+      }
+      Json members = Json::List();
+      const std::vector<std::string> texts = column.list(content, record);
+      for (const std::string& text : texts) members.Add(text);
+      row.push_back(ListOf(texts));
+      item[std::string(column.key)] = std::move(members);
     }
     table.Add(std::move(row));
     list.Add(std::move(item));
@@ -136,7 +165,7 @@ struct ShowArguments {
 
 void Take(Words& words, ShowArguments& given) {
   words.Required("FILE", given.file, "The personality");
-  words.Required("WHAT", given.what, "channels, networks, selcall, or the number of a table");
+  words.Required("WHAT", given.what, "channels, networks, scan-groups, selcall, or the number of a table");
   words.OptionalRecord("SYSTEM", given.system, "Of selcall: this system alone, by its record");
   words.Flag("--all", given.all, "Of selcall: unused bursts, too");
 }
@@ -296,7 +325,8 @@ ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
 
 const Verb kShow(
     {.name = "show",
-     .about = "Show channels, networks, the address books of Selcall or any table of a personality"},
+     .about =
+         "Show channels, networks, scan groups, the address books of Selcall or any table of a personality"},
     Take, Show);
 
 }  // namespace

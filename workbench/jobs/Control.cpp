@@ -16,6 +16,7 @@
 #include "workbench/jobs/Forms.h"
 #include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/CodeWords.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/RecordKeys.h"
 #include "workbench/store/TypedNames.h"
@@ -169,6 +170,14 @@ Entry Chosen(const Session& session, const SchemaField& field, const ComboList& 
                 std::to_string(record) + " lists them)");
 }
 
+/// What the refusal of a code adds: the words that may be typed in its place.
+Entry WithWords(Entry entry, std::string_view uiid) {
+  const auto words = CodeWords::Of(uiid);
+  if (entry.refusal.empty() || words.empty()) return entry;
+  entry.refusal += ", or " + ListOf({words.begin(), words.end()});
+  return entry;
+}
+
 Entry Typed(const SchemaField& field, std::string_view typed) {
   switch (field.type) {
     case FieldType::Integer:
@@ -198,6 +207,7 @@ Entry EnteredIn(Session& session, const SchemaField& field, std::string_view uii
   if (field.type == FieldType::Text) {
     if (std::string refusal = TextRefusal(typed); !refusal.empty()) return Refuse(std::move(refusal));
   }
+  if (const auto code = CodeWords::CodeOf(uiid, typed)) return HandOn(std::to_string(*code));
   const std::optional<ComboList> list = ListOffered(session.Host(), session.Content(), uiid, record);
-  return list ? Chosen(session, field, *list, uiid, record, typed) : Typed(field, typed);
+  return list ? Chosen(session, field, *list, uiid, record, typed) : WithWords(Typed(field, typed), uiid);
 }

@@ -44,6 +44,30 @@ std::string_view NameOf(FindingKind kind) {
 
 void PersonalityCheck::CheckLimits() {
   for (const SchemaField& field : session_.Content().GetSchema().Fields()) CheckLimits(field);
+  CheckRings();
+}
+
+void PersonalityCheck::CheckRings() {
+  const Provider& content = session_.Content();
+  const SchemaField& owner = content.FieldOf("18.GroupRecordNumber");
+  const SchemaField& next = content.FieldOf("18.GroupNextMemberRecordNum");
+  const SchemaField& first = content.FieldOf("16.FirstGroupMember");
+  for (RecordNr group = 1; group <= content.Count(first.table); ++group) {
+    std::vector<RecordNr> members;
+    for (RecordNr member = 1; member <= content.Count(owner.table); ++member) {
+      if (SameValue(content.Get(owner, member), group - 1)) members.push_back(member);
+    }
+    bool isRing = members.empty() || SameValue(content.Get(first, group), members.front() - 1);
+    for (std::size_t i = 0; i < members.size(); ++i) {
+      isRing = isRing && SameValue(content.Get(next, members[i]), members[(i + 1) % members.size()] - 1);
+    }
+    if (isRing) continue;
+    Finding finding = Origin(first, "chain", session_.LabelOf(first), group, content.Get(first, group));
+    finding.kind = FindingKind::Warning;
+    finding.text =
+        "The members of the group are linked in another order than they stand; a save links them anew.";
+    Add(std::move(finding));
+  }
 }
 
 void PersonalityCheck::CheckLimits(const SchemaField& field) {

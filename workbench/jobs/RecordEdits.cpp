@@ -18,10 +18,10 @@ namespace {
 // clang-format off
 constexpr Grid kGrids[] = {
     {"Channels6000",      "channel",           5},
-    {"GroupMembership",   "group-member",   1119},
+    {"GroupMembership",   "member",         1119},
     {"Network",           "network",          21},
     {"ControlStatus6000", "control-status", 1115},
-    {"ScanGroup",         "group",            16},
+    {"ScanGroup",         "scan-group",         16},
     {"Selcall6000",       "selcall",          29},
     {"DTMF",              "dtmf",             64},
     {"Type99",            "two-tone",         37},
@@ -29,6 +29,7 @@ constexpr Grid kGrids[] = {
 };
 // clang-format on
 
+constexpr std::int32_t kChannels = 5;
 constexpr std::int32_t kStoredStatuses = 32;
 constexpr std::int32_t kShownStatuses = 1115;
 constexpr std::int32_t kShownMembers = 1119;
@@ -105,6 +106,9 @@ std::string FullRefusal(const Provider& content, const SchemaTable& table) {
   return table.number == kShownMembers ? FullGroupRefusal(content, table) : std::string();
 }
 
+/// They link the members of a group, and are meant to point at another one when one goes.
+constexpr std::string_view kLinks[] = {"16.FirstGroupMember", "18.GroupNextMemberRecordNum"};
+
 /// What a deletion has led astray: a pointer that does not point any more at what it pointed at, though that
 /// is still there, or a record that is told by such a pointer. Empty when there is nothing of that kind.
 std::string Stray(const ComparedPersonality& before, const ComparedPersonality& after,
@@ -119,6 +123,7 @@ std::string Stray(const ComparedPersonality& before, const ComparedPersonality& 
   RecordKeys keys(before);
   const std::string gone = keys.Of(table)[static_cast<std::size_t>(deleted - 1)];
   for (const CellDifference& cell : difference.cells) {
+    if (std::ranges::find(kLinks, cell.field->id) != std::end(kLinks)) continue;
     const auto target = keys.Target(*cell.field, keys.Find(*cell.table, cell.record));
     const bool isGone = target && (*target == gone || target->starts_with(gone + "/"));
     if (target && !isGone) return cell.field->id + " of " + cell.record;
@@ -155,19 +160,23 @@ const Grid& Grids::Named(const Schema& schema, std::string_view text) {
 RecordEdits::RecordEdits(Session& session, const Grid& grid)
     : session_(session), grid_(grid), table_(TableOf(session.Content().GetSchema(), grid)) {}
 
-RecordResult RecordEdits::Add() {
+RecordResult RecordEdits::Add(RecordNr count, RecordNr from) {
   RecordResult result;
   Provider& content = session_.Content();
-  // Before the tier is asked, which adds the companions when it is.
-  const std::string isFull = FullRefusal(content, table_);
-  if (!isFull.empty()) {
-    Refuse(result, RecordStep::Capacity, isFull);
-    return result;
+  if (from != 0) {
+    if (table_.number != kChannels)
+      throw UsageError("only channels are copied: others have records beside them");
+    TypedNames::RequireRecord(content, table_, from);
   }
-  bool isAdded = false;
+  bool isAdded = true;
   {
     const Journal journal(content);
-    isAdded = AddCompleted(result);
+    while (isAdded && result.count < count) {
+      // Before the tier is asked, which adds the companions when it is.
+      const std::string isFull = FullRefusal(content, table_);
+      isAdded = isFull.empty() ? AddCompleted(result, from) : Refuse(result, RecordStep::Capacity, isFull);
+      if (isAdded) ++result.count;
+    }
     result.others = journal.Changes();
   }
   if (!isAdded) return result;
@@ -204,7 +213,14 @@ RecordResult RecordEdits::Delete(RecordNr record) {
   return result;
 }
 
-bool RecordEdits::AddCompleted(RecordResult& result) const {
+void RecordEdits::CopyValues(RecordNr from, RecordNr to) const {
+  Provider& content = session_.Content();
+  for (const SchemaField& field : content.GetSchema().FieldsOf(table_)) {
+    if (!field.isIdentity) content.Set(field, to, content.Get(field, from));
+  }
+}
+
+bool RecordEdits::AddCompleted(RecordResult& result, RecordNr from) const {
   const TierHost& host = session_.Host();
   const std::shared_ptr<Provider>& provider = session_.SharedContent();
   Boolean accepted = kFalse;
@@ -215,6 +231,9 @@ bool RecordEdits::AddCompleted(RecordResult& result) const {
   host.Require(OpenTable()->NewRecord(result.record));
   accepted = kFalse;
   host.Require(host.Owner().PostAddProcessing(provider, grid_.name, accepted));
+  if (from != 0) CopyValues(from, result.record);
+  if (Forms::TableBehind(table_.number) != table_.number)
+    Forms::FillViews(session_, *Forms::ViewedBy(table_.number));
   result.identity = IdentityOf(result.record);
   return accepted != kFalse ||
          Refuse(result, RecordStep::PostProcessing, "after it was added, the tier refuses it");

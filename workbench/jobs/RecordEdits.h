@@ -47,10 +47,11 @@ struct RecordResult {
   /// Why not, and at which step; of no meaning when it was accepted.
   std::string refusal;
   RecordStep step = RecordStep::Capacity;
-  /// Of the new or the deleted record; 0 for a record that was never added.
+  /// Of the new or the deleted record, of several new ones the last; 0 for a record that was never added.
   RecordNr record = 0;
   /// The number by which a person knows it; empty in a table without identities.
   Variant identity;
+  RecordNr count = 0;  // so many were added
   /// What else changed; after a refusal, all that had been written before it.
   std::vector<Change> others;
 };
@@ -64,8 +65,10 @@ class RecordEdits {
  public:
   RecordEdits(Session& session, const Grid& grid);
 
-  /// At the end of the table; the forms are turned to the new record.
-  RecordResult Add();
+  /// At the end of the table; the forms are turned to the last of the new records. All are added or none is
+  /// to be kept. `from` is a record whose values the new ones take, all but its number; 0 for none, a
+  /// UsageError for one that is not there, and in a grid whose records have others beside them.
+  RecordResult Add(RecordNr count = 1, RecordNr from = 0);
   /// The forms go on showing what they show. A record that is not there is a UsageError.
   RecordResult Delete(RecordNr record);
 
@@ -73,7 +76,8 @@ class RecordEdits {
 
  private:
   /// What permission, the table and the completion by the tier make of it; false for a refusal.
-  bool AddCompleted(RecordResult& result) const;
+  bool AddCompleted(RecordResult& result, RecordNr from) const;
+  void CopyValues(RecordNr from, RecordNr to) const;
   bool DeleteCompleted(RecordResult& result) const;
   /// Whether a save would keep the change; later records have moved, and with them what points at them.
   bool IsKept(RecordResult& result) const;

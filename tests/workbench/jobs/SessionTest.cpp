@@ -88,7 +88,7 @@ TEST_F(SessionTest, AnAcceptedEditTellsWhatElseChangedARefusedOneKeepsTheOldValu
 TEST_F(SessionTest, WhatAControlRefusesNoRuleIsToSee) {
   Open("marine-harbour");
   session->ConvertToForms();
-  for (const std::string typed : {"", "high", "5", "-1", "3.5"}) {
+  for (const std::string typed : {"", "highest", "5", "-1", "3.5"}) {
     const EditResult result = Edit("TxPower_k6k", 1, typed);
     EXPECT_FALSE(result.accepted) << typed;
     EXPECT_FALSE(result.refusal.empty()) << typed;
@@ -96,6 +96,8 @@ TEST_F(SessionTest, WhatAControlRefusesNoRuleIsToSee) {
   }
   EXPECT_TRUE(Edit("TxPower_k6k", 1, " +3 ").accepted);
   EXPECT_EQ(CStr(content->Get("TxPower_k6k", 1)), "3");
+  EXPECT_TRUE(Edit("TxPower_k6k", 1, "very low").accepted);
+  EXPECT_EQ(CStr(content->Get("TxPower_k6k", 1)), "1");
 }
 
 TEST_F(SessionTest, TheControlOfAnIdentityOffersFreeNumbersOnly) {
