@@ -57,6 +57,27 @@ BENCHMARK_CAPTURE(RecordBothWays, Network, {21, 36, 53, 67, 72, 75, 77, 78},
 BENCHMARK_CAPTURE(RecordBothWays, Burst, {30}, {.name = "one burst record both ways", .limit = 2, .ratio = 4})
     ->Unit(benchmark::kMillisecond);
 
+/// All members of all groups, one way.
+void Members(benchmark::State& state, bool toRadio, Figure figure) {
+  Session& session = OpenSession();
+  const auto provider = session.Content().Copy();
+  const OtherStore other(session, provider);
+  const TierHost& host = session.Host();
+  const RecordNr members = provider->Count(18);
+  if (!toRadio) figure.parts = members;
+  Measure(state, figure, &provider->Monitor(), {[&] {
+            Boolean converted = kFalse;
+            for (RecordNr record = 1; record <= members; ++record) {
+              host.Require(
+                  toRadio ? host.Owner().TransformFromUI(provider, "18.GroupChannelUI", record, converted)
+                          : host.Owner().TransformToUI(provider, "18.GroupChannelUI", record, converted));
+            }
+          }});
+}
+BENCHMARK_CAPTURE(Members, ToForm, false, {.name = "one member of a group to the form", .limit = 1.2});
+BENCHMARK_CAPTURE(Members, ToRadio, true, {.name = "all members of all groups to the radio", .limit = 4000})
+    ->Unit(benchmark::kMillisecond);
+
 /// Post-read processing and every conversion to the forms; without the file.
 void Opening(benchmark::State& state) {
   MeasureOpening(state, {.name = "opening, without the file", .limit = 5000, .ratio = 4}, FullPersonality());

@@ -57,6 +57,18 @@ BENCHMARK_CAPTURE(SelcallRule, TxFormat, "TxFormat_k6k", 1, "BBBBB-RRRRR-CCCCC-S
 BENCHMARK_CAPTURE(SelcallRule, RxFormat, "RxFormat_k6k", 1, "RRRRR-CCCCC-SS",
                   {.name = "field rule: Rx format, its sequences", .limit = 60});
 
+void ScanGroupForm(benchmark::State& state) {
+  const auto session = NewSession(FullPersonality().Copy());
+  session->ConvertToForms();
+  Measure(state, {.name = "leaving the form of a scan group", .limit = 150}, &session->Content().Monitor(),
+          {[&] {
+            Boolean mayBeLeft = kFalse;
+            session->Host().Require(session->Host().Validator().FormValidationByFormName(
+                "usrCtlScanGroupsKD4410", kFalse, mayBeLeft));
+          }});
+}
+BENCHMARK(ScanGroupForm);
+
 /// To another tone and back, so that each swap finds what it has to do.
 void GroupTone(benchmark::State& state) {
   const auto session = NewSession(FullPersonality().Copy());

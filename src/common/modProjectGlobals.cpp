@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <set>
 #include <vector>
 
 #include "common/Procedure.h"
@@ -37,12 +38,14 @@ bool IsWithin(std::int32_t value, std::int32_t lowest, std::int32_t highest) {
 }
 
 /// The numbers of the channels that are members of the group.
-std::vector<Variant> MembersOf(const ProviderRef& provider, const Variant& groupId) {
-  const std::vector<Variant> groups = provider.Field("18.GroupIDNumber").Values();
-  const std::vector<Variant> channels = provider.Field("GroupChannelUI_k6k").Values();
-  std::vector<Variant> members;
-  for (std::size_t i = 0; i < groups.size() && i < channels.size(); ++i) {
-    if (SameValue(groups[i], groupId)) members.push_back(channels[i]);
+std::set<std::int32_t> MembersOf(const ProviderRef& provider, const Variant& groupId) {
+  const FieldRef groups = provider.Field("18.GroupIDNumber");
+  const FieldRef channels = provider.Field("GroupChannelUI_k6k");
+  std::set<std::int32_t> members;
+  for (const RecordNr member : groups.Records()) {
+    if (!SameValue(groups.Value(member), groupId)) continue;
+    const Variant channel = channels.Value(member);
+    if (IsNumeric(channel)) members.insert(CLng(channel));
   }
   return members;
 }
@@ -63,12 +66,12 @@ bool MultipleChannelMembers(const ProviderRef& provider, RecordNr scanGroup) {
 bool AllChannelsAreMembers(const ProviderRef& provider, RecordNr scanGroup) {
   return Procedure("AllChannelsAreMembers", false, [&] {
     const Variant groupId = provider.Field("16.GroupIDTracker").Value(scanGroup);
-    const std::vector<Variant> members = MembersOf(provider, groupId);
-    const std::vector<Variant> channels = provider.Field("ChannelID_k6k").Values();
-    return std::all_of(channels.begin(), channels.end(), [&](const Variant& channel) {
-      return std::any_of(members.begin(), members.end(),
-                         [&](const Variant& member) { return SameValue(member, channel); });
-    });
+    const std::set<std::int32_t> members = MembersOf(provider, groupId);
+    const FieldRef channels = provider.Field("ChannelID_k6k");
+    for (const RecordNr channel : channels.Records()) {
+      if (!members.contains(CLng(channels.Value(channel)))) return false;
+    }
+    return true;
   });
 }
 

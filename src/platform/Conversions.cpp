@@ -229,6 +229,9 @@ bool IsNumeric(const Variant& value) {
 }
 
 bool SameValue(const Variant& a, const Variant& b) {
+  const auto* first = std::get_if<std::int32_t>(&a);  // the most frequent pair
+  const auto* second = std::get_if<std::int32_t>(&b);
+  if (first != nullptr && second != nullptr) return *first == *second;
   const auto left = NumberOf(a);
   const auto right = NumberOf(b);
   if (left && right) return *left == *right;

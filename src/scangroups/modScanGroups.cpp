@@ -59,17 +59,25 @@ RecordNr FindFrom(const FieldRef& field, RecordNr from, const Variant& value) {
 
 // The members
 
-/// A member points at the next one, the last one at the first.
+/// Whether a record before holds the value, asked from the nearest one on.
+bool IsAnyBefore(const FieldRef& field, RecordNr record, const Variant& value) {
+  RecordNr before = record - 1;
+  while (before > 0 && !SameValue(field.Value(before), value)) --before;
+  return before > 0;
+}
+
+/// A member points at the next one, the last one at the first. The first one is looked for at both ends of
+/// the ring alone: every member between would walk the table for what the last one finds as well.
 void Link(const ProviderRef& provider, RecordNr record) {
   const FieldRef groups = provider.Field("18.GroupIDNumber");
   const Variant group = groups.Value(record);
-  const RecordNr first = FindFrom(groups, 1, group);
   const RecordNr later = FindFrom(groups, record + 1, group);
-  const RecordNr next = later == 0 ? first : later;
-  provider.Field("18.GroupNextMemberRecordNum").SetValue(record, next - 1);
+  const bool isFirst = !IsAnyBefore(groups, record, group);
+  const RecordNr first = isFirst ? record : later == 0 ? FindFrom(groups, 1, group) : 0;
+  provider.Field("18.GroupNextMemberRecordNum").SetValue(record, (later == 0 ? first : later) - 1);
   const RecordNr owner = FindFrom(provider.Field("16.GroupIDTracker"), 1, group);
   if (owner == 0) return;
-  provider.Field("16.FirstGroupMember").SetValue(owner, first - 1);
+  if (first != 0) provider.Field("16.FirstGroupMember").SetValue(owner, first - 1);
   provider.Field("18.GroupRecordNumber").SetValue(record, owner - 1);
   if (!IsTicked(provider.Field("16.HiddenChannels").Value(owner))) return;
   // Only ever set here: the conversion of the channels has cleared it before.
