@@ -284,10 +284,16 @@ constexpr bool ReadsSignalling(const Condition& condition) {
   });
 }
 
+// The compiler counts the steps of what it works out here: rows are narrowed down before names are compared.
+
+constexpr std::string_view kSignallingType = "SIGNALLINGTYPE";
+constexpr const SwitchRow* kFirstOfSignalling = std::ranges::find(kRows, kSignallingType, &SwitchRow::edited);
+
 constexpr bool IsNamed(std::string_view control) {
-  return std::ranges::any_of(kRows, [&](const SwitchRow& row) {
-    return row.edited == "SIGNALLINGTYPE" && EqualsIgnoringCase(row.control, control);
-  });
+  for (const SwitchRow* row = kFirstOfSignalling; row->edited == kSignallingType; ++row) {
+    if (row->control.size() == control.size() && EqualsIgnoringCase(row->control, control)) return true;
+  }
+  return false;
 }
 
 constexpr bool IsMore(const modvalEnablement::EnablementRow& row) {
@@ -321,9 +327,10 @@ constexpr bool ReadsField(const Condition& condition, std::string_view field) {
 }
 
 constexpr const Condition* OwnCondition(std::string_view control) {
-  const auto* row = std::ranges::find_if(
-      modvalEnablement::kRows, [&](const auto& one) { return EqualsIgnoringCase(one.uiid, control); });
-  return row == std::end(modvalEnablement::kRows) ? nullptr : row->enabledWhen;
+  for (const auto& row : modvalEnablement::kRows) {
+    if (row.uiid.size() == control.size() && EqualsIgnoringCase(row.uiid, control)) return row.enabledWhen;
+  }
+  return nullptr;
 }
 
 constexpr bool ReadsItself(const SwitchRow& row) {

@@ -44,7 +44,7 @@ struct Control {
 
 namespace Forms {
 
-inline constexpr std::int32_t kSelcallSystems = 29;  // the table
+inline constexpr std::int32_t kChannels = 5, kSelcallSystems = 29;  // tables
 
 std::span<const Form> All();
 /// The form of a name, a title or a grid, the first that fits. An unknown one is a UsageError that suggests

@@ -5,13 +5,16 @@
 
 #include "platform/Conversions.h"
 #include "workbench/jobs/BurstSlots.h"
+#include "workbench/jobs/Control.h"
 #include "workbench/jobs/Forms.h"
 #include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
+#include "workbench/store/ValueLists.h"
 #include "workbench/store/ValueText.h"
 
 namespace {
+
 /// Rules that judge the change to another value and not the value, or explain it: what is stored is none.
 constexpr std::string_view kRulesOfChange[] = {"ChannelNetworkID_k6k", "GroupFormat", "GroupTone", "ToneSet"};
 }  // namespace
@@ -57,6 +60,7 @@ void PersonalityCheck::CheckRings() {
     for (RecordNr member = 1; member <= content.Count(owner.table); ++member) {
       if (SameValue(content.Get(owner, member), group - 1)) members.push_back(member);
     }
+    CheckMembers(group, members);
     bool isRing = members.empty() || SameValue(content.Get(first, group), members.front() - 1);
     for (std::size_t i = 0; i < members.size(); ++i) {
       isRing = isRing && SameValue(content.Get(next, members[i]), members[(i + 1) % members.size()] - 1);
@@ -83,6 +87,38 @@ void PersonalityCheck::CheckLimits(const SchemaField& field) {
   }
 }
 
+void PersonalityCheck::CheckMembers(RecordNr group, const std::vector<RecordNr>& members) {
+  const Provider& content = session_.Content();
+  const SchemaField& index = content.FieldOf("18.GroupChannelRecordNum");
+  const SchemaField& first = content.FieldOf("16.FirstGroupMember");
+  std::set<std::int32_t> channels;
+  for (const RecordNr member : members) {
+    const std::int32_t channel = CLng(content.Get(index, member));
+    const bool isThere = channel >= 0 && channel < content.Count(Forms::kChannels);
+    if (isThere && channels.insert(channel).second) continue;
+    Finding finding = Origin(first, "chain", session_.LabelOf(index), group, content.Get(index, member));
+    finding.kind = FindingKind::Warning;
+    finding.text = isThere
+                       ? "The group has a channel as a member more than once."
+                       : "A member of the group is no channel; the forms show the first one in its place.";
+    Add(std::move(finding));
+  }
+}
+
+void PersonalityCheck::CheckNumbers() {
+  for (const SchemaField& field : session_.Content().GetSchema().Fields()) {
+    if (!field.isIdentity || NumberSetOf(session_.Content().GetSchema(), field).size() < 2) continue;
+    for (RecordNr record = 1; record <= session_.Content().Count(field.table); ++record) {
+      const Variant number = session_.Content().Get(field, record);
+      const Entry entry = EnteredIn(session_, field, field.CommonName(), record, CStr(number));
+      if (entry.refusal.empty()) continue;
+      Finding finding = Origin(field, "number", session_.LabelOf(field), record, number);
+      finding.text = entry.refusal;
+      Add(std::move(finding));
+    }
+  }
+}
+
 void PersonalityCheck::NameRecords() {
   const Schema& schema = session_.Content().GetSchema();
   for (Finding& finding : findings_) {
@@ -103,6 +139,7 @@ void PersonalityCheck::TellLeftOut() {
 void PersonalityCheck::RunRules() {
   NameRecords();
   TellLeftOut();
+  CheckNumbers();
   for (const SchemaField& field : session_.Content().GetSchema().Fields()) {
     for (const std::string& uiid : field.uiids) RunRule(field, uiid);
   }

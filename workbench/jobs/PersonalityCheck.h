@@ -25,9 +25,9 @@ FindingKind KindOf(const Shown& box);
 /// What is wrong, or worth a word, in a personality.
 struct Finding {
   FindingKind kind = FindingKind::Error;
-  /// The UIID whose rule spoke, "range" for the schema's limits, "chain" for a group whose members are linked
-  /// in another way than they stand, "forms" for what the forms did not take, "form NAME" for the check of a
-  /// form, "final" for the rules of a save.
+  /// The UIID whose rule spoke, "range" for the schema's limits, "number" for one that is in use, "chain" for
+  /// the members of a group and how they are linked, "forms" for what the forms did not take, "form NAME" for
+  /// the check of a form, "final" for the rules of a save.
   std::string rule;
   std::string label;
   std::int32_t table = -1;  // -1: no single record
@@ -70,6 +70,9 @@ class PersonalityCheck {
   void CheckLimits(const SchemaField& field);
   /// The ring of each group, which the radio follows, against the order of its members, which counts.
   void CheckRings();
+  void CheckMembers(RecordNr group, const std::vector<RecordNr>& members);
+  /// Numbers that channels and groups share.
+  void CheckNumbers();
   /// What can not be judged, for the forms did not take it.
   void TellLeftOut();
   /// The records of findings that were made before the identities were converted for the forms.

@@ -29,7 +29,6 @@ constexpr Grid kGrids[] = {
 };
 // clang-format on
 
-constexpr std::int32_t kChannels = 5;
 constexpr std::int32_t kStoredStatuses = 32;
 constexpr std::int32_t kShownStatuses = 1115;
 constexpr std::int32_t kShownMembers = 1119;
@@ -164,7 +163,7 @@ RecordResult RecordEdits::Add(RecordNr count, RecordNr from) {
   RecordResult result;
   Provider& content = session_.Content();
   if (from != 0) {
-    if (table_.number != kChannels)
+    if (table_.number != Forms::kChannels)
       throw UsageError("only channels are copied: others have records beside them");
     TypedNames::RequireRecord(content, table_, from);
   }

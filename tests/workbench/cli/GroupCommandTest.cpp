@@ -91,6 +91,15 @@ TEST_F(GroupCommands, DamagedMembersAreToldAndWrittenAnew) {
               AllOf(HasSubstr("linked in another order than they stand"), HasSubstr("(number 101)")));
   EXPECT_EQ(Run({"set", file, "TxPower_k6k", "5", "1"}), ExitCode::Done) << out.str();
   EXPECT_EQ(Run({"check", file}), ExitCode::Done) << out.str();
+  Damage([](Tables& tables) {
+    tables["16"][1]["GroupIdentity"] = 5;
+    tables["18"][1]["GroupChannelRecordNum"] = 0;
+    tables["18"][7]["GroupChannelRecordNum"] = 80;
+  });
+  EXPECT_EQ(Run({"check", file}), ExitCode::No);
+  EXPECT_THAT(out.str(), AllOf(HasSubstr("number 5 is in use by record 2 of table 16"),
+                               HasSubstr("as a member more than once."),
+                               HasSubstr("A member of the group is no channel")));
   // Members of a group and of a channel that are not there: the number of the group, the first channel.
   Damage([](Tables& tables) {
     tables["18"][6]["GroupRecordNumber"] = 9;
