@@ -97,9 +97,11 @@ class IproviderOwner {
   ///   converts record 1 converts all that follow, too.
   /// - 572 (standard tone sets) lays table 74 out anew, whatever it held.
   /// - The rows of tables 1101 to 1106 are a view (1107.CurrentSelcallNumber): their rules store what is
-  /// typed, and
-  ///   TransformToUI shows the first system in them. A host that has stored an edit asks the rule of
-  ///   CurrentSelcallNumber for its present value instead of converting the row.
+  ///   typed, and TransformToUI shows the first system in them. A host that has stored an edit asks the rule
+  ///   of CurrentSelcallNumber for its present value instead of converting the row.
+  /// - So are those of 1115 (the same pointer) and 1119 (1107.CurrentScanGroupNr): the rule of the pointer
+  ///   brings them back to the tables behind, 1111 and 18, and fills them. It is asked once after opening.
+  /// - 508 links a member of table 18 into the ring of its group, which is complete once all are converted.
   /// - 500 (channel numbers) and 510 (tones) append to tables 7, 50 and 61, which grow with every edit until
   ///   a conversion of the whole personality lays them out anew (534 empties 50 and 61).
   virtual Status TransformFromUI(std::shared_ptr<Iprovider> provider, std::string_view fieldId,

@@ -1,7 +1,6 @@
 #include "workbench/store/ProviderObjects.h"
 
 #include "platform/Border.h"
-#include "platform/XArrayDBObject.h"
 #include "workbench/files/TabbedFile.h"
 #include "workbench/store/ValueLists.h"
 
@@ -9,13 +8,6 @@ namespace {
 [[noreturn]] void RaiseUnknown(const char* what, std::string_view name, const char* reason = "") {
   throw Error(ErrorNumber::kInvalidCall, "Provider",
               "Unknown " + std::string(what) + ": " + std::string(name) + reason);
-}
-/// An array of the store's own: that of a tier would keep its library loaded for as long as the content
-/// lives.
-Variant OwnCopy(const Variant& value) {
-  const auto* array = std::get_if<ArrayObject>(&value);
-  return array == nullptr || *array == nullptr ? value
-                                               : ArrayObject(std::make_shared<XArrayDBObject>(**array));
 }
 }  // namespace
 
@@ -114,7 +106,7 @@ Status FieldObject::SetValue(RecordNr record, const Variant& value) {
     state_.monitor->Enter(CallGroup::Write, [&] {
       return "Ifield.SetValue " + field_.id + "[" + std::to_string(record) + "]";
     });
-    state_.records.Set(field_, record, OwnCopy(value));
+    state_.records.Take(field_, record, value);
   });
 }
 

@@ -7,6 +7,7 @@
 
 #include "platform/Conversions.h"
 #include "platform/Error.h"
+#include "platform/XArrayDBObject.h"
 
 namespace {
 [[noreturn]] void RaiseNoRecord(const std::string& what, RecordNr record, RecordNr last) {
@@ -83,6 +84,17 @@ void Records::Set(const SchemaField& field, RecordNr record, Variant value) {
   if (listener_ != nullptr) listener_->BeforeCell(field, record, std::move(cell));
   ++changes_;
   cell = std::move(value);
+}
+
+void Records::Take(const SchemaField& field, RecordNr record, const Variant& value) {
+  const auto* array = std::get_if<ArrayObject>(&value);
+  if (array == nullptr || *array == nullptr) return Set(field, record, value);
+  Variant& cell = tables_[field.tableIndex].columns[ColumnOf(field)][IndexOf(field, record)];
+  const auto* own = std::get_if<ArrayObject>(&cell);
+  const bool isReusable = listener_ == nullptr && own != nullptr && own->use_count() == 1;
+  if (!isReusable) return Set(field, record, ArrayObject(std::make_shared<XArrayDBObject>(**array)));
+  ++changes_;  // nobody else holds the array that stands there: its memory serves again
+  *std::const_pointer_cast<XArrayDBObject>(*own) = **array;
 }
 
 void Records::Restore(const SchemaField& field, RecordNr record, Variant value) {

@@ -46,6 +46,9 @@ class Records {
   }
   const Variant& Get(const SchemaField& field, RecordNr record) const;
   void Set(const SchemaField& field, RecordNr record, Variant value);
+  /// What a tier hands in: of an array the store keeps one of its own, for that of a tier would keep its
+  /// library loaded for as long as the content lives.
+  void Take(const SchemaField& field, RecordNr record, const Variant& value);
 
   /// The new record stands at `record`, 1..Count+1.
   void Insert(const SchemaTable& table, RecordNr record);
