@@ -44,7 +44,7 @@ class GroupDeletion {
           "This scan group is already assigned to a function key parameter.  Please remove from the "
           "function key parameter before deleting.");
     }
-    if (IsOnPin()) {
+    if (IsPresetGroup(provider_, number_)) {
       return Refuse(validator_,
                     "This Scan Group is assigned as a Prog IO Input 'Preset Group' Action parameter.  Please "
                     "change the Prog IO Action Parameter before deleting.");
@@ -62,13 +62,6 @@ class GroupDeletion {
     return std::ranges::any_of(kFunctionKeys, [&](const FunctionKey& key) {
       return GoesToGroup(provider_, key) && RefersHere(key.parameter1);
     });
-  }
-
-  bool IsOnPin() const {
-    if (!RefersHere("ActionParamPresetGroup")) return false;
-    const std::vector<Variant> actions = provider_.Field("1108.Action").Values();
-    return std::ranges::any_of(actions,
-                               [](const Variant& action) { return ReadsAs(action, "Preset Group"); });
   }
 
   /// The radio starts with the first channel then.

@@ -43,16 +43,6 @@ bool AnotherIsBackground(const GroupEdit& group) {
   return false;
 }
 
-/// A pin may go to this group.
-bool IsPresetGroup(const ProviderRef& provider, const Variant& number) {
-  if (!SameValue(StoredValue(provider, "ActionParamPresetGroup", kOnly), number)) return false;
-  const FieldRef actions = provider.Field("1108.Action");
-  for (const RecordNr pin : actions.Records()) {
-    if (ReadsAs(actions.Value(pin), "Preset Group")) return true;
-  }
-  return false;
-}
-
 bool PresetBecomesBackground(const GroupEdit& group) {
   return group.edit.Is(ScanType::kBackground) &&
          IsPresetGroup(group.provider, group.edit.Stored("GroupID_k6k", group.edit.record));
@@ -194,6 +184,15 @@ void PullCallChannelAlong(const GroupEdit& group) {
   if (group.edit.Is(ScanType::kStandard) && isOfOtherScans) set(InitiateCallChannel::kPreset);
 }
 }  // namespace
+
+bool IsPresetGroup(const ProviderRef& provider, const Variant& number) {
+  if (!SameValue(StoredValue(provider, "ActionParamPresetGroup", kOnly), number)) return false;
+  const FieldRef actions = provider.Field("1108.Action");
+  for (const RecordNr pin : actions.Records()) {
+    if (ReadsAs(actions.Value(pin), "Preset Group")) return true;
+  }
+  return false;
+}
 
 bool ValidateScanGroup(FieldEdit& edit) {
   return Procedure("ValidateScanGroup", true, [&] {

@@ -7,6 +7,8 @@
 namespace modvalScanGroups {
 /// A field that other fields of the group must go with: what can not be is refused, what follows is asked.
 bool ValidateScanGroup(FieldEdit& edit);
+/// Whether a pin has an action that goes to the group of that number.
+bool IsPresetGroup(const ProviderRef& provider, const Variant& number);
 /// The number of a group; what refers to it follows, after one question.
 bool ValidateGroupID(FieldEdit& edit);
 
