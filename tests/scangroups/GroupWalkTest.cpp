@@ -47,6 +47,8 @@ class GroupWalk : public GroupFixture {
     TableOf("5").DeleteRecord(record);
     channels.erase(channels.begin() + record - 1);
     if (start == number) start = channels[0];
+    if (emergency == number) emergency = 0;
+    if (gps == number) gps = 0;
   }
   void RenumberChannel() {
     const RecordNr record = AnyChannel();
@@ -56,15 +58,17 @@ class GroupWalk : public GroupFixture {
     provider.Set("5.ChannelIDTracker", record, number);
     std::ranges::replace(channels, old, number);
     for (auto& [group, members] : model) std::ranges::replace(members, old, number);
-    for (auto& [group, channel] : preset) channel = channel == old ? number : channel;
-    if (start == old) start = number;
+    for (auto* references : {&preset, &priority}) {
+      for (auto& [group, channel] : *references) channel = channel == old ? number : channel;
+    }
+    for (int* reference : {&start, &emergency, &gps}) *reference = *reference == old ? number : *reference;
   }
   void AddGroup() {
     if (channels.size() + model.size() >= 20) return;
     Add("ScanGroup", 16);
     const RecordNr record = provider.Count(16);
     model[GroupAt(record)] = {};
-    preset[GroupAt(record)] = 0;
+    preset[GroupAt(record)] = priority[GroupAt(record)] = 0;
     Turn(record);
     AddMember();
   }
@@ -76,6 +80,7 @@ class GroupWalk : public GroupFixture {
     TableOf("16").DeleteRecord(record);
     model.erase(number);
     preset.erase(number);
+    priority.erase(number);
     if (start == number) start = channels[0];
   }
   void RenumberGroup() {
@@ -87,8 +92,10 @@ class GroupWalk : public GroupFixture {
     provider.Set("16.GroupIDTracker", record, number);
     model[number] = std::move(model.at(old));
     model.erase(old);
-    preset[number] = preset.at(old);
-    preset.erase(old);
+    for (auto* references : {&preset, &priority}) {
+      (*references)[number] = references->at(old);
+      references->erase(old);
+    }
     if (start == old) start = number;
   }
   void AddMember() {
@@ -107,8 +114,7 @@ class GroupWalk : public GroupFixture {
     const bool goes = members.size() > 1;
     EXPECT_EQ(Delete(row, "GroupMembership"), goes);
     if (!goes) return;
-    int& referred = preset.at(GroupAt(Shown()));
-    if (referred == members[static_cast<std::size_t>(row - 1)]) referred = members[row == 1 ? 1 : 0];
+    Follow(members[static_cast<std::size_t>(row - 1)], members[row == 1 ? 1 : 0]);
     TableOf("1119").DeleteRecord(row);
     members.erase(members.begin() + row - 1);
     Refill();
@@ -122,10 +128,33 @@ class GroupWalk : public GroupFixture {
     const RecordNr row = static_cast<RecordNr>(place) + 1;
     EXPECT_TRUE(Validate("FilteredScanGroupChannelMemberID", std::to_string(channel), row));
     provider.Set("1119.FilteredScanGroupChannelMemberID", row, std::to_string(channel));
-    int& referred = preset.at(GroupAt(Shown()));
-    if (referred == members[place]) referred = channel;
+    Follow(members[place], channel);
     members[place] = channel;
     Refill();
+  }
+  /// What was the channel on the form's group is the other one now.
+  void Follow(int from, int to) {
+    for (auto* references : {&preset, &priority}) {
+      int& referred = references->at(GroupAt(Shown()));
+      if (referred == from) referred = to;
+    }
+  }
+  /// A dedicated emergency channel, and one for positions.
+  void Dedicate() {
+    emergency = ChannelAt(AnyChannel());
+    gps = ChannelAt(AnyChannel());
+    provider.Set("EmChannelType", 1, 1);
+    provider.Set("EmChannel", 1, std::to_string(emergency));
+    provider.Set("GPSPollResponseChannelType", 1, 1);
+    provider.Set("GPSPollResponseChannel", 1, std::to_string(gps));
+  }
+  void Prioritize() {
+    const Group& members = OnForm();
+    if (members.empty()) return;
+    const int channel = members[Below(members.size())];
+    provider.Set("PriorityScan_k6k", Shown(), 1);
+    provider.Set("Priority1Channel_k6k", Shown(), std::to_string(channel));
+    priority.at(GroupAt(Shown())) = channel;
   }
   /// The preset Tx channel of a standard scan is one of the members.
   void Prefer() {
@@ -154,8 +183,9 @@ class GroupWalk : public GroupFixture {
     for (const auto& [field, table] : fields) convert(field, table, &GroupWalk::FromUI);
     ExpectRings();
     for (const auto& [field, table] : fields) convert(field, table, &GroupWalk::ToUI);
-    for (auto& [group, channel] : preset)
-      channel = channel == 0 ? channels[0] : channel;  // none is the first
+    for (auto& [group, channel] : preset) {  // none, and one that is gone, is the first
+      if (std::ranges::count(channels, channel) == 0) channel = channels[0];
+    }
     provider.SetCount(1119, 0);
     provider.Set("CurrentScanGroupNr", 1, 1);
     Refill();
@@ -180,8 +210,8 @@ class GroupWalk : public GroupFixture {
     constexpr Act kActs[] = {&GroupWalk::AddChannel,   &GroupWalk::RemoveChannel, &GroupWalk::RenumberChannel,
                              &GroupWalk::AddGroup,     &GroupWalk::RemoveGroup,   &GroupWalk::RenumberGroup,
                              &GroupWalk::AddMember,    &GroupWalk::AddMember,     &GroupWalk::RemoveMember,
-                             &GroupWalk::ChangeMember, &GroupWalk::Prefer,        &GroupWalk::StartWith,
-                             &GroupWalk::Save};
+                             &GroupWalk::ChangeMember, &GroupWalk::Prefer,        &GroupWalk::Dedicate,
+                             &GroupWalk::Prioritize,   &GroupWalk::StartWith,     &GroupWalk::Save};
     const std::size_t which = Below(std::size(kActs) + 1);
     if (which == std::size(kActs)) return Turn(AnyGroup());
     (this->*kActs[which])();
@@ -209,21 +239,27 @@ class GroupWalk : public GroupFixture {
       const std::string text = Text("ScanPresetTxChannel_k6k", group);
       EXPECT_EQ(text, channel == 0 ? "" : std::to_string(channel)) << "group " << GroupAt(group);
     }
+    for (const RecordNr group : RecordRange(provider.Count(16))) {
+      EXPECT_EQ(Text("Priority1Channel_k6k", group), Named(priority.at(GroupAt(group))));
+    }
+    EXPECT_EQ(Text("EmChannel") + " " + Text("GPSPollResponseChannel"), Named(emergency) + " " + Named(gps));
     EXPECT_EQ(Text("17.ChannelGroupIDForRadioStartup"), std::to_string(start));
   }
 
   std::mt19937 random;
   std::vector<int> channels = {11, 12, 13, 14, 15};
   std::map<int, Group> model;
-  std::map<int, int> preset;  // by group; 0: none
-  int start = 11;
+  static std::string Named(int channel) { return channel == 0 ? "None" : std::to_string(channel); }
+  std::map<int, int> preset, priority;  // by group; 0: none
+  int start = 11, emergency = 0, gps = 0;
 };
 
 TEST_F(GroupWalk, EveryReferenceNamesWhatItNamedBefore) {
   messenger.AlwaysAnswer(Button::Yes);
+  GiveNetworks({0});
   GiveMembers({{101, 11}, {102, 12}, {101, 13}});
   model = {{101, {11, 13}}, {102, {12}}};
-  preset = {{101, 0}, {102, 0}};
+  preset = priority = {{101, 0}, {102, 0}};
   provider.Fill("ScanPresetTxChannel_k6k", {"", ""});
   provider.Set("17.ChannelGroupIDForRadioStartup", 1, "11");
   provider.Set("CurrentScanGroupNr", 1, 1);
