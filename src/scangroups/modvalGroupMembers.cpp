@@ -109,7 +109,7 @@ Variant FreeChannel(const ProviderRef& provider, RecordNr newRow) {
   const FieldRef channels = provider.Field("5.ChannelIDTracker");
   const FieldRef members = provider.Field(kShownMember);
   for (const RecordNr channel : channels.Records()) {
-    const Variant number = channels.Value(channel);
+    Variant number = channels.Value(channel);
     RecordNr row = members.RecordCount();
     while (row > 0 && (row == newRow || !SameValue(members.Value(row), number))) --row;
     if (row == 0) return number;
