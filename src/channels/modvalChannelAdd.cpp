@@ -4,17 +4,12 @@
 #include "common/Messages.h"
 #include "common/Procedure.h"
 #include "common/modCommonGlobals.h"
+#include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
 
 namespace modvalChannels {
 namespace {
 constexpr std::string_view kPresetOwner = "76.DSDBM_PRESET_CALL_CHANNEL_REF";
-
-/// The lowest number that no channel and no group has; empty for none.
-Variant FreeNumber(const ProviderRef& provider) {
-  const ValueListRef free = provider.Field("5.ChannelIDTracker").FreeValues();
-  return free.Count() > 0 ? Variant(free.Item(0)) : Variant();
-}
 
 /// Preset calls name their channel by its record, from 1.
 void MovePresetOwners(const ProviderRef& provider, RecordNr from, RecordNr by) {
@@ -42,8 +37,9 @@ void AddChannelK6000(const ValidatorRef& validator, const ProviderRef& provider,
 
 void InsertChannelK6000(const ValidatorRef& validator, const ProviderRef& provider, RecordNr channel) {
   Procedure("InsertChannelK6000", [&] {
-    const Variant number = FreeNumber(provider);
-    if (!number.IsEmpty()) provider.Field("5.ChannelIDTracker").SetValue(channel, number);
+    const FieldRef numbers = provider.Field("5.ChannelIDTracker");
+    const Variant number = modProjectGlobals::FreeNumber(numbers);  // neither a channel's nor a group's
+    if (!number.IsEmpty()) numbers.SetValue(channel, number);
     const bool isInserted = channel < provider.Table("5").RecordCount();
     if (isInserted) MovePresetOwners(provider, channel, 1);
     ReloadList(validator, "ChannelID_k6k");

@@ -22,3 +22,7 @@ RecordNr CurrentNetwork(const ProviderRef& provider) {
 RecordNr CurrentSelcallSystem(const ProviderRef& provider) {
   return CLng(StoredValue(provider, "CurrentSelcallNumber", kOnly));
 }
+
+RecordNr CurrentScanGroup(const ProviderRef& provider) {
+  return CLng(StoredValue(provider, "CurrentScanGroupNr", kOnly));
+}

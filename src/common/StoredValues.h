@@ -29,3 +29,5 @@ struct StoredRecord {
 RecordNr CurrentNetwork(const ProviderRef& provider);
 /// Likewise the Selcall system, a record of table 29.
 RecordNr CurrentSelcallSystem(const ProviderRef& provider);
+/// Likewise the scan group, a record of table 16.
+RecordNr CurrentScanGroup(const ProviderRef& provider);

@@ -115,6 +115,19 @@ RecordNr GetChannelNetworkRecordNr(const ProviderRef& provider, RecordNr channel
   });
 }
 
+RecordNr FindRecord(const FieldRef& field, const Variant& value, RecordNr from) {
+  const RecordNr last = field.RecordCount();
+  for (RecordNr record = from; record <= last; ++record) {
+    if (SameValue(field.Value(record), value)) return record;
+  }
+  return 0;
+}
+
+Variant FreeNumber(const FieldRef& numbers) {
+  const ValueListRef free = numbers.FreeValues();
+  return free.Count() > 0 ? Variant(free.Item(0)) : Variant();
+}
+
 RecordNr ChannelRecordNr(const ProviderRef& provider, const Variant& number) {
   const std::vector<Variant> numbers = provider.Field("5.ChannelIDTracker").Values();
   const auto found = std::find_if(numbers.begin(), numbers.end(),

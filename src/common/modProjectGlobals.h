@@ -35,6 +35,11 @@ RecordNr SigSysRecordNr(const ProviderRef& provider, std::int32_t signallingType
 /// none. Raises 5 without provider and for a channel record outside the table.
 RecordNr GetChannelNetworkRecordNr(const ProviderRef& provider, RecordNr channel);
 
+/// The first record from `from` on that holds the value; 0 for none. Asks no further than that record.
+RecordNr FindRecord(const FieldRef& field, const Variant& value, RecordNr from = 1);
+/// The lowest number that no record has, as the field offers them; empty for none.
+Variant FreeNumber(const FieldRef& numbers);
+
 /// The channel with that number; 0 for none. A word names none.
 RecordNr ChannelRecordNr(const ProviderRef& provider, const Variant& number);
 

@@ -48,15 +48,6 @@ Variant NumberOf(const Variant& shown) {
   return text.empty() || text == kNone ? Variant(0) : WholeNumberOf(shown);
 }
 
-/// The first record from `from` on that holds the value; 0 for none.
-RecordNr FindFrom(const FieldRef& field, RecordNr from, const Variant& value) {
-  const RecordNr last = field.RecordCount();
-  for (RecordNr record = from; record <= last; ++record) {
-    if (SameValue(field.Value(record), value)) return record;
-  }
-  return 0;
-}
-
 // The members
 
 /// Whether a record before holds the value, asked from the nearest one on.
@@ -71,11 +62,11 @@ bool IsAnyBefore(const FieldRef& field, RecordNr record, const Variant& value) {
 void Link(const ProviderRef& provider, RecordNr record) {
   const FieldRef groups = provider.Field("18.GroupIDNumber");
   const Variant group = groups.Value(record);
-  const RecordNr later = FindFrom(groups, record + 1, group);
+  const RecordNr later = modProjectGlobals::FindRecord(groups, group, record + 1);
   const bool isFirst = !IsAnyBefore(groups, record, group);
-  const RecordNr first = isFirst ? record : later == 0 ? FindFrom(groups, 1, group) : 0;
+  const RecordNr first = isFirst ? record : later == 0 ? modProjectGlobals::FindRecord(groups, group) : 0;
   provider.Field("18.GroupNextMemberRecordNum").SetValue(record, (later == 0 ? first : later) - 1);
-  const RecordNr owner = FindFrom(provider.Field("16.GroupIDTracker"), 1, group);
+  const RecordNr owner = modProjectGlobals::FindRecord(provider.Field("16.GroupIDTracker"), group);
   if (owner == 0) return;
   if (first != 0) provider.Field("16.FirstGroupMember").SetValue(owner, first - 1);
   provider.Field("18.GroupRecordNumber").SetValue(record, owner - 1);
@@ -187,7 +178,7 @@ void SetChannelIndex(const ProviderRef& provider, std::string_view fieldId, Reco
     const Reference* reference = FindReference(fieldId);
     if (reference == nullptr) return;
     const Variant number = NumberOf(provider.Field(fieldId).Value(record));
-    const RecordNr channel = FindFrom(provider.Field("5.ChannelIDTracker"), 1, number);
+    const RecordNr channel = modProjectGlobals::FindRecord(provider.Field("5.ChannelIDTracker"), number);
     provider.Field(reference->index).SetValue(record, std::max(channel - 1, 0));
     if (fieldId == kPriority1) provider.Field("16.GroupSleepTime").SetValue(record, 0);
     if (fieldId == kMember) Link(provider, record);

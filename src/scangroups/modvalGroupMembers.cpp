@@ -16,17 +16,9 @@ constexpr std::string_view kShownMember = "1119.FilteredScanGroupChannelMemberID
 constexpr std::string_view kShownMemberUiid = "FilteredScanGroupChannelMemberID";
 constexpr std::string_view kMember = "18.GroupChannelUI";
 
-RecordNr ShownGroup(const ProviderRef& provider) {
-  return CLng(StoredValue(provider, "CurrentScanGroupNr", kOnly));
-}
-
 /// The record of the group with that number; 0 for none.
 RecordNr GroupOf(const ProviderRef& provider, const Variant& number) {
-  const FieldRef numbers = provider.Field(kNumbers);
-  for (const RecordNr group : numbers.Records()) {
-    if (SameValue(numbers.Value(group), number)) return group;
-  }
-  return 0;
+  return modProjectGlobals::FindRecord(provider.Field(kNumbers), number);
 }
 
 bool IsNoChannel(const std::string& text) { return text.empty() || text == kNone; }
@@ -76,15 +68,12 @@ bool FollowMember(const ValidatorRef& validator, FormWrites& writes, RecordNr gr
   const std::string_view question =
       isPriority && isPreset
           ? "This group member channel is in use both as a Priority Scan Channel and a Preset Tx Channel, "
-            "updating it here will also update the Preset Tx Channel and the Priority Scan Channel(s).  Do "
-            "you "
-            "wish to continue?"
+            "updating it here will also update the Preset Tx Channel and the Priority Scan Channel(s).  "
+            "Do you wish to continue?"
       : isPriority ? "This group member channel is in use as a Priority Scan Channel, updating it here will "
-                     "also update "
-                     "the Priority Scan Channel(s).  Do you wish to continue?"
+                     "also update the Priority Scan Channel(s).  Do you wish to continue?"
                    : "This group member channel is in use as a Preset Tx Channel, updating it here will also "
-                     "update the "
-                     "Preset Tx Channel.  Do you wish to continue?";
+                     "update the Preset Tx Channel.  Do you wish to continue?";
   if (AskYesNo(validator, question) != Button::Yes) return false;
   references.Follow(writes, member);
   return true;
@@ -92,7 +81,7 @@ bool FollowMember(const ValidatorRef& validator, FormWrites& writes, RecordNr gr
 
 /// Of a member in the table of all: the form's row of it takes the value, too.
 void ShowMember(FieldEdit& edit, const ProviderRef& provider, RecordNr group) {
-  if (group != ShownGroup(provider)) return;
+  if (group != CurrentScanGroup(provider)) return;
   const FieldRef groups = provider.Field("18.GroupIDNumber");
   const Variant number = groups.Value(edit.record);
   RecordNr row = 0;
@@ -119,7 +108,7 @@ Variant FreeChannel(const ProviderRef& provider, RecordNr newRow) {
 
 void FillIfEmpty(const ValidatorRef& validator, const ProviderRef& provider) {
   if (provider.Table("1119").RecordCount() > 0) return;
-  UpdateFilteredScanGroupMembersList(validator, provider, ShownGroup(provider));
+  UpdateFilteredScanGroupMembersList(validator, provider, CurrentScanGroup(provider));
 }
 }  // namespace
 
@@ -130,7 +119,7 @@ bool UpdateGroupMemberRefs(FieldEdit& edit) {
     const FieldRef members = provider.Field(isOnForm ? kShownMember : kMember);
     if (!members.HasRecord(edit.record)) return edit.PassUnchanged();
     const RecordNr group = isOnForm
-                               ? ShownGroup(provider)
+                               ? CurrentScanGroup(provider)
                                : GroupOf(provider, provider.Field("18.GroupIDNumber").Value(edit.record));
     const Variant old = members.Value(edit.record);
     if (!FollowMember(edit.validator, edit.writes, group, old, edit.value)) return false;
@@ -150,7 +139,7 @@ bool ValidateScanGroupForm(const ValidatorRef& validator) {
   return Procedure("ValidateScanGroupForm", true, [&] {
     const ProviderRef provider = validator.CurrentProvider();
     UpdateUnfilteredScanGroupMembersList(provider);
-    const RecordNr before = ShownGroup(provider);
+    const RecordNr before = CurrentScanGroup(provider);
     const Variant number = StoredValue(provider, kNumbers, before);
     provider.Table("16").Sort(provider, kNumbers);
     const RecordNr now = number.IsEmpty() ? before : GroupOf(provider, number);
@@ -162,7 +151,7 @@ bool ValidateScanGroupForm(const ValidatorRef& validator) {
 
 void UpdateUnfilteredScanGroupMembersList(const ProviderRef& provider) {
   Procedure("UpdateUnfilteredScanGroupMembersList", [&] {
-    const Variant number = StoredValue(provider, kNumbers, ShownGroup(provider));
+    const Variant number = StoredValue(provider, kNumbers, CurrentScanGroup(provider));
     const FieldRef shown = provider.Field(kShownMember);
     const FieldRef shownGroups = provider.Field("1119.FilteredScanGroupID");
     const RecordRange rows = shown.Records();
@@ -216,7 +205,7 @@ void AddGroupMembershipK6000(const ValidatorRef& validator, const ProviderRef& p
   Procedure("AddGroupMembershipK6000", [&] {
     const Variant channel = FreeChannel(provider, row);
     if (!channel.IsEmpty()) provider.Field(kShownMember).SetValue(row, CStr(channel));
-    const Variant number = StoredValue(provider, kNumbers, ShownGroup(provider));
+    const Variant number = StoredValue(provider, kNumbers, CurrentScanGroup(provider));
     if (!number.IsEmpty()) provider.Field("1119.FilteredScanGroupID").SetValue(row, number);
     ReloadList(validator, kShownMemberUiid);
   });
@@ -232,7 +221,8 @@ bool DeleteScanGroupMember(const ValidatorRef& validator, RecordNr row) {
     const Variant member = members.Value(row);
     FormWrites writes(validator);
     const RecordNr heir = row == 1 ? 2 : 1;
-    return writes.Follow(FollowMember(validator, writes, ShownGroup(provider), member, members.Value(heir)));
+    return writes.Follow(
+        FollowMember(validator, writes, CurrentScanGroup(provider), member, members.Value(heir)));
   });
 }
 }  // namespace modvalScanGroups

@@ -32,7 +32,7 @@ class GroupDeletion {
         writes_(validator),
         group_(group),
         number_(provider_.Field("16.GroupIDTracker").Value(group)),
-        current_(CLng(StoredValue(provider_, "CurrentScanGroupNr", kOnly))) {}
+        current_(CurrentScanGroup(provider_)) {}
 
   bool Run() { return writes_.Follow(Releases()); }
 
@@ -129,9 +129,10 @@ bool ValidateGroupID(FieldEdit& edit) {
 
 void AddScanGroupK6000(const ValidatorRef& validator, const ProviderRef& provider, RecordNr group) {
   Procedure("AddScanGroupK6000", [&] {
-    const ValueListRef free = provider.Field("16.GroupIDTracker").FreeValues();
-    const Variant number = free.Count() > 0 ? Variant(free.Item(0)) : Variant(0);
-    provider.Field("16.GroupIDTracker").SetValue(group, number);
+    const FieldRef numbers = provider.Field("16.GroupIDTracker");
+    const Variant free = modProjectGlobals::FreeNumber(numbers);
+    const Variant number = free.IsEmpty() ? Variant(0) : free;
+    numbers.SetValue(group, number);
     {
       const ScopedAutoUpdate silent(provider, false);
       provider.Field("16.Priority1ChannelUI").SetValue(group, kNone);

@@ -113,8 +113,7 @@ constexpr std::string_view kLastCapturedOnDefault =
 constexpr Rule kRules[] = {
     {kScanType, AnotherIsBackground, Reaction::Refuse,
      "Another group has the Scan Type set to Background.  Only one group may be set to background scanning "
-     "at a "
-     "time."},
+     "at a time."},
     {kScanType, PresetBecomesBackground, Reaction::Refuse,
      "This Scan Group is assigned as a Prog IO 'Preset Group' Action parameter, which cannot be a Background "
      "Group.  Please remove it from the Prog IO Action Parameter before amending."},
@@ -128,12 +127,10 @@ constexpr Rule kRules[] = {
      "Priority Scan will be set to Disabled. Do you wish to proceed?"},
     {kCurrentChannel, ExcludesCurrentOfSelected, Reaction::DisablePriority,
      "This check box must be selected to have Selected in the Priority Scan field. If you proceed then "
-     "Priority "
-     "Scan will be set to Disabled. Do you wish to proceed?"},
+     "Priority Scan will be set to Disabled. Do you wish to proceed?"},
     {kPriority, SelectsWithoutBoth, Reaction::Refuse,
      "Priority Scan can only be set to Selected for Background scan groups with Include Current Channel in "
-     "Scan "
-     "Regime enabled."},
+     "Scan Regime enabled."},
     {kCall, CallsLastCapturedOnDefault, Reaction::Refuse, kLastCapturedOnDefault},
     {kRespond, CallsLastCapturedOnDefault, Reaction::Refuse, kLastCapturedOnDefault},
     {kCall, CallsNextFreeWithoutVornAx, Reaction::Refuse,
@@ -147,8 +144,7 @@ constexpr Rule kRules[] = {
      "The Initiate Call Channel can not be set to Last Free when Channel to Respond On is set to Default"},
     {kCapturedTime, HadBothTimesEqual, Reaction::TellBusyTime,
      "Changing this value will also cause the Busy Priority Sample Time to change (when the two values are "
-     "the "
-     "same)."},
+     "the same)."},
 };
 
 /// The rule of priority scan switches the controls beside it.

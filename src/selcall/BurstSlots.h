@@ -16,6 +16,11 @@
 enum class Burst : std::size_t { Repeater, CallerId, TxCall, Status, AccessTone, LeadIn };
 inline constexpr std::size_t kBurstKinds = 6;
 
+/// Whether bursts of the kind may call a group.
+constexpr bool CallsGroups(Burst kind) {
+  return kind == Burst::Repeater || kind == Burst::CallerId || kind == Burst::TxCall;
+}
+
 /// Where the forms show bursts of a kind.
 struct BurstFields {
   std::string_view name;  ///< of the kind in messages

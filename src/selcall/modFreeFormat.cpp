@@ -11,7 +11,7 @@ std::string WholeSequence(const ProviderRef& provider, RecordNr record) {
   std::string sequence;
   for (const Part& part : kParts) {
     sequence += CStr(provider.Field(part.form).Value(record));
-    if (!part.gap.empty()) sequence += Gap(provider.Field(part.gap).Value(record));
+    if (!part.IsStatus()) sequence += Gap(provider.Field(part.gap).Value(record));
   }
   return sequence;
 }

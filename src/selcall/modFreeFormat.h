@@ -16,6 +16,7 @@ struct Part {
   std::string_view form, uiid;
   std::string_view gap = {};
   std::string_view gapUiid = {};
+  constexpr bool IsStatus() const { return gap.empty(); }
 };
 /// In the order of the telegram; the status comes last and has no gap.
 inline constexpr Part kParts[] = {

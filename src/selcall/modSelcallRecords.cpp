@@ -71,7 +71,7 @@ void EmptySequence(const ProviderRef& provider, RecordNr record, const Variant& 
   set("49.FreeFormSigSysID", identity);
   for (const modFreeFormat::Part& part : modFreeFormat::kParts) {
     set(part.form, "");
-    if (!part.gap.empty()) set(part.gap, 0);
+    if (!part.IsStatus()) set(part.gap, 0);
   }
   set("49.FreeFormSequence", "");
   set("49.FreeFormSeqID", modFreeFormat::GetSequenceID(record));

@@ -184,9 +184,7 @@ bool ChangeChannels(const BurstEdit& burst, bool byIdentity, std::string_view te
 // What is stored
 
 void TurnGroupToneToG(const BurstEdit& burst) {
-  const bool hasGroups =
-      burst.kind == Burst::Repeater || burst.kind == Burst::CallerId || burst.kind == Burst::TxCall;
-  const std::string groupTone = hasGroups ? burst.Digit("GroupTone") : std::string();
+  const std::string groupTone = CallsGroups(burst.kind) ? burst.Digit("GroupTone") : std::string();
   if (groupTone.empty()) return;
   burst.edit.value = modvalSelcall::ReplaceGroupToneWithG(burst.Value(), groupTone.front(), 'G');
 }

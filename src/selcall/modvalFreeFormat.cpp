@@ -179,7 +179,7 @@ std::string GetFreeFormatSequenceFromBursts(const ProviderRef& provider, RecordN
   return Procedure("GetFreeFormatSequenceFromBursts", std::string(), [&] {
     std::string sequence;
     for (const Part& part : kParts) {
-      const bool isStatus = part.gap.empty();
+      const bool isStatus = part.IsStatus();
       if (EqualsIgnoringCase(part.uiid, uiid)) {
         const std::string groupTone = isStatus ? std::string() : Digit(provider, "GroupTone");
         if (!groupTone.empty())

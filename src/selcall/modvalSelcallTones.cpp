@@ -73,12 +73,6 @@ void RewriteChannels(FormWrites& writes, const ProviderRef& provider, RecordNr s
 
 // The group tone
 
-/// Whether bursts of the kind may call a group.
-bool HasGroups(std::int32_t kind) {
-  return kind >= static_cast<std::int32_t>(Burst::Repeater) &&
-         kind <= static_cast<std::int32_t>(Burst::TxCall);
-}
-
 class GroupToneSwap {
  public:
   GroupToneSwap(FormWrites& writes, const ProviderRef& provider, RecordNr system, char old, char now,
@@ -91,7 +85,7 @@ class GroupToneSwap {
     InFreeFormat();
     // A channel names its burst by the text: one left behind would find another burst, or none.
     RewriteChannels(writes_, provider_, system_, [&](Burst kind, const std::string& text) {
-      return HasGroups(static_cast<std::int32_t>(kind)) ? Swapped(text) : text;
+      return CallsGroups(kind) ? Swapped(text) : text;
     });
   }
 
@@ -118,7 +112,7 @@ class GroupToneSwap {
     const RecordNr last = std::min(layout.RecordOf(system_ + 1, 0), bursts.RecordCount());
     for (RecordNr record = layout.RecordOf(system_, 0); record <= last; ++record) {  // from that before it
       const Variant kind = kinds.Value(record);
-      if (IsNumeric(kind) && HasGroups(CLng(kind)))
+      if (IsNumeric(kind) && CallsGroups(static_cast<Burst>(CLng(kind))))
         SwapGroupToneAndG(bursts, "UGBurstSeq", "UGBurstSeq", record);
     }
   }
@@ -135,8 +129,7 @@ class GroupToneSwap {
     const RecordNr last = std::min(system_ * kSequencesPerSystem, count);
     for (RecordNr record = (system_ - 1) * kSequencesPerSystem + 1; record <= last; ++record) {
       for (const Part& part : kParts) {
-        const bool isStatus = part.gap.empty();
-        if (!isStatus) SwapGroupToneAndG(provider_.Field(part.form), part.form, part.uiid, record);
+        if (!part.IsStatus()) SwapGroupToneAndG(provider_.Field(part.form), part.form, part.uiid, record);
       }
       Variant none;
       modvalFreeFormat::ShowSequence(writes_, provider_, record, {}, none);
@@ -238,13 +231,13 @@ class RepeatToneSwap {
   bool InFreeFormat() {
     for (const RecordNr record : provider_.Table("49").Records()) {
       const bool holds = std::ranges::any_of(kParts, [&](const Part& part) {
-        return !part.gap.empty() &&
+        return !part.IsStatus() &&
                CStr(provider_.Field(part.form).Value(record)).find(now_) != std::string::npos;
       });
       if (!holds) continue;
       if (!MayWrite()) return false;
       for (const Part& part : kParts) {
-        if (!part.gap.empty()) RewritePart(part, record);
+        if (!part.IsStatus()) RewritePart(part, record);
       }
     }
     return true;

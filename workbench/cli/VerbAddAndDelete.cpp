@@ -39,15 +39,20 @@ struct Edited {
 
 void Print(const Edited& edited, const Session& session, std::ostream& out) {
   const RecordResult& result = edited.result;
-  out << edited.table.title << ", "
-      << (result.record == 0 ? "new record"
-          : result.count > 1 ? "records " + std::to_string(result.record - result.count + 1) + " to " +
-                                   std::to_string(result.record)
-                             : "record " + std::to_string(result.record));
+  const bool areMany = result.accepted && result.count > 1;
+  const RecordNr first = result.record - result.count + 1;
+  out << edited.table.title << ", ";
+  if (areMany) {
+    out << "records " << first << " to " << result.record;
+  } else if (result.record != 0) {
+    out << "record " << result.record;
+  } else {
+    out << "new record";
+  }
   const SchemaField* identity = edited.Identity(session);
-  if (identity != nullptr && result.count > 1) {
+  if (identity != nullptr && areMany) {
     std::vector<std::string> numbers;
-    for (RecordNr record = result.record - result.count + 1; record <= result.record; ++record) {
+    for (RecordNr record = first; record <= result.record; ++record) {
       numbers.push_back(ValueText::Of(session.Content().Get(*identity, record)));
     }
     out << " (" << session.LabelOf(*identity) << ' ' << ListOf(numbers) << ')';

@@ -171,6 +171,8 @@ RecordResult RecordEdits::Add(RecordNr count, RecordNr from) {
   {
     const Journal journal(content);
     while (isAdded && result.count < count) {
+      result.record = 0;  // or a refusal would speak of the one before
+      result.identity = {};
       // Before the tier is asked, which adds the companions when it is.
       const std::string isFull = FullRefusal(content, table_);
       isAdded = isFull.empty() ? AddCompleted(result, from) : Refuse(result, RecordStep::Capacity, isFull);

@@ -185,6 +185,8 @@ TEST_F(SelcallCommands, ASystemComesAndGoesWithoutATrace) {
   EXPECT_EQ(Run({"add", file, "selcall"}), ExitCode::Done);
   EXPECT_THAT(out.str(), AllOf(StartsWith("Selcall systems, record 3 (Selcall System ID 3): added\n"),
                                HasSubstr("Fixed-format bursts      records  283 -> 424\n")));
+  EXPECT_EQ(Run({"add", file, "Selcall6000", "--count", "2"}), ExitCode::No);
+  EXPECT_THAT(out.str(), StartsWith("Selcall systems, new record: a personality"));  // not the one that fits
   EXPECT_EQ(Run({"add", file, "Selcall6000"}), ExitCode::Done);
   EXPECT_EQ(Run({"add", file, "selcall"}), ExitCode::No);
   EXPECT_THAT(out.str(), HasSubstr("holds at most 4 records of table 29"));
