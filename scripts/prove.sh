@@ -14,13 +14,13 @@ install_packages "${BUILD_PACKAGES[@]}"
 build "$ROOT/build" -DCMAKE_BUILD_TYPE=Release
 kd4410=$ROOT/build/bin/kd4410
 export LSAN_OPTIONS="suppressions=$ROOT/scripts/leaks.supp:print_suppressions=0"
-"$kd4410" conform --level 8
+"$kd4410" conform --level 9 --patience 7200
 for ((i = 1; i <= sessions; ++i)); do
   "$kd4410" conform --check random-sessions --seed $((1000 * i))
 done
 "$ROOT/tests/kill_during_save.sh" "$kd4410" "$ROOT/build/lib/kd4410/libkd4410tier.so" "$ROOT/samples/city-fleet.json" 10000
 "$ROOT/bench.sh"
 "$ROOT/scripts/sanitize.sh"
-"$ROOT/build-sanitize/bin/kd4410" conform --level 8
+"$ROOT/build-sanitize/bin/kd4410" conform --level 9 --patience 7200
 "$ROOT/scripts/fuzz.sh" "$seconds"
 "$ROOT/scripts/mutate.sh" 150 1

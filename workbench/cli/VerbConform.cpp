@@ -119,7 +119,7 @@ ExitCode Run(const ConformArguments& arguments, Workplace& workplace) {
 
 void Take(Words& words, ConformArguments& given) {
   words.NumberOption("--level", given.level, Conform::kLowestLevel, Conform::kHighestLevel,
-                     "The highest level, 1 to 8; 5 when none is given");
+                     "The highest level, 1 to 9; 5 when none is given");
   words.ListOption("--check", given.checks, "Only the check of this name; may be given more than once");
   words.NumberOption("--seed", given.seed, 0, std::numeric_limits<std::int64_t>::max(),
                      "Of the random sessions; 1 when none is given");
@@ -135,7 +135,7 @@ const Verb kConform(
      .about = "Prove that a tier library keeps what its interfaces promise, each check in a process of its "
               "own",
      .details = "Levels add up: 1 the library, 2 its life, 3 every call, 4 side effects, 5 round trips and "
-                "messages,\n6 random sessions, 7 and 8 failing hosts. See --list."},
+                "messages,\n6 random sessions, 7 to 9 failing hosts. See --list."},
     Take, Run);
 
 }  // namespace

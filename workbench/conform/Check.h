@@ -63,7 +63,7 @@ struct Check {
 };
 
 inline constexpr int kLowestLevel = 1;
-inline constexpr int kHighestLevel = 8;
+inline constexpr int kHighestLevel = 9;
 inline constexpr int kStandardLevel = 5;
 
 /// All checks by level.
@@ -77,6 +77,6 @@ std::span<const Check> EffectChecks();   // 4
 std::span<const Check> OrderChecks();    // 4 and 5
 std::span<const Check> ContentChecks();  // 5
 std::span<const Check> SessionChecks();  // 6
-std::span<const Check> FaultChecks();    // 7 and 8
+std::span<const Check> FaultChecks();    // 7 to 9
 
 }  // namespace Conform

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <limits>
 #include <set>
 #include <string>
 #include <string_view>
@@ -60,10 +61,13 @@ std::string TroubleOf(const Answer& answer, bool before, bool mayLeaveAutoUpdate
   return {};
 }
 
-/// The host calls that are to fail, from 1. A walk over many records makes the same calls in each of its
-/// rounds: of those the first rounds and the last one count, or the time for it would grow with the square.
-std::vector<std::size_t> FailingCalls(const std::vector<std::string>& hostCalls) {
-  constexpr int kRounds = 8;
+/// The rounds of a walk over many records make the same calls, and the time to fail in each of them grows
+/// with the square: to start with, those at both ends have to do.
+enum class Rounds { FirstAndLast, All };
+
+/// The host calls that are to fail, from 1.
+std::vector<std::size_t> FailingCalls(const std::vector<std::string>& hostCalls, Rounds rounds) {
+  const int most = rounds == Rounds::All ? std::numeric_limits<int>::max() : 8;
   struct Made {
     int times = 0;
     std::size_t last = 0;
@@ -73,7 +77,7 @@ std::vector<std::size_t> FailingCalls(const std::vector<std::string>& hostCalls)
   for (std::size_t number = 1; number <= hostCalls.size(); ++number) {
     const std::string_view call = hostCalls[number - 1];
     Made& one = made[call.substr(0, call.find('['))];
-    if (++one.times <= kRounds) failing.insert(number);
+    if (++one.times <= most) failing.insert(number);
     one.last = number;
   }
   for (const auto& [call, one] : made) failing.insert(one.last);
@@ -81,10 +85,10 @@ std::vector<std::size_t> FailingCalls(const std::vector<std::string>& hostCalls)
 }
 
 void FailEach(CheckRun& run, std::string_view personality, Bench& bench, const Scenario& scenario,
-              Lasts lasts) {
+              Lasts lasts, Rounds rounds) {
   const bool before = bench.Content().IsAutoUpdating();
   const std::string& model = bench.Content().GetSchema().Model();
-  for (const std::size_t failing : FailingCalls(scenario.hostCalls)) {
+  for (const std::size_t failing : FailingCalls(scenario.hostCalls, rounds)) {
     const auto plan = [&] {
       const auto call = static_cast<std::int64_t>(failing);
       lasts == Lasts::Once ? bench.Monitor().FailOnce(call) : bench.Monitor().FailFrom(call);
@@ -102,7 +106,7 @@ void FailEach(CheckRun& run, std::string_view personality, Bench& bench, const S
   }
 }
 
-template <Lasts lasts>
+template <Lasts lasts, Rounds rounds>
 void FailEach(CheckRun& run) {
   for (const Personality& personality : run.Personalities()) {
     Bench bench(run.Parts(), *personality.stored);
@@ -113,7 +117,7 @@ void FailEach(CheckRun& run) {
       bench.Monitor().Record(false);
       // What fails by itself is told by other checks.
       if (scenario.clean.fault || !scenario.clean.boxes.empty()) continue;
-      FailEach(run, personality.name, bench, scenario, lasts);
+      FailEach(run, personality.name, bench, scenario, lasts, rounds);
     }
   }
 }
@@ -121,9 +125,11 @@ void FailEach(CheckRun& run) {
 // clang-format off
 constexpr Check kFaultChecks[] = {
     {"single-faults",  7, "every call on the host fails once (of a walk the first rounds and the last): one box names "
-                          "procedure and fault, the application ends, AutoUpdate is restored", FailEach<Lasts::Once>},
-    {"lasting-faults", 8, "every call on the host fails, and all after it: each box with its end of the application",
-                                                    FailEach<Lasts::FromThenOn>},
+                          "procedure and fault, the application ends, AutoUpdate is restored", FailEach<Lasts::Once, Rounds::FirstAndLast>},
+    {"lasting-faults", 8, "every call on the host fails (likewise), and all after it: each box with its end of the "
+                          "application", FailEach<Lasts::FromThenOn, Rounds::FirstAndLast>},
+    {"all-faults",     9, "single-faults in every round of every walk; takes long", FailEach<Lasts::Once, Rounds::All>},
+    {"all-lasting-faults", 9, "lasting-faults likewise", FailEach<Lasts::FromThenOn, Rounds::All>},
 };
 // clang-format on
 
