@@ -14,13 +14,13 @@ void TableRef::Sort(const ProviderRef& provider, std::string_view key) const {
 }
 
 ScopedAutoUpdate::ScopedAutoUpdate(const ProviderRef& provider, bool state)
-    : provider_(provider), errorsBefore_(std::uncaught_exceptions()), before_(provider.AutoUpdate()) {
+    : provider_(provider), before_(provider.AutoUpdate()) {
   if (before_ != state) provider_.SetAutoUpdate(state);
 }
 
 ScopedAutoUpdate::~ScopedAutoUpdate() noexcept(false) {
   const Status restored = provider_.TrySetAutoUpdate(before_);
-  if (std::uncaught_exceptions() == errorsBefore_) RaiseIfFailed(restored);
+  if (!restored.Ok() && std::uncaught_exceptions() == 0) throw Error(restored.Reason());
 }
 
 Itier& ValidatorRef::Tier() const {

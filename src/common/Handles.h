@@ -221,7 +221,8 @@ class MessengerRef {
 };
 
 /// Sets the provider's AutoUpdate for a batch of writes and restores the state that it found, also
-/// after an error. A restore that fails is raised, unless an error is already on its way.
+/// after an error. A restore that fails is raised, unless an error is already on its way. Not for
+/// destructors.
 class ScopedAutoUpdate {
  public:
   ScopedAutoUpdate(const ProviderRef& provider, bool state);
@@ -231,6 +232,5 @@ class ScopedAutoUpdate {
 
  private:
   const ProviderRef& provider_;
-  const int errorsBefore_;
   const bool before_;
 };

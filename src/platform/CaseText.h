@@ -14,6 +14,7 @@ constexpr char UpperChar(char c) { return c >= 'a' && c <= 'z' ? static_cast<cha
 
 constexpr bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return false;
+  if (a == b) return true;  // most callers spell a name as it was given
   for (std::size_t i = 0; i < a.size(); ++i) {
     if (UpperChar(a[i]) != UpperChar(b[i])) return false;
   }
@@ -65,15 +66,21 @@ struct NameHash {
   /// Not noexcept: so a map keeps the hash of each entry instead of taking it anew along its chains.
   constexpr std::size_t operator()(std::string_view name) const {
     std::uint64_t hash = name.size();
-    for (; name.size() >= kWord; name.remove_prefix(kWord)) hash = Mix(hash, Load(name.data()));
-    std::uint64_t rest = 0;
-    for (const char c : name) rest = rest << 8 | static_cast<unsigned char>(c);
-    return static_cast<std::size_t>(Mix(hash, rest & kFold));
+    if (name.size() < kWord) return static_cast<std::size_t>(Mix(hash, LoadShort(name)));
+    const char* const last = name.data() + name.size() - kWord;  // it may share bytes with the one before
+    for (const char* word = name.data(); word < last; word += kWord) hash = Mix(hash, Load(word));
+    return static_cast<std::size_t>(Mix(hash, Load(last)));
   }
 
  private:
   static constexpr std::size_t kWord = sizeof(std::uint64_t);
   static constexpr std::uint64_t kFold = 0xDFDFDFDFDFDFDFDF;  // a-z to A-Z; folding other signs does no harm
+
+  static constexpr std::uint64_t LoadShort(std::string_view text) {
+    std::uint64_t word = 0;
+    for (const char c : text) word = word << 8 | static_cast<unsigned char>(c);
+    return word & kFold;
+  }
 
   static constexpr std::uint64_t Load(const char* text) {
     std::uint64_t word = 0;
@@ -94,8 +101,7 @@ struct NameHash {
   }
 };
 
-/// Most callers spell a name as it was given.
 struct NameEqual {
   using is_transparent = void;
-  bool operator()(std::string_view a, std::string_view b) const { return a == b || EqualsIgnoringCase(a, b); }
+  bool operator()(std::string_view a, std::string_view b) const { return EqualsIgnoringCase(a, b); }
 };

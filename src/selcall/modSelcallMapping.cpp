@@ -1,6 +1,7 @@
 #include "selcall/modSelcallMapping.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <memory>
 #include <vector>
@@ -28,10 +29,20 @@ constexpr std::string_view kVariable = "V";
 constexpr std::string_view kVariableOfTwoDigits = "VV";
 constexpr std::string_view kTwoDigits = "49.FreeForm2DigitStatus";
 
+/// By character; a negative one for a character that is no tone.
+constexpr auto kToneCodes = [] {
+  std::array<std::int32_t, 128> codes{};
+  codes.fill(-1);
+  for (std::size_t code = 0; code < kTones.size(); ++code) {
+    codes[static_cast<std::size_t>(kTones[code])] = static_cast<std::int32_t>(code);
+  }
+  return codes;
+}();
+
 std::int32_t ToneCode(std::string_view tone) {
-  const std::size_t code = kTones.find(tone);
-  if (code == std::string_view::npos) RaiseTypeMismatch();
-  return static_cast<std::int32_t>(code);
+  const std::size_t character = static_cast<unsigned char>(tone.front());
+  if (character >= kToneCodes.size() || kToneCodes[character] < 0) RaiseTypeMismatch();
+  return kToneCodes[character];
 }
 
 void AppendTone(std::string& text, std::int32_t code) {

@@ -28,10 +28,20 @@ Schema::Schema(VersionName version, std::vector<SchemaTable> tables, std::vector
       version_(name_.Text()),
       tables_(std::move(tables)),
       fields_(std::move(fields)) {
-  for (const SchemaTable& table : tables_) tableByNumber_.emplace(table.number, table.index);
+  AddTables();
   AddNames();
   toForms_ = Converted(fields_, kToUIOrder);
   toRadio_ = Converted(fields_, kFromUIOrder);
+}
+
+void Schema::AddTables() {
+  for (const SchemaTable& table : tables_) {
+    const auto number = static_cast<std::size_t>(table.number);
+    if (number >= tableByNumber_.size()) tableByNumber_.resize(number + 1);
+    tableByNumber_[number] = &table;
+    FieldNames& names = fieldsOfTable_.emplace_back(table.fieldCount);
+    for (const SchemaField& field : FieldsOf(table)) names.Add(field.Name(), &field);
+  }
 }
 
 void Schema::AddNames() {
@@ -64,12 +74,17 @@ const SchemaField* Schema::IdentityOf(const SchemaTable& table) const {
 }
 
 const SchemaTable* Schema::FindTable(std::int32_t number) const {
-  const auto found = tableByNumber_.find(number);
-  return found == tableByNumber_.end() ? nullptr : &tables_[found->second];
+  const bool isKnown = number >= 0 && number < std::ssize(tableByNumber_);
+  return isKnown ? tableByNumber_[static_cast<std::size_t>(number)] : nullptr;
 }
 
 const SchemaField* Schema::Find(std::string_view name) const {
   const FieldNames::Entry* found = fieldByName_.Find(name);
+  return found == nullptr ? nullptr : found->field;
+}
+
+const SchemaField* Schema::Find(const SchemaTable& table, std::string_view name) const {
+  const FieldNames::Entry* found = fieldsOfTable_[table.index].Find(name);
   return found == nullptr ? nullptr : found->field;
 }
 

@@ -135,10 +135,13 @@ class Schema {
   /// The field of a FieldId, of a plain name by the bindings, or of a field name that only one table has.
   /// Null for any other. Names ignore case. Allocates nothing.
   const SchemaField* Find(std::string_view name) const;
+  /// The field of that name in the table; null for none. Allocates nothing.
+  const SchemaField* Find(const SchemaTable& table, std::string_view name) const;
   /// True for a field name that several tables have and none is bound to.
   bool IsAmbiguous(std::string_view name) const;
 
  private:
+  void AddTables();
   void AddNames();
 
   VersionName name_;
@@ -147,8 +150,9 @@ class Schema {
   std::vector<SchemaField> fields_;
   std::vector<const SchemaField*> toForms_;
   std::vector<const SchemaField*> toRadio_;
-  std::unordered_map<std::int32_t, std::size_t> tableByNumber_;
+  std::vector<const SchemaTable*> tableByNumber_;  // null for a number without table
   FieldNames fieldByName_;
+  std::vector<FieldNames> fieldsOfTable_;  // by their own names, in the order of the tables
 };
 
 /// The schema files of all versions: tables.tsv and fields.tsv of one folder.

@@ -130,16 +130,8 @@ Status FieldObject::Validation(std::string& out) {
   return Call("Ifield.Validation", [&] { out = field_.validation; });
 }
 
-FieldsObject::FieldsObject(ProviderState& state, const SchemaTable& table)
-    : state_(state),
-      table_(table),
-      fieldId_(std::to_string(table.number) + "."),
-      nameStart_(fieldId_.size()) {}
-
-const SchemaField* FieldsObject::Find(std::string_view name) {
-  fieldId_.resize(nameStart_);
-  fieldId_ += name;
-  return state_.GetSchema().Find(fieldId_);
+const SchemaField* FieldsObject::Find(std::string_view name) const {
+  return state_.GetSchema().Find(table_, name);
 }
 
 Status FieldsObject::Exists(std::string_view name, Boolean& out) {

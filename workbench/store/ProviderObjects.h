@@ -50,7 +50,7 @@ class FieldObject final : public Ifield {
 
 class FieldsObject final : public Ifields {
  public:
-  FieldsObject(ProviderState& state, const SchemaTable& table);
+  FieldsObject(ProviderState& state, const SchemaTable& table) : state_(state), table_(table) {}
 
   Status Exists(std::string_view name, Boolean& out) override;
   Status Item(std::string_view name, std::shared_ptr<Ifield>& out) override;
@@ -58,12 +58,10 @@ class FieldsObject final : public Ifields {
 
  private:
   /// Null when the table has no such field.
-  const SchemaField* Find(std::string_view name);
+  const SchemaField* Find(std::string_view name) const;
 
   ProviderState& state_;
   const SchemaTable& table_;
-  std::string fieldId_;  // kept from look-up to look-up for its memory; begins with the table's number
-  std::size_t nameStart_;
 };
 
 class TableObject final : public Itable {
