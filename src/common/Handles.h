@@ -92,6 +92,8 @@ class FieldRef {
   std::int32_t Maximum() const { return Ask<std::int32_t>(Host(), &Ifield::Maximum); }
   std::int32_t TableNumber() const { return Ask<std::int32_t>(Host(), &Ifield::TableNumber); }
   std::string Name() const { return Ask<std::string>(Host(), &Ifield::Name); }
+  /// As messages show them.
+  std::string Units() const { return Ask<std::string>(Host(), &Ifield::Units); }
   /// The characters that a sequence or format may hold, in their order.
   std::string Validation() const { return Ask<std::string>(Host(), &Ifield::Validation); }
   std::vector<Variant> Values() const { return Ask<std::vector<Variant>>(Host(), &Ifield::Values); }

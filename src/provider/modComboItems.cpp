@@ -15,6 +15,7 @@
 #include "radioui/modFunctionKeyLists.h"
 #include "radioui/modProgIOLists.h"
 #include "selcall/modToneSets.h"
+#include "signalling/modType99.h"
 #include "ui/modUserInterface.h"
 
 namespace modComboItems {
@@ -158,14 +159,22 @@ void GetK6000DTMFChannelPresets(const ProviderRef& provider, std::string_view, R
   });
 }
 
+/// The list of the record's format; MOT's where there is no such record.
+void GetK6000Type99Tones(const ProviderRef& provider, std::string_view, RecordNr record,
+                         XArrayDBObject& items) {
+  Procedure("GetK6000Type99Tones", [&] {
+    const std::int32_t format = CLng(StoredValue(provider, "37.T99TableFormat", record));
+    ItemList list(items);
+    for (const std::string& hertz : modType99::GetToneFrequencyList(format)) list.Add(hertz);
+  });
+}
+
 struct ComboList {
   std::int32_t number;  ///< of the field's transformation
   void (*routine)(const ProviderRef& provider, std::string_view uiid, RecordNr record, XArrayDBObject& items);
   /// Where one number serves several kinds of lists, the field of this row; "" serves the rest.
   std::string_view uiid = {};
 };
-
-constexpr auto kDataToCome = nullptr;  // the tier has no tone tables yet
 
 using namespace modFunctionKeyLists;
 using namespace modProgIOLists;
@@ -194,7 +203,7 @@ constexpr ComboList kLists[] = {  // the first match decides
     {553, GetGPSPollResponseChannel},
     {566, GetK6000UsedDTMFIDs},
     {575, GetK6000DTMFChannelPresets},
-    {578, kDataToCome},
+    {578, GetK6000Type99Tones},
 };
 // clang-format on
 
@@ -216,24 +225,16 @@ std::shared_ptr<XArrayDBObject> NewItems() {
 bool GetComboItemsByUIID(const ProviderRef& provider, std::string_view uiid, RecordNr record,
                          std::shared_ptr<XArrayDBObject>& items) {
   constexpr std::int32_t kNoTransformation = -1;
-  const ComboList* list = nullptr;
-  const bool result = Procedure("GetComboItemsByUIID", true, [&] {
+  return Procedure("GetComboItemsByUIID", true, [&] {
     if (items == nullptr) items = NewItems();
     const std::int32_t number = provider.HasField(uiid) ? provider.TransformIdOf(uiid) : kNoTransformation;
     if (number == kNoTransformation) return true;
-    list = Find(number, uiid);
-    if (list == nullptr) {
-      OfferOnly(*items, kUndefined);
-    } else if (list->routine != kDataToCome) {
+    if (const ComboList* list = Find(number, uiid)) {
       list->routine(provider, uiid, record, *items);
+    } else {
+      OfferOnly(*items, kUndefined);
     }
     return true;
   });
-  // Not by way of the error tail: a list to come is no reason to end the application.
-  if (list != nullptr && list->routine == kDataToCome) {
-    throw Error(ErrorNumber::kNotSupported, "IproviderOwner",
-                "Object doesn't support this action: GetComboItemsByUIID of " + std::string(uiid));
-  }
-  return result;
 }
 }  // namespace modComboItems

@@ -15,6 +15,7 @@
 #include "scangroups/modvalScanGroups.h"
 #include "selcall/modSelcallRecords.h"
 #include "selcall/modvalControlStatus.h"
+#include "signalling/modvalType99.h"
 
 namespace modPostAddProcessing {
 namespace {
@@ -24,9 +25,13 @@ struct Completion {
   void (*complete)(const ValidatorRef& validator, const ProviderRef& provider, RecordNr record);
 };
 constexpr Completion kAdded[] = {
-    {5, modvalChannels::AddChannelK6000},          {16, modvalScanGroups::AddScanGroupK6000},
-    {21, modNetworkRecords::AddNetwork},           {29, modSelcallRecords::AddSelcall6000},
-    {1115, modvalControlStatus::AddControlStatus}, {1119, modvalScanGroups::AddGroupMembershipK6000},
+    {5, modvalChannels::AddChannelK6000},
+    {16, modvalScanGroups::AddScanGroupK6000},
+    {21, modNetworkRecords::AddNetwork},
+    {29, modSelcallRecords::AddSelcall6000},
+    {37, modvalType99::AddType99_6000},
+    {1115, modvalControlStatus::AddControlStatus},
+    {1119, modvalScanGroups::AddGroupMembershipK6000},
 };
 
 constexpr Completion kInserted[] = {
@@ -35,7 +40,7 @@ constexpr Completion kInserted[] = {
 };
 
 /// Tables of grids whose subjects the tier does not have yet.
-constexpr std::int32_t kAddedToCome[] = {37, 64, 80};
+constexpr std::int32_t kAddedToCome[] = {64, 80};
 constexpr std::int32_t kInsertedToCome[] = {5};
 
 bool IsOneOf(std::span<const std::int32_t> tables, std::string_view gridName) {

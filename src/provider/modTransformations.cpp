@@ -7,6 +7,7 @@
 #include "networks/modNetworks.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
+#include "radioui/modAudibleIndicators.h"
 #include "radioui/modData.h"
 #include "radioui/modDisplayIndicators.h"
 #include "radioui/modGPS.h"
@@ -19,6 +20,8 @@
 #include "selcall/modToneSets.h"
 #include "signalling/modDTMF.h"
 #include "signalling/modMDC1200.h"
+#include "signalling/modSIBT.h"
+#include "signalling/modType99.h"
 
 namespace modTransformations {
 namespace {
@@ -72,6 +75,8 @@ constexpr Transformation kTransformations[] = {
     {541, modPersonalityOptions::SetGenerateMicGain, modPersonalityOptions::GetGenerateMicGain},
     {542, SetSelcallID,                        GetSelcallID},
     {543, NoAction,                            NoAction},
+    {545, modAudibleIndicators::SetAlertDuration, modAudibleIndicators::GetAlertDuration},
+    {546, modAudibleIndicators::SetAlertType,  modAudibleIndicators::GetAlertType},
     {547, modNetworks::SetNetworkSignallingID, modNetworks::GetNetworkSignallingID},
     {549, modSubaudible::SetOutputLevel,       modSubaudible::GetTxDeviation},
     {551, modNetworks::SetSignallingOnPTTPress,   modNetworks::GetSignallingOnPTTPress},
@@ -84,10 +89,14 @@ constexpr Transformation kTransformations[] = {
     {567, SetCompanding,                       GetCompanding},
     {568, modUIPreferences::SetPATimer,        modUIPreferences::GetPATimer},
     {569, modNetworks::SetEmergencyType,       modNetworks::GetEmergencyType},
+    {570, modSIBT::SetGenerateSIBTFrequency,   modSIBT::GetGenerateSIBTFrequency},
+    {571, modSIBT::SetSIBTEnabled,             modSIBT::GetSIBTEnabled},
     {572, modToneSets::SetGenerateCCR,         NoAction},
     {573, modDTMF::SetPatchSequences,          modDTMF::GetPatchSequences},
     {574, modDTMF::SetChannelPreset,           modDTMF::GetChannelPreset},
     {575, SetDTMFPreset,                       GetDTMFPreset},
+    {576, modType99::SetToneFrequencies,       modType99::GetToneFrequencies},
+    {577, modType99::SetGenerateToneDurations, modType99::GetGenerateToneDurations},
     {578, NoAction,                            NoAction},
     {579, modNetworks::SetTxCyclingBegin,      modNetworks::GetTxCyclingBegin},
     {580, modNetworks::SetTxCyclingEnd,        modNetworks::GetTxCyclingEnd},

@@ -18,6 +18,8 @@
 #include "selcall/modvalFreeFormat.h"
 #include "selcall/modvalSelcall.h"
 #include "selcall/modvalToneSets.h"
+#include "signalling/modvalSIBT.h"
+#include "signalling/modvalType99.h"
 #include "validation/modvalSwitches.h"
 
 namespace modvalFields {
@@ -58,6 +60,8 @@ constexpr FieldRule kRules[] = {
     {"TXPOWER_K6K",                ValidateTxPower},
     {"CHANNELANR",                 ValidateNoiseReduction},
     {"CHANNELCOMPANDING",          ValidateCompanding},
+    {"RXSIGNALLING_K6K",           modvalSIBT::ValidateRXSignalling},
+    {"TXSIGNALLING_K6K",           modvalSIBT::ValidateTXSignalling},
     // scan groups
     {"SCANTYPE_K6K",               modvalScanGroups::ValidateScanGroup},
     {"PRIORITYSCAN_K6K",           modvalScanGroups::ValidateScanGroup},
@@ -154,6 +158,21 @@ constexpr FieldRule kRules[] = {
     {"BURSTSEQUENCE3_K6K",         modvalBursts::ValidateBurstSequence},
     {"BURSTSEQUENCE4_K6K",         modvalBursts::ValidateBurstSequence},
     {"BURSTSEQUENCE5_K6K",         modvalBursts::ValidateBurstSequence},
+    {"SIBTENABLED_K6K",            OnCurrentNetwork<modvalSIBT::ValidateEnableDisableSIBT>},
+    {"T99TABLEFORMAT_K6K",         modvalType99::OnChangeTableFormat},
+    {"T99CUSTOM_K6K",              SwitchesAlone},
+    {"T99MINFIRSTTONEPERIOD_K6K",  modvalType99::ValidateFirstTonePeriodMin},
+    {"T99MAXFIRSTTONEPERIOD_K6K",  modvalType99::ValidateFirstTonePeriodMax},
+    {"T99MINGAPPERIOD_K6K",        modvalType99::ValidateGapPeriodMin},
+    {"T99MAXGAPPERIOD_K6K",        modvalType99::ValidateGapPeriodMax},
+    {"T99MINSECONDTONEPERIOD_K6K", modvalType99::ValidateSecondTonePeriodMin},
+    {"T99MAXSECONDTONEPERIOD_K6K", modvalType99::ValidateSecondTonePeriodMax},
+    {"T99MINALLCALLTONEPERIOD_K6K", modvalType99::ValidateAllCallTonePeriodMin},
+    {"T99MAXALLCALLTONEPERIOD_K6K", modvalType99::ValidateAllCallTonePeriodMax},
+    {"T99CUSTOMTONEA_K6K",         modvalType99::ValidateCustomTone},
+    {"T99CUSTOMTONEB_K6K",         modvalType99::ValidateCustomTone},
+    {"T99CUSTOMTONEC_K6K",         modvalType99::ValidateCustomTone},
+    {"T99CUSTOMTONED_K6K",         modvalType99::ValidateCustomTone},
     {"MDC1200RADIOIDDERIVED",      ValidateMDC1200Identity},
     {"MDC1200ANISEQUENCE",         ValidateMDC1200Identity},
     {"MDC1200EMERGENCYSEQUENCE",   ValidateMDC1200Identity},

@@ -12,6 +12,7 @@
 #include "selcall/modvalFreeFormat.h"
 #include "selcall/modvalSelcall.h"
 #include "selcall/modvalToneSets.h"
+#include "signalling/modvalType99.h"
 
 namespace modvalForms {
 namespace {
@@ -37,6 +38,7 @@ constexpr struct {
     {"USRCTLCONTROLSTATUSKD4410", Plain<modvalControlStatus::ValidateControlStatusForm>},
     {"USRCTLCONTROLSTATUSKE2210", Plain<modvalControlStatus::ValidateControlStatusForm>},
     {"USRCTLSELCALLTONESETTINGS", Plain<modvalToneSets::ValidateUserDefinedTones>},
+    {"USRCTLTYPE99", Plain<modvalType99::ValidateType99Form>},
     {"USRCTLNETWORKS", Plain<modvalNetworks::ValidateBasicSettingsForm>},
     {"USRCTLDTMFPATCH", Plain<modvalNetworks::ValidateDTMFPatchForm>},
     {"USRCTLEMERGENCYKD4410", Plain<modvalNetworks::ValidateEmergencyForm>},

@@ -11,6 +11,7 @@
 #include "selcall/modSelcallRecords.h"
 #include "selcall/modvalControlStatus.h"
 #include "selcall/modvalSelcall.h"
+#include "signalling/modvalType99.h"
 
 namespace modvalRecords {
 namespace {
@@ -51,12 +52,12 @@ constexpr struct {
 } kDeleteRules[] = {
     {5, modvalChannels::DeleteChannel},  {16, modvalScanGroups::DeleteScanGroup},
     {21, modvalNetworks::DeleteNetwork}, {1119, modvalScanGroups::DeleteScanGroupMember},
-    {29, modvalSelcall::DeleteSelcall},
+    {29, modvalSelcall::DeleteSelcall},  {37, modvalType99::DeleteType99},
 };
 
 /// Tables whose records come or go with records of other tables, by rules that the tier does not have yet.
 constexpr std::int32_t kAddRulesMissing[] = {64};
-constexpr std::int32_t kDeleteRulesMissing[] = {37, 64, 80};
+constexpr std::int32_t kDeleteRulesMissing[] = {64, 80};
 
 /// The first row of the table's number, or the end.
 template <typename Rows>

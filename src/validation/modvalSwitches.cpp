@@ -27,6 +27,10 @@ constexpr Condition kSDMOutput = AllOf<kSDM, kCCDIOutput>();
 constexpr Condition kAutoAck = On("DataSDMAutoAck");
 constexpr Condition kAutoAckOfSDM = AllOf<kAutoAck, kSDM>();
 
+constexpr Condition kSIBTAboveOff = Above<kOff>("SIBTEnabled_k6k", At::Network);
+constexpr Condition kSIBTIsOne = AllOf<kSIBT, kSIBTAboveOff>();
+
+constexpr std::string_view kByCodeOne = "the box is on by its code 1 alone";
 constexpr std::string_view kByTypeAlone = "the form switches by the type alone, emergency on or off";
 constexpr std::string_view kByMuteAlone = "without call mute there is nothing to override";
 constexpr std::string_view kBySDMAlone = "SDM on shows all of its options";
@@ -53,6 +57,8 @@ constexpr SwitchRow kRows[] = {
     {"CHANNELNETWORKID_K6K", "T99GroupCallReceive_k6k"},
     {"CHANNELNETWORKID_K6K", "T99AllCallReceive_k6k"},
     {"CHANNELNETWORKID_K6K", "ChannelSIBTEnabled_k6k", &kChannelSIBT, "the network's box alone counts; the tones may follow"},
+    {"RXSIGNALLING_K6K", "ChannelSIBTEnabled_k6k"},
+    {"TXSIGNALLING_K6K", "ChannelSIBTEnabled_k6k"},
     // scan groups
     {"SCANTYPE_K6K", "ScanTxChannelSelect_k6k"},
     {"SCANTYPE_K6K", "ScanDefaultTxChannel_k6k"},
@@ -157,6 +163,24 @@ constexpr SwitchRow kRows[] = {
     {"CWIDENABLED", "CWIDToneFrequency"},
     {"CWIDENABLED", "CWIDSubAudEnabled"},
     {"INVALIDCALLRESET_K6K", "ThirdToneReset_k6k"},
+    {"SIBTENABLED_K6K", "SIBTTonePosition_k6k", &kSIBTIsOne, kByCodeOne},
+    {"SIBTENABLED_K6K", "SIBTFrequency_k6k", &kSIBTIsOne, kByCodeOne},
+    {"SIBTENABLED_K6K", "SIBTToneEncodeDuration_k6k", &kSIBTIsOne, kByCodeOne},
+    {"SIBTENABLED_K6K", "SIBTToneLeadInDelay_k6k", &kSIBTIsOne, kByCodeOne},
+    {"SIBTENABLED_K6K", "SIBTToneLeadOutDelay_k6k", &kSIBTIsOne, kByCodeOne},
+    {"SIBTENABLED_K6K", "SIBTMinimumDecodeDuration_k6k", &kSIBTIsOne, kByCodeOne},
+    {"T99TABLEFORMAT_K6K", "T99MinAllCallTonePeriod_k6k"},
+    {"T99TABLEFORMAT_K6K", "T99MaxAllCallTonePeriod_k6k"},
+    {"T99TABLEFORMAT_K6K", "T99ToneD_k6k"},
+    {"T99TABLEFORMAT_K6K", "T99CustomToneD_k6k"},
+    {"T99CUSTOM_K6K", "T99CustomToneA_k6k"},
+    {"T99CUSTOM_K6K", "T99CustomToneB_k6k"},
+    {"T99CUSTOM_K6K", "T99CustomToneC_k6k"},
+    {"T99CUSTOM_K6K", "T99CustomToneD_k6k"},
+    {"T99CUSTOM_K6K", "T99ToneA_k6k"},
+    {"T99CUSTOM_K6K", "T99ToneB_k6k"},
+    {"T99CUSTOM_K6K", "T99ToneC_k6k"},
+    {"T99CUSTOM_K6K", "T99ToneD_k6k"},
     // emergency
     {"EMERGENCYENABLED", "EmSignallingType"},
     {"EMERGENCYENABLED", "EmChannelType"},

@@ -28,6 +28,7 @@ class Switches : public ChannelFixture {
     GiveNetworks({0, 1, 2, 3, 4});
     GiveChannels({11, 12});
     provider.SetCount(16, 1);
+    provider.SetCount(37, 1);
     for (const auto& row : modvalEnablement::Rows()) AddFields(*row.enabledWhen);
     for (const auto& row : modvalSwitches::Rows()) {
       if (row.wanted != nullptr) AddFields(*row.wanted);
@@ -46,6 +47,7 @@ class Switches : public ChannelFixture {
     if (FindIgnoringCase(field.id, "FreqUI") != std::string::npos)
       return Draw(0, 1) == 0 ? "000.000000" : "150.500000";
     if (field.id == "53.ChannelIDTracker") return Draw(0, 1) == 0 ? "None" : "11";
+    if (field.id == "75.SIBTEnabled") return Draw(-1, 1);  // a tick that is on may be -1
     if (field.type == FieldType::Text) return Draw(0, 1) == 0 ? "None" : "C67.0";
     return Draw(std::max(field.minimum, 0), std::min(field.maximum, std::max(field.minimum, 0) + 4));
   }
@@ -66,7 +68,7 @@ class Switches : public ChannelFixture {
     return enabled != kFalse;
   }
   RecordNr RecordOf(const SchemaField& field) const {
-    const bool isOfNetwork = field.table == 21 || field.table == 53 || field.table == 78;
+    const bool isOfNetwork = field.table == 21 || field.table == 53 || field.table == 75 || field.table == 78;
     return isOfNetwork ? CLng(provider.Get("CurrentNetworkNr")) : 1;
   }
   std::string Outcome(std::string_view uiid, const Variant& value, RecordNr record, Button answer);

@@ -136,9 +136,14 @@ void OrderOfConversions(CheckRun& run) {
 constexpr std::string_view kMended[] = {"30.FixedFormatBurstSeq",  // of record 1, which is no system's burst
                                         "30.FixedFormatSigSystemID",  // what a burst slot is
                                         "30.FixedFormatBurstType", "30.FixedFormatBurstID",
-                                        "18.GroupIDNumber",          // the number of a member's group
-                                        "49.FreeFormSeqID",          // the place of a sequence in its system
-                                        "68.DTMFPatchSeqNetworkID",  // the number of the network that
+                                        "18.GroupIDNumber",  // the number of a member's group
+                                        "49.FreeFormSeqID",  // the place of a sequence in its system
+                                        "51.CallAlertID",    // the alerts of a network
+                                        "21.Ind1CallAlertPtr", "21.Ind2CallAlertPtr", "21.GroupCallAlertPtr",
+                                        "21.AllCallAlertPtr", "21.PriorityCallAlertPtr",
+                                        "21.EmergencyCallAlertPtr",
+                                        "75.SIBTNetworkID",            // the number of the tone's network
+                                        "68.DTMFPatchSeqNetworkID",    // the number of the network that
                                         "72.DTMFPatchTonesNetworkID",  // the record belongs to
                                         // the control statuses that are shown go back among those of all,
                                         "1111.SelcallID", "1111.ValueTracker", "1111.Type", "1111.Rx",
@@ -150,7 +155,8 @@ std::string WrongSide(const Schema& schema, StorageKind filled, const std::vecto
     const auto access = AccessOf(call);
     const bool isMended = access && std::ranges::find(kMended, access->fieldId) != std::end(kMended);
     if (!access || !access->isWrite || isMended) continue;
-    if (schema.Find(access->fieldId)->kind != filled) return "writes to the other side: " + access->fieldId;
+    const SchemaField& field = *schema.Find(access->fieldId);
+    if (field.kind != filled && !field.isInPlace) return "writes to the other side: " + access->fieldId;
   }
   return {};
 }

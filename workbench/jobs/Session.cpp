@@ -58,8 +58,10 @@ constexpr std::int32_t kToneSets = 48;
 constexpr Dependent kShownAgain[] = {{"31.GroupTone", "48.DerivedSelcallToneSet"},
                                      {"31.RepeatTone", "48.DerivedSelcallToneSet"}};
 
-/// Whether a change brings the field to the radio.
+/// Whether a change brings the field to the radio. What is converted in place stands as it is shown until the
+/// save.
 bool Brings(const Provider& content, const SchemaField& field, const Change& change) {
+  if (field.isInPlace) return false;
   if (change.field == nullptr || change.record > content.Count(change.field->table)) return false;
   if (change.field == &field) return true;
   if (field.id != kFrequencies || change.field->table != kToneSets) return false;
@@ -99,6 +101,7 @@ void Session::ConvertToForms() {
 }
 
 void Session::ConvertToForms(const std::shared_ptr<Provider>& provider) {
+  provider->SetOnForms(true);
   host_.Require(host_.Owner().PostReadProcessing(provider, Variant()));
   for (const SchemaField* field : provider->GetSchema().ConvertedToForms()) {
     for (RecordNr record = 1; HasConversion(*provider, *field, record); ++record) {
@@ -145,7 +148,7 @@ EditResult Session::Edit(const SchemaField& field, std::string_view uiid, Record
 
 void Session::Store(const SchemaField& field, RecordNr record, Variant value) {
   provider_->Set(field, record, std::move(value));
-  ConvertToRaw(provider_, field, record);
+  if (!field.isInPlace) ConvertToRaw(provider_, field, record);
   ShowAgain(field, record);
 }
 
@@ -168,6 +171,7 @@ void Session::ConvertWritten(const std::vector<Change>& changes) {
 }
 
 void Session::ShowAgain(const SchemaField& field, RecordNr record) {
+  if (field.isInPlace) return;
   if (const Forms::Current* shown = Forms::ViewedBy(field.table)) {
     Forms::FillViews(*this, *shown);  // a conversion would show what belongs to the first record
   } else {
@@ -213,6 +217,7 @@ std::shared_ptr<Provider> Session::ConvertedToRaw() {
   // The forms have the polarities of table 36 in the opposite sense to the radio; inverting a second time
   // brings them back.
   host_.Require(host_.Owner().PostReadProcessing(copy, Variant()));
+  copy->SetOnForms(false);
   host_.UseStore(provider_);
   return copy;
 }

@@ -40,14 +40,19 @@ constexpr std::string_view kAlertPointers[] = {"21.Ind1CallAlertPtr",     "21.In
                                                "21.GroupCallAlertPtr",    "21.AllCallAlertPtr",
                                                "21.PriorityCallAlertPtr", "21.EmergencyCallAlertPtr"};
 
-void AddAlerts(Provider& content, RecordNr networks) {
+void AddAlerts(Provider& content, const std::vector<Network>& networks) {
+  constexpr std::int32_t kTwoTone = 3, kBeep = 2;
   RecordNr alert = 0;
-  content.SetCount(51, networks * static_cast<RecordNr>(std::size(kAlertPointers)));
-  for (RecordNr network = 1; network <= networks; ++network) {
+  content.SetCount(51, static_cast<RecordNr>(networks.size() * std::size(kAlertPointers)));
+  RecordNr record = 0;
+  for (const Network& network : networks) {
+    ++record;
     for (const std::string_view pointer : kAlertPointers) {
-      content.Set(pointer, network, alert);
+      content.Set(pointer, record, alert);
       ++alert;
       content.Set("51.CallAlertID", alert, alert - 1);
+      if (network.signallingType == kTwoTone)
+        content.Set("51.CallAlertType", alert, kBeep);  // it can not ring
     }
   }
 }
@@ -87,12 +92,16 @@ void AddNetworks(Provider& content, const Personality& personality) {
     content.Set("67.DTMFPatchToneSetupPointer", record, record - 1);
     content.Set("72.DTMFPatchTonesNetworkID", record, record);
     content.Set("75.SIBTNetworkID", record, record);
+    if (network.inBandHertz != 0) {
+      content.Set("75.SIBTRawEnabled", record, 2);
+      content.Set("75.SIBTFrequency", record, 10 * network.inBandHertz);
+    }
     for (std::int32_t kind = 0; kind < 4; ++kind) {
       content.Set("68.DTMFPatchSeqNetworkID", 4 * (record - 1) + kind + 1, record);
       content.Set("68.DTMFPatchSeqSequenceType", 4 * (record - 1) + kind + 1, kind);
     }
   }
-  AddAlerts(content, count);
+  AddAlerts(content, networks);
 }
 
 /// The position reports need short data messages, and a port that the data does not use.
@@ -143,6 +152,31 @@ void AddDTMFSystems(Provider& content, const std::vector<DTMFSystem>& systems) {
       content.Set("66.DTMFNetworkPresetSeqType", sequence, kSequenceTypes[kind]);
       content.Set("66.DTMFNetworkPresetSequence", sequence, Keys(system.sequences[kind]));
     }
+  }
+}
+
+/// The periods of the CNE format, in steps; those of the other one are the defaults.
+constexpr struct {
+  std::string_view field;
+  std::int32_t steps;
+} kCNEPeriods[] = {{"37.T99MaxFirstTonePeriod", 30},
+                   {"37.T99MinSecondTonePeriod", 10},
+                   {"37.T99MaxSecondTonePeriod", 80},
+                   {"37.T99MinAllCallTonePeriod", 0},
+                   {"37.T99MaxAllCallTonePeriod", 0}};
+
+void AddTwoToneSystems(Provider& content, const std::vector<TwoToneSystem>& systems) {
+  content.SetCount(37, static_cast<RecordNr>(systems.size()));
+  RecordNr place = 0;
+  for (const TwoToneSystem& system : systems) {
+    ++place;
+    content.Set("37.T99NetworkID", place, NumberOf(system.number, place));
+    content.Set("37.T99TableFormat", place, system.isCNE ? 1 : 0);
+    content.Set("37.T99CustomSet", place, system.isCustom ? 1 : 0);
+    for (const auto& [field, steps] : kCNEPeriods) {
+      if (system.isCNE) content.Set(field, place, steps);
+    }
+    content.Set("37.T99TableFreq", place, Rows({system.tones.begin(), system.tones.end()}));
   }
 }
 
@@ -233,6 +267,8 @@ void AddChannels(Provider& content, const Personality& personality) {
     pointTo("5.Lead-In-Tone", Burst::LeadIn, channel.leadIn);
     const RecordNr preset = channel.preset == 0 ? 1 : PresetRecord(network.system, channel.preset);
     content.Set("5.DTMFPresetCallPointer", record, preset - 1);
+    if (channel.isPaged) content.Set("T99IndividualCallReceive_k6k", record, 1);
+    if (channel.hasInBandTone) content.Set("ChannelSIBTEnabled_k6k", record, 1);
   }
 }
 
@@ -285,6 +321,7 @@ void FillStored(Provider& content, const Personality& personality) {
   if (personality.gps) AddGPS(content, personality.networks);
   AddSystems(content, personality.systems);
   AddDTMFSystems(content, personality.dtmfSystems);
+  AddTwoToneSystems(content, personality.twoToneSystems);
   AddChannels(content, personality);
   AddGroups(content, personality);
 }

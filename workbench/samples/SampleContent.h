@@ -29,6 +29,8 @@ struct Channel {
   std::int32_t accessTone = 0;  // among its repeater access tones
   std::int32_t leadIn = 0;      // among its lead-in tones
   std::int32_t preset = 0;      // among the presets of the network's DTMF system
+  bool isPaged = false;         // receives the individual call of its two-tone system
+  bool hasInBandTone = false;   // sends and decodes that of its network
 };
 /// When a network sends the radio's position: 0 never, 1 always, 2 with a suppression time.
 struct Positions {
@@ -43,6 +45,7 @@ struct Network {
   bool emergency = false;
   std::int32_t emergencyChannel = 0;  // number of the dedicated one, 0 for the current one
   Positions positions = {};
+  std::int32_t inBandHertz = 0;  // of the single in-band tone, 0 for none
 };
 struct SelcallSystem {
   std::string txFormat, rxFormat;
@@ -60,6 +63,11 @@ struct DTMFSystem {
   std::array<std::string, 6> sequences;  // four of the network's, the ANI, the emergency
   std::int32_t number = 0;
 };
+struct TwoToneSystem {
+  bool isCNE, isCustom;
+  std::array<std::int32_t, 4> tones;  // in tenths of a hertz, 0 for none
+  std::int32_t number = 0;
+};
 struct Group {
   std::int32_t number;
   bool isVote;
@@ -70,6 +78,7 @@ struct Personality {
   std::vector<Network> networks;
   std::vector<SelcallSystem> systems;
   std::vector<DTMFSystem> dtmfSystems = {};
+  std::vector<TwoToneSystem> twoToneSystems = {};
   std::vector<Channel> channels;
   bool gps = false;
   std::vector<Group> groups = {};

@@ -41,6 +41,14 @@ DTMFSystem FullDTMFSystem(std::int32_t place) {
   return system;
 }
 
+/// Both formats, each with tones of its list and with tones of the user's own; A is not the lowest.
+TwoToneSystem FullTwoToneSystem(std::int32_t place) {
+  constexpr std::array<std::int32_t, 4> kTones[] = {
+      {12858, 5105, 7468, 18810}, {8325, 5175, 9675, 6525}, {10001, 20005, 4007, 0}, {3001, 9000, 0, 6009}};
+  return {
+      .isCNE = place % 2 == 0, .isCustom = place > 2, .tones = kTones[place - 1], .number = 4 * place - 3};
+}
+
 /// `count` bursts of so many tones.
 std::vector<std::string> Bursts(const std::string& prefix, std::int32_t count, std::size_t tones) {
   std::vector<std::string> bursts;
@@ -89,11 +97,12 @@ SelcallSystem FullSelcallSystem(std::int32_t place) {
 
 Channel FullChannel(std::int32_t index, std::int32_t signallingType) {
   constexpr const char* kTones[] = {"C67.0", "D023", "C103.5", "D754", "C254.1", "D331"};
+  const bool hasInBandTone = SendsInBandTone(index + 1);
   Channel channel{.number = ChannelNumber(index),
                   .rxHertz = 146.003125e6 + index * 25e3,
                   .txHertz = 138.00625e6 + index * 37.5e3,
-                  .rxTone = kTones[index % 6],
-                  .txTone = kTones[(index + 1) % 6],
+                  .rxTone = hasInBandTone ? "None" : kTones[index % 6],
+                  .txTone = hasInBandTone ? "None" : kTones[(index + 1) % 6],
                   .network = index % kFullNetworks + 1,
                   .power = index % 4 + 1};
   if (signallingType == 1) {
@@ -141,6 +150,7 @@ Personality Full() {
   for (std::int32_t i = 0; i < kFullNetworks; ++i) full.networks.push_back(FullNetwork(i));
   for (std::int32_t place = 1; place <= kSystems; ++place) {
     full.dtmfSystems.push_back(FullDTMFSystem(place));
+    full.twoToneSystems.push_back(FullTwoToneSystem(place));
     full.systems.push_back(FullSelcallSystem(place));
   }
   for (std::int32_t i = 0; i < kFullChannels; ++i) {

@@ -8,6 +8,9 @@ constexpr std::int32_t kFullNetworks = 16;
 // Channels and scan groups share a limit of 100 records.
 constexpr std::int32_t kFullChannels = 90;
 constexpr std::int32_t kFullGroups = 10;
+/// One network in four, without Selcall, has an in-band tone; one channel in two of it sends that, and so
+/// none below the voice.
+constexpr bool SendsInBandTone(std::int32_t channel) { return channel % 8 == 0; }
 /// The last channels are in no group.
 constexpr std::int32_t kFullMembers = kFullChannels - 4;
 

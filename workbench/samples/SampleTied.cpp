@@ -1,8 +1,6 @@
 #include <algorithm>
 #include <array>
-#include <numeric>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/Conversions.h"
@@ -71,6 +69,7 @@ constexpr Column kChannels[] = {
     {"5.TxCompression",      [](RecordNr r) { return r / 2 % 2; }},
     {"5.ReceptionExpansion", [](RecordNr r) { return r / 2 % 2; }},
     {"5.ChannelANR",         [](RecordNr r) { return r % 4 == 0 ? 1 : 0; }},
+    {"5.ChannelSIBTEnabled_k6k", [](RecordNr r) { return SendsInBandTone(r) ? 1 : 0; }},
     {"5.HiddenChannel",      [](RecordNr r) { return r <= kFullMembers ? 1 : 0; }},  // members of a hidden group
 };
 
@@ -159,8 +158,10 @@ constexpr Column kInBandTones[] = {
     // Not beside Selcall: the data are too fast.
     {"75.SIBTRawEnabled",  [](RecordNr r) { return IsSelcall(r) ? 0 : 1 + r / 4 % 2; }},
     {"75.SIBTFrequency",   [](RecordNr r) { return InBandTone(r); }},
-    {"75.SIBTLowerBound",  [](RecordNr r) { return InBandTone(r) - InBandTone(r) * 3 / 800; }},
-    {"75.SIBTUpperBound",  [](RecordNr r) { return InBandTone(r) + InBandTone(r) * 3 / 800; }},
+    {"75.SIBTLowerBound",  [](RecordNr r) { return InBandTone(r) - 75; }},
+    {"75.SIBTUpperBound",  [](RecordNr r) { return InBandTone(r) + 75; }},
+    {"75.SIBTMixingFrequency", [](RecordNr r) { return InBandTone(r) < 15000 ? 17130 : 12870; }},
+    {"75.SIBTToneBandwidth", [](RecordNr) { return 0; }},  // every save clears it
     {"75.SIBTToneEncodeDuration_k6k",    [](RecordNr r) { return 1000 + 100 * r; }},
     {"75.SIBTMinimumDecodeDuration_k6k", [](RecordNr r) { return 100 + 30 * r; }},
 };
@@ -176,6 +177,9 @@ constexpr ToneSet kToneSets[] = {
     {6, {2400, 1160, 1060, 1270, 1400, 1530, 1670, 1830, 2000, 2200, 970, 810, 2800, 885, 680, 2600}},
     {2, {1981, 1124, 1197, 1275, 1358, 1446, 1540, 1640, 1747, 1860, 1055, 930, 2400, 991, 2110, 2247}},
 };
+
+/// Two-tone systems of the MOT format, which has them, and of the CNE format take turns.
+constexpr bool HasCallsToAll(RecordNr system) { return system % 2 == 1; }
 
 constexpr Column kSystems[] = {
     {"29.TonePeriod",           [](RecordNr r) { return r == 1 ? 1 : r + 1; }},
@@ -198,15 +202,16 @@ constexpr Column kSystems[] = {
     {"49.FreeFormGap2",     [](RecordNr r) { return (r + 3) % 8 + 1; }},
     {"49.FreeFormGap3",     [](RecordNr r) { return r % 7 + 1; }},
     {"49.FreeFormGap4",     [](RecordNr r) { return r % 5 + 2; }},
-    {"37.T99NetworkID",            [](RecordNr r) { return 4 * r - 3; }},
+    {"37.T99ToneSetMixingFreq",    [](RecordNr r) { return HasCallsToAll(r) ? 1413 : 1100; }},
+    // In steps of 50 ms; a gap of one step is not allowed.
     {"37.T99MinFirstTonePeriod",   [](RecordNr r) { return 5 + 2 * r; }},
-    {"37.T99MaxFirstTonePeriod",   [](RecordNr r) { return 80 + 9 * r; }},
-    {"37.T99MinGapPeriod",         [](RecordNr r) { return r; }},
-    {"37.T99MaxGapPeriod",         [](RecordNr r) { return 10 + 2 * r; }},
-    {"37.T99MinSecondTonePeriod",  [](RecordNr r) { return 30 + 5 * r; }},
-    {"37.T99MaxSecondTonePeriod",  [](RecordNr r) { return 200 + 7 * r; }},
-    {"37.T99MinAllCallTonePeriod", [](RecordNr r) { return 100 + 9 * r; }},
-    {"37.T99MaxAllCallTonePeriod", [](RecordNr r) { return 180 + 11 * r; }},
+    {"37.T99MaxFirstTonePeriod",   [](RecordNr r) { return 30 + 11 * r; }},
+    {"37.T99MinGapPeriod",         [](RecordNr r) { return r == 4 ? 0 : r + 1; }},
+    {"37.T99MaxGapPeriod",         [](RecordNr r) { return 11 + 2 * r; }},
+    {"37.T99MinSecondTonePeriod",  [](RecordNr r) { return 8 + 3 * r; }},
+    {"37.T99MaxSecondTonePeriod",  [](RecordNr r) { return 70 + 7 * r; }},
+    {"37.T99MinAllCallTonePeriod", [](RecordNr r) { return HasCallsToAll(r) ? 100 + 9 * r : 0; }},
+    {"37.T99MaxAllCallTonePeriod", [](RecordNr r) { return HasCallsToAll(r) ? 180 + 11 * r : 0; }},
     {"80.MDC1200SignallingSystemID", [](RecordNr r) { return 4 * r; }},
     {"80.MDC1200RadioID",            [](RecordNr r) { return 0x0ABC + 9241 * (r - 1); }},
     {"81.MDC1200NetworkPresetSeqSigSystemID", [](RecordNr r) { return 4 * ((r + 1) / 2); }},
@@ -215,28 +220,25 @@ constexpr Column kSystems[] = {
 };
 // clang-format on
 
-/// Rows of `first`, and `step` more in each.
-Variant Series(std::int32_t rows, std::int32_t first, std::int32_t step) {
-  std::vector<std::int32_t> values(static_cast<std::size_t>(rows));
-  for (std::int32_t& value : values) value = std::exchange(first, first + step);
-  return Rows(values);
-}
-
-/// Each code once; the one that comes first has moved `by` places.
-Variant Turned(std::int32_t lowest, std::int32_t count, std::int32_t by) {
-  std::vector<std::int32_t> codes(static_cast<std::size_t>(count));
-  std::iota(codes.begin(), codes.end(), lowest);
-  std::rotate(codes.begin(), codes.begin() + by, codes.end());
-  return Rows(codes);
-}
+/// What the decoder of a two-tone system looks for: the bounds of the tones in ascending order, in tenths of
+/// a hertz, and which tone each is.
+struct TwoTones {
+  std::vector<std::int32_t> lowest, highest, order;
+};
+const TwoTones kTwoTones[] = {
+    {{5030, 7393, 12783, 31000}, {5180, 7543, 12933, 31000}, {2, 3, 1, 4}},
+    {{5100, 6450, 8250, 9600}, {5250, 6600, 8400, 9750}, {2, 4, 1, 3}},
+    {{3932, 9926, 19930, 31000}, {4082, 10076, 20080, 31000}, {3, 1, 2, 4}},
+    {{0, 2926, 5934, 8925}, {0, 3076, 6084, 9075}, {3, 1, 4, 2}},
+};
 
 /// Tones with their limits, and the order in which the codes stand for them.
 void FillToneSets(Provider& content) {
   for (RecordNr r = 1; r <= content.Count(37); ++r) {
-    content.Set("37.T99TableFreq", r, Series(4, 5000 + 100 * r, 1500));
-    content.Set("37.T99ToneSetLowerBound", r, Series(4, 4925 + 100 * r, 1500));
-    content.Set("37.T99ToneSetUpperBound", r, Series(4, 5075 + 100 * r, 1500));
-    content.Set("37.T99ToneSetRemapTable", r, Turned(1, 4, r % 4));
+    const TwoTones& system = kTwoTones[r - 1];
+    content.Set("37.T99ToneSetLowerBound", r, Rows(system.lowest));
+    content.Set("37.T99ToneSetUpperBound", r, Rows(system.highest));
+    content.Set("37.T99ToneSetRemapTable", r, Rows(system.order));
   }
   for (RecordNr r = 1; r <= content.Count(48); ++r) {
     const auto& hertz = kToneSets[r - 1].hertz;

@@ -174,6 +174,32 @@ Personality CityFleet() {
   return city;
 }
 
+/// A hospital: doctors and porters are paged by two tones, and the masts of the mountain rescue open by a
+/// tone in the band of the voice.
+Personality HospitalPaging() {
+  Personality hospital{
+      .band = kBandB1,
+      .networks = {{.signallingType = 3, .system = 1},
+                   {.signallingType = 3, .system = 2},
+                   {.signallingType = 0, .inBandHertz = 2100}},
+      .systems = {},
+      .twoToneSystems = {{.isCNE = false, .isCustom = false, .tones = {5105, 7468, 12858, 0}},
+                         {.isCNE = true, .isCustom = true, .tones = {6005, 7250, 8100, 9405}}},
+      .channels = {}};
+  for (std::int32_t i = 0; i < 6; ++i) {
+    const double hertz = 152.4e6 + i * 25e3;
+    hospital.channels.push_back({.number = i + 1,
+                                 .rxHertz = hertz,
+                                 .txHertz = hertz,
+                                 .rxTone = i < 4 ? "C103.5" : "None",
+                                 .txTone = i < 4 ? "C103.5" : "None",
+                                 .network = i / 2 + 1,
+                                 .isPaged = i < 4,
+                                 .hasInBandTone = i >= 4});
+  }
+  return hospital;
+}
+
 void WriteAll(const std::string& folder, Workplace& workplace) {
   using Fill = void(Provider&, const Personality&);
   const auto write = [&](const char* name, const Personality& personality, Fill fill) {
@@ -184,6 +210,7 @@ void WriteAll(const std::string& folder, Workplace& workplace) {
   write("minimal", Minimal(), Samples::FillStored);
   write("marine-harbour", MarineHarbour(), Samples::FillStored);
   write("city-fleet", CityFleet(), Samples::FillStored);
+  write("hospital-paging", HospitalPaging(), Samples::FillStored);
   write("full", Samples::Full(), Samples::FillFull);
 }
 

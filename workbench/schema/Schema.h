@@ -43,7 +43,10 @@ struct SchemaField {
   StorageKind kind = StorageKind::Raw;
   FieldType type = FieldType::Integer;
   FieldScope scope = FieldScope::Record;
-  Variant standard;          // the value of a new record
+  Variant standard;       // the value of a new record, in the shape of the radio
+  Variant shownStandard;  // the same while the personality is on its forms
+  /// Whether the forms hold the stored value itself, in the shown unit.
+  bool isInPlace = false;
   std::int32_t minimum = 0;  // unscaled
   std::int32_t maximum = 0;
   Currency scale;

@@ -9,7 +9,8 @@
 #include "workbench/schema/Schema.h"
 
 namespace {
-constexpr std::string_view kKinds[] = {"raw", "form"};                                    // StorageKind
+constexpr std::string_view kKinds[] = {"raw", "form"};                   // StorageKind
+constexpr std::string_view kFieldKinds[] = {"raw", "form", "in-place"};  // the last is Raw, too
 constexpr std::string_view kTypes[] = {"integer", "number", "text", "boolean", "array"};  // FieldType
 constexpr std::string_view kScopes[] = {"record", "table"};                               // FieldScope
 constexpr std::size_t kRequired = std::string_view::npos;  // an empty cell is no choice
@@ -137,13 +138,17 @@ SchemaField FieldOfRow(const TabbedFile& file) {
   if (file.Cell(kField).empty()) file.Fail(kField, "a field needs a name");
   field.id = std::to_string(field.table) + "." + std::string(file.Cell(kField));
   field.uiids = SplitNames(file.Cell(kUiid));
-  field.kind = static_cast<StorageKind>(file.Choice(kKind, kKinds, kRequired));
+  const auto kind = file.Choice(kKind, kFieldKinds, kRequired);
+  field.isInPlace = kind == std::size(kKinds);
+  field.kind = field.isInPlace ? StorageKind::Raw : static_cast<StorageKind>(kind);
   field.type = static_cast<FieldType>(file.Choice(kType, kTypes, kRequired));
-  field.standard = DefaultOf(file, field.type);
+  field.shownStandard = DefaultOf(file, field.type);
   field.minimum = file.Integer(kMinimum, 0);
   field.maximum = file.Integer(kMaximum, 0);
   if (field.minimum > field.maximum) file.Fail(kMaximum, "less than the minimum");
   field.scale = CCur(file.Cell(kScale).empty() ? 1.0 : file.Number(kScale));
+  field.standard =
+      field.isInPlace ? RoundToLong(CDbl(field.shownStandard) * CDbl(field.scale)) : field.shownStandard;
   field.units = file.Cell(kUnits);
   field.transform = file.Integer(kTransform, 0);
   field.scope = static_cast<FieldScope>(file.Choice(kScope, kScopes, 0));

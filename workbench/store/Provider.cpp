@@ -29,7 +29,8 @@ Status Provider::DefaultValue(std::string_view name, Variant& out) {
       CallGroup::Lookup, [&] { return CallName("Iprovider.DefaultValue", name); },
       [&] {
         const SchemaField& field = FieldOf(name);
-        out = field.isIdentity ? Variant(state_->FreeValuesOf(field)->At(0)) : field.standard;
+        out = field.isIdentity ? Variant(state_->FreeValuesOf(field)->At(0))
+                               : state_->records.NewValueOf(field);
       });
 }
 
@@ -120,6 +121,8 @@ RecordNr Provider::Count(const SchemaTable& table) const { return state_->record
 void Provider::SetCount(std::int32_t table, RecordNr count) {
   state_->records.SetCount(state_->TableOf(std::to_string(table)), count);
 }
+
+void Provider::SetOnForms(bool on) { state_->records.SetOnForms(on); }
 
 void Provider::SetFactoryMode(bool on) { state_->factoryMode = on; }
 

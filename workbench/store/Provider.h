@@ -46,6 +46,8 @@ class Provider final : public Iprovider {
   RecordNr Count(const SchemaTable& table) const;
   /// Removes records from the end of the table or appends new ones, up to its capacity.
   void SetCount(std::int32_t table, RecordNr count);
+  /// Whether the content is in the shape of the forms, for the defaults of new records.
+  void SetOnForms(bool on);
   void SetFactoryMode(bool on);
   bool IsAutoUpdating() const;
 

@@ -62,7 +62,7 @@ Status FieldObject::TransformId(std::int32_t& out) {
 }
 
 Status FieldObject::Default(Variant& out) {
-  return Call("Ifield.Default", [&] { out = field_.standard; });
+  return Call("Ifield.Default", [&] { out = state_.records.NewValueOf(field_); });
 }
 
 Status FieldObject::Name(std::string& out) {

@@ -115,7 +115,7 @@ void Records::Insert(const SchemaTable& table, RecordNr record) {
   TableContent& content = ContentToChange(table);
   for (const SchemaField& field : schema_->FieldsOf(table)) {
     auto& values = content.columns[ColumnOf(field)];
-    values.insert(values.begin() + (record - 1), field.standard);
+    values.insert(values.begin() + (record - 1), NewValueOf(field));
   }
   content.count = newCount;
 }
@@ -133,7 +133,7 @@ void Records::SetCount(const SchemaTable& table, RecordNr count) {
   CheckCapacity(table, count);
   TableContent& content = ContentToChange(table);
   for (const SchemaField& field : schema_->FieldsOf(table)) {
-    content.columns[ColumnOf(field)].resize(static_cast<std::size_t>(count), field.standard);
+    content.columns[ColumnOf(field)].resize(static_cast<std::size_t>(count), NewValueOf(field));
   }
   content.count = count;
 }

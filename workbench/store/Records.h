@@ -71,12 +71,20 @@ class Records {
     return field.index - schema_->TableOf(field).firstField;
   }
 
+  /// Whether the content is in the shape of the forms: new records take defaults in the shown unit.
+  bool IsOnForms() const { return isOnForms_; }
+  void SetOnForms(bool on) { isOnForms_ = on; }
+  const Variant& NewValueOf(const SchemaField& field) const {
+    return isOnForms_ ? field.shownStandard : field.standard;
+  }
+
   // The listener is not told of these.
 
   /// Takes over all records of a store of the same schema.
   void CopyContent(const Records& other) {
     ++changes_;
     tables_ = other.tables_;
+    isOnForms_ = other.isOnForms_;
   }
   void Restore(const SchemaTable& table, TableContent content) {
     ++changes_;
@@ -93,4 +101,5 @@ class Records {
   std::vector<TableContent> tables_;
   WriteListener* listener_ = nullptr;
   std::uint64_t changes_ = 0;
+  bool isOnForms_ = false;
 };

@@ -21,6 +21,7 @@ const Names kAtDefault = {
     "0.RadioTier",               // the model
     "16.GroupSleepTime",         // every save clears it
     "10.IndicatorDuration",      // every save lays it out, as 0
+    "75.SIBTToneBandwidth",      // every save clears it
     "34.RFCompliance",           // another band has it
     "34.GlobalEncryption",       // the channels encrypt one by one
     "34.StartUpInLowPowerMode",  // no function key ends it
