@@ -93,7 +93,6 @@ Status clsKD4410ProvOwn::PreWriteProcessing(std::shared_ptr<Iprovider> provider,
 Status clsKD4410ProvOwn::PostAddProcessing(std::shared_ptr<Iprovider> provider, std::string_view gridName,
                                            Boolean& out) {
   return Call([&](Itier* tier) {
-    if (!modPostAddProcessing::CanCompleteAdded(gridName)) RaiseNotSupported("PostAddProcessing", gridName);
     out = ToBoolean(Procedure("PostAddProcessing", true, [&] {
       modPostAddProcessing::CheckAddedRecord(ValidatorRef(tier), ProviderRef(provider), gridName);
       return true;

@@ -15,6 +15,8 @@
 #include "scangroups/modvalScanGroups.h"
 #include "selcall/modSelcallRecords.h"
 #include "selcall/modvalControlStatus.h"
+#include "signalling/modvalDTMF.h"
+#include "signalling/modvalMDC1200.h"
 #include "signalling/modvalType99.h"
 
 namespace modPostAddProcessing {
@@ -30,6 +32,8 @@ constexpr Completion kAdded[] = {
     {21, modNetworkRecords::AddNetwork},
     {29, modSelcallRecords::AddSelcall6000},
     {37, modvalType99::AddType99_6000},
+    {64, modvalDTMF::AddDTMF6000},
+    {80, modvalMDC1200::AddMDC1200SignallingSystem},
     {1115, modvalControlStatus::AddControlStatus},
     {1119, modvalScanGroups::AddGroupMembershipK6000},
 };
@@ -39,13 +43,8 @@ constexpr Completion kInserted[] = {
     {1115, modvalControlStatus::AddControlStatus},
 };
 
-/// Tables of grids whose subjects the tier does not have yet.
-constexpr std::int32_t kAddedToCome[] = {64, 80};
+/// Tables of grids whose subject the tier does not have yet.
 constexpr std::int32_t kInsertedToCome[] = {5};
-
-bool IsOneOf(std::span<const std::int32_t> tables, std::string_view gridName) {
-  return std::ranges::find(tables, Grids::TableOf(gridName)) != tables.end();
-}
 
 void TellUnknown(std::string_view gridName) {
   modCommonErrorHandler::ShowMessageBox(
@@ -69,9 +68,9 @@ std::string_view KeyField(std::string_view name) {
 }
 }  // namespace
 
-bool CanCompleteAdded(std::string_view gridName) { return !IsOneOf(kAddedToCome, gridName); }
-
-bool CanCompleteInserted(std::string_view gridName) { return !IsOneOf(kInsertedToCome, gridName); }
+bool CanCompleteInserted(std::string_view gridName) {
+  return std::ranges::find(kInsertedToCome, Grids::TableOf(gridName)) == std::end(kInsertedToCome);
+}
 
 void CheckAddedRecord(const ValidatorRef& validator, const ProviderRef& provider, std::string_view gridName) {
   Procedure("CheckAddedRecord", [&] {

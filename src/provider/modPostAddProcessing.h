@@ -7,7 +7,6 @@
 /// What follows when the host has added, inserted or deleted a record.
 namespace modPostAddProcessing {
 /// False for a grid whose processing the tier does not have yet.
-bool CanCompleteAdded(std::string_view gridName);
 bool CanCompleteInserted(std::string_view gridName);
 
 /// Completes the last record of the grid's table. A grid that is not known changes nothing; a box tells.

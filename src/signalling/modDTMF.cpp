@@ -5,6 +5,7 @@
 #include <string>
 
 #include "common/Procedure.h"
+#include "common/StoredValues.h"
 #include "platform/Conversions.h"
 #include "selcall/modSelcallMapping.h"
 
@@ -70,9 +71,7 @@ void TimingsFromForm(const ProviderRef& provider, RecordNr system) {
 }
 
 void SequencesToForm(const ProviderRef& provider, RecordNr system) {
-  for (const NetworkSequence& sequence : kNetworkSequences) {
-    provider.Field(sequence.form).SetValue(system, "");
-  }
+  BlankSequences(provider, system);
   const Variant identity = provider.Field("64.DTMFNetworkSigSystemID").Value(system);
   const FieldRef owner = provider.Field("66.DTMFNetworkPresetSeqSigSysID");
   const FieldRef type = provider.Field("66.DTMFNetworkPresetSeqType");
@@ -83,6 +82,19 @@ void SequencesToForm(const ProviderRef& provider, RecordNr system) {
     if (sequence != nullptr) provider.Field(sequence->form).SetValue(system, ToForm(raw.Value(stored)));
   }
 }
+
+/// Calls `take(preset)` for each preset of the system with the number, until it is false.
+template <typename Take>
+void ForPresetsOf(const ProviderRef& provider, const Variant& number, Take take) {
+  const FieldRef owners = provider.Field("65.DTMFChannelPresetSeqSigSysID");
+  const RecordNr last = owners.RecordCount();
+  for (RecordNr preset = kFirstPreset; preset <= last; ++preset) {
+    if (SameValue(owners.Value(preset), number) && !take(preset)) return;
+  }
+}
+
+constexpr std::string_view kPreset = "65.DTMFChannelPresetSequenceUI";
+constexpr std::string_view kShownPreset = "1098.DTMFPresetSequence";
 
 constexpr std::int32_t kPatchesPerNetwork = 4;
 
@@ -206,7 +218,7 @@ void SetPatchSequences(const ProviderRef& provider, std::string_view, RecordNr r
 void GetChannelPreset(const ProviderRef& provider, std::string_view, RecordNr) {
   Procedure("GetChannelPreset", [&] {
     const FieldRef raw = provider.Field("65.DTMFChannelPresetSequence");
-    const FieldRef form = provider.Field("65.DTMFChannelPresetSequenceUI");
+    const FieldRef form = provider.Field(kPreset);
     const FieldRef sortOrder = provider.Field("65.SortOrder");
     for (const RecordNr preset : raw.Records()) {
       form.SetValue(preset, ToForm(raw.Value(preset)));
@@ -218,10 +230,54 @@ void GetChannelPreset(const ProviderRef& provider, std::string_view, RecordNr) {
 void SetChannelPreset(const ProviderRef& provider, std::string_view, RecordNr) {
   Procedure("SetChannelPreset", [&] {
     const FieldRef raw = provider.Field("65.DTMFChannelPresetSequence");
-    const FieldRef form = provider.Field("65.DTMFChannelPresetSequenceUI");
+    const FieldRef form = provider.Field(kPreset);
     for (const RecordNr preset : form.Records()) {
       raw.SetValue(preset, FromForm(form.Value(preset)));
     }
   });
+}
+
+bool GetPresetFilteredGrid(FormWrites& writes, const ProviderRef& provider, RecordNr record) {
+  return Procedure("GetPresetFilteredGrid", true, [&] {
+    {
+      const ScopedAutoUpdate silent(provider, false);  // that the grid is filled is nobody's edit
+      provider.ClearTable("1098");
+      const Variant number = StoredValue(provider, "64.DTMFNetworkSigSystemID", record);
+      const TableRef grid = provider.Table("1098");
+      const FieldRef presets = provider.Field(kPreset);
+      const FieldRef shown = provider.Field(kShownPreset);
+      if (!number.IsEmpty()) {
+        ForPresetsOf(provider, number, [&](RecordNr preset) {
+          shown.SetValue(grid.AppendRecord(), presets.Value(preset));
+          return true;
+        });
+      }
+    }
+    writes.Reload("DTMFPresetSequence");
+    return true;
+  });
+}
+
+bool SetPresetFilteredGrid(const ProviderRef& provider) {
+  return Procedure("SetPresetFilteredGrid", true, [&] {
+    const FieldRef shown = provider.Field(kShownPreset);
+    const RecordNr rows = shown.RecordCount();
+    const RecordNr current = CLng(StoredValue(provider, "CurrentDTMFNr", kOnly));
+    const Variant number = StoredValue(provider, "64.DTMFNetworkSigSystemID", current);
+    if (rows == 0 || number.IsEmpty()) return true;
+    const FieldRef presets = provider.Field(kPreset);
+    RecordNr row = 0;
+    ForPresetsOf(provider, number, [&](RecordNr preset) {
+      presets.SetValue(preset, shown.Value(++row));
+      return row < rows;
+    });
+    return true;
+  });
+}
+
+void BlankSequences(const ProviderRef& provider, RecordNr system) {
+  for (const NetworkSequence& sequence : kNetworkSequences) {
+    provider.Field(sequence.form).SetValue(system, "");
+  }
 }
 }  // namespace modDTMF

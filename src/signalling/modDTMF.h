@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "common/Handles.h"
+#include "common/FormWrites.h"
 
 /// DTMF sequences: "*" and "#" on the form are the codes 15 and 14 in the radio.
 namespace modDTMF {
@@ -29,4 +29,13 @@ void SetPatchSequences(const ProviderRef& provider, std::string_view fieldId, Re
 /// its sort order.
 void GetChannelPreset(const ProviderRef& provider, std::string_view fieldId, RecordNr record);
 void SetChannelPreset(const ProviderRef& provider, std::string_view fieldId, RecordNr record);
+
+/// Record 1 of table 65 belongs to no system.
+inline constexpr RecordNr kFirstPreset = 2;
+/// Shows the presets of the system `record` in table 1098, which is empty for a record that is not there.
+bool GetPresetFilteredGrid(FormWrites& writes, const ProviderRef& provider, RecordNr record);
+/// Brings the presets of table 1098 back to those of the system on the form; an empty table brings nothing.
+bool SetPresetFilteredGrid(const ProviderRef& provider);
+/// The sequences of a system, but for its presets.
+void BlankSequences(const ProviderRef& provider, RecordNr system);
 }  // namespace modDTMF

@@ -38,9 +38,8 @@ void RemoveAllSequences(const ProviderRef& provider) {
   const TableRef table = provider.Table("81");
   for (RecordNr left = table.RecordCount(); left > 0; --left) table.DeleteRecord(1);
 }
+}  // namespace
 
-/// A system that is stored alone, after an edit, is not to leave its old sequences behind: they would fill
-/// the table and bring back one that was emptied. A walk from system 1 finds none.
 void RemoveOwnSequences(const ProviderRef& provider, const Variant& identity) {
   const TableRef table = provider.Table("81");
   const FieldRef owner = provider.Field("81.MDC1200NetworkPresetSeqSigSystemID");
@@ -48,7 +47,6 @@ void RemoveOwnSequences(const ProviderRef& provider, const Variant& identity) {
     if (SameValue(owner.Value(sequence), identity)) table.DeleteRecord(sequence);
   }
 }
-}  // namespace
 
 bool IsNoSequence(std::string_view hex) { return hex.find_first_not_of('0') == std::string_view::npos; }
 
@@ -77,6 +75,8 @@ void SetMDC1200(const ProviderRef& provider, std::string_view, RecordNr record) 
     if (record == 1) {
       RemoveAllSequences(provider);
     } else {
+      // A system that is stored alone, after an edit, is not to leave its old sequences behind: they would
+      // fill the table and bring back one that was emptied. A walk from system 1 finds none.
       RemoveOwnSequences(provider, identity);
     }
     provider.Field("80.MDC1200RadioID")

@@ -16,4 +16,6 @@ void GetMDC1200(const ProviderRef& provider, std::string_view fieldId, RecordNr 
 /// System 1 empties the table first, so that a walk over all systems rebuilds it. Raises 13 for a text that
 /// is not hexadecimal.
 void SetMDC1200(const ProviderRef& provider, std::string_view fieldId, RecordNr record);
+/// A system that goes takes its sequences along.
+void RemoveOwnSequences(const ProviderRef& provider, const Variant& identity);
 }  // namespace modMDC1200

@@ -40,18 +40,14 @@ Status cKD4410TierValidator::Guarded(Boolean& out, Rule rule) {
 Status cKD4410TierValidator::AddRecord(std::string_view gridName, std::shared_ptr<Iprovider> provider,
                                        Boolean& out) {
   return Guarded(out, [&](const ValidatorRef& validator) {
-    const std::int32_t table = Grids::TableOf(gridName);
-    if (!modvalRecords::HasAddRule(table)) RaiseNotSupported("AddRecord");
-    return modvalRecords::AddRecord(validator, table, ProviderRef(provider));
+    return modvalRecords::AddRecord(validator, Grids::TableOf(gridName), ProviderRef(provider));
   });
 }
 
 Status cKD4410TierValidator::DeleteRecord(std::string_view gridName, RecordNr record,
                                           std::shared_ptr<Iprovider>, Boolean& out) {
   return Guarded(out, [&](const ValidatorRef& validator) {
-    const std::int32_t table = Grids::TableOf(gridName);
-    if (!modvalRecords::HasDeleteRule(table)) RaiseNotSupported("DeleteRecord");
-    return modvalRecords::DeleteRecord(validator, table, record);
+    return modvalRecords::DeleteRecord(validator, Grids::TableOf(gridName), record);
   });
 }
 

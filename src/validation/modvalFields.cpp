@@ -18,6 +18,7 @@
 #include "selcall/modvalFreeFormat.h"
 #include "selcall/modvalSelcall.h"
 #include "selcall/modvalToneSets.h"
+#include "signalling/modvalDTMF.h"
 #include "signalling/modvalSIBT.h"
 #include "signalling/modvalType99.h"
 #include "validation/modvalSwitches.h"
@@ -158,6 +159,14 @@ constexpr FieldRule kRules[] = {
     {"BURSTSEQUENCE3_K6K",         modvalBursts::ValidateBurstSequence},
     {"BURSTSEQUENCE4_K6K",         modvalBursts::ValidateBurstSequence},
     {"BURSTSEQUENCE5_K6K",         modvalBursts::ValidateBurstSequence},
+    {"CURRENTDTMFNR",              modvalDTMF::ValidateCurrentDTMF},
+    {"DTMFPRESETSEQUENCE",         modvalDTMF::ValidatePresetSequence},
+    {"DTMFEMERGSEQUENCE",          modvalDTMF::ValidateDTMFSequence},
+    {"DTMFANISEQUENCE",            modvalDTMF::ValidateDTMFSequence},
+    {"DTMFNETWORKSEQUENCE1",       modvalDTMF::ValidateDTMFSequence},
+    {"DTMFNETWORKSEQUENCE2",       modvalDTMF::ValidateDTMFSequence},
+    {"DTMFNETWORKSEQUENCE3",       modvalDTMF::ValidateDTMFSequence},
+    {"DTMFNETWORKSEQUENCE4",       modvalDTMF::ValidateDTMFSequence},
     {"SIBTENABLED_K6K",            OnCurrentNetwork<modvalSIBT::ValidateEnableDisableSIBT>},
     {"T99TABLEFORMAT_K6K",         modvalType99::OnChangeTableFormat},
     {"T99CUSTOM_K6K",              SwitchesAlone},

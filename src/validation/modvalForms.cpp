@@ -12,6 +12,7 @@
 #include "selcall/modvalFreeFormat.h"
 #include "selcall/modvalSelcall.h"
 #include "selcall/modvalToneSets.h"
+#include "signalling/modvalDTMF.h"
 #include "signalling/modvalType99.h"
 
 namespace modvalForms {
@@ -38,6 +39,7 @@ constexpr struct {
     {"USRCTLCONTROLSTATUSKD4410", Plain<modvalControlStatus::ValidateControlStatusForm>},
     {"USRCTLCONTROLSTATUSKE2210", Plain<modvalControlStatus::ValidateControlStatusForm>},
     {"USRCTLSELCALLTONESETTINGS", Plain<modvalToneSets::ValidateUserDefinedTones>},
+    {"USRCTLDTMF", Plain<modvalDTMF::ValidateDTMFForm>},
     {"USRCTLTYPE99", Plain<modvalType99::ValidateType99Form>},
     {"USRCTLNETWORKS", Plain<modvalNetworks::ValidateBasicSettingsForm>},
     {"USRCTLDTMFPATCH", Plain<modvalNetworks::ValidateDTMFPatchForm>},

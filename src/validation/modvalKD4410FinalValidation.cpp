@@ -14,6 +14,7 @@
 #include "scangroups/modvalScanGroups.h"
 #include "selcall/modvalControlStatus.h"
 #include "selcall/modvalSelcall.h"
+#include "signalling/modDTMF.h"
 
 namespace modvalKD4410FinalValidation {
 namespace {
@@ -102,7 +103,9 @@ constexpr bool (*kRules[])(const ValidatorRef& validator) = {
 }  // namespace
 
 bool RunFinalValidation(const ValidatorRef& validator) {
-  return Procedure("RunFinalValidation", true,
-                   [&] { return std::ranges::all_of(kRules, [&](auto rule) { return rule(validator); }); });
+  return Procedure("RunFinalValidation", true, [&] {
+    modDTMF::SetPresetFilteredGrid(validator.CurrentProvider());
+    return std::ranges::all_of(kRules, [&](auto rule) { return rule(validator); });
+  });
 }
 }  // namespace modvalKD4410FinalValidation

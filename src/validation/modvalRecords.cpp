@@ -11,6 +11,8 @@
 #include "selcall/modSelcallRecords.h"
 #include "selcall/modvalControlStatus.h"
 #include "selcall/modvalSelcall.h"
+#include "signalling/modvalDTMF.h"
+#include "signalling/modvalMDC1200.h"
 #include "signalling/modvalType99.h"
 
 namespace modvalRecords {
@@ -42,6 +44,7 @@ constexpr struct {
     {16, MayAddChannelOrGroup},
     {21, AddNetworkCompanions},
     {29, AddSelcallCompanions},
+    {64, modvalDTMF::AddPresets},
     {1115, modvalControlStatus::MayAddControlStatus},
     {1119, modvalScanGroups::MayAddMember},
 };
@@ -53,11 +56,8 @@ constexpr struct {
     {5, modvalChannels::DeleteChannel},  {16, modvalScanGroups::DeleteScanGroup},
     {21, modvalNetworks::DeleteNetwork}, {1119, modvalScanGroups::DeleteScanGroupMember},
     {29, modvalSelcall::DeleteSelcall},  {37, modvalType99::DeleteType99},
+    {64, modvalDTMF::DeleteDTMF},        {80, modvalMDC1200::DeleteMDC1200},
 };
-
-/// Tables whose records come or go with records of other tables, by rules that the tier does not have yet.
-constexpr std::int32_t kAddRulesMissing[] = {64};
-constexpr std::int32_t kDeleteRulesMissing[] = {64, 80};
 
 /// The first row of the table's number, or the end.
 template <typename Rows>
@@ -65,14 +65,6 @@ auto FindTable(const Rows& rows, std::int32_t table) {
   return std::ranges::find_if(rows, [&](const auto& row) { return row.table == table; });
 }
 }  // namespace
-
-bool HasAddRule(std::int32_t table) {
-  return std::ranges::find(kAddRulesMissing, table) == std::end(kAddRulesMissing);
-}
-
-bool HasDeleteRule(std::int32_t table) {
-  return std::ranges::find(kDeleteRulesMissing, table) == std::end(kDeleteRulesMissing);
-}
 
 bool AddRecord(const ValidatorRef& validator, std::int32_t table, const ProviderRef& provider) {
   return Procedure("AddRecord", true, [&] {

@@ -5,9 +5,6 @@
 #include "common/ValidatorRef.h"
 
 namespace modvalRecords {
-/// False for a table whose rules the tier does not have yet. A table that needs none has all it needs.
-bool HasAddRule(std::int32_t table);
-bool HasDeleteRule(std::int32_t table);
 /// Whether a record may be added to the table; what has to be there before it is added is made.
 bool AddRecord(const ValidatorRef& validator, std::int32_t table, const ProviderRef& provider);
 /// Whether the record may be deleted; clears what refers to it and deletes what belongs to it alone.

@@ -77,10 +77,14 @@ TEST_F(ComboItems, AFieldWithoutListIsUndefinedAndAnUnknownOneLeavesTheArray) {
   }
 }
 
-TEST_F(ComboItems, AListWhoseDataIsToComeIsNotSupportedAndEndsNothing) {
-  std::shared_ptr<XArrayDBObject> list;
-  EXPECT_EQ(NumberOf(Ask("T99ToneA_k6k", 1, list)), 445);
-  EXPECT_EQ(list, nullptr);
+TEST_F(ComboItems, TonesOfATwoToneSystemAreThoseOfItsFormat) {
+  provider.Fill("T99TableFormat_k6k", {0, 1});
+  const auto tones = [&](RecordNr system) { return List("T99ToneB_k6k", system); };
+  EXPECT_EQ(tones(1).size(), 81U);
+  EXPECT_EQ(tones(2).size(), 32U);
+  EXPECT_THAT(tones(2), testing::IsSupersetOf({"0", "517.5", "967.5"}));
+  EXPECT_EQ(tones(1).at(4) + " " + tones(1).back(), "313.0 2468.2");
+  EXPECT_EQ(tones(3), tones(1)) << "of no system: MOT";
 }
 
 TEST_F(ComboItems, UsedChannelsAreListedWithoutGroupsAndWithTheirDuplicates) {

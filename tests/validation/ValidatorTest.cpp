@@ -15,18 +15,6 @@ class Validation : public ChannelFixture {
   }
 };
 
-TEST_F(Validation, RecordsWhoseRulesAreToComeDoNotComeOrGoWithoutThem) {
-  Boolean out = kFalse;
-  for (const char* grid : {"DTMF"}) {
-    const Status status = Validator()->AddRecord(grid, sharedProvider, out);
-    EXPECT_TRUE(!status.Ok() && status.Reason().number == 445) << grid;
-  }
-  for (const char* grid : {"Type99", "DTMF", "MDC1200"}) {
-    const Status status = Validator()->DeleteRecord(grid, 1, sharedProvider, out);
-    EXPECT_TRUE(!status.Ok() && status.Reason().number == 445) << grid;
-  }
-}
-
 TEST_F(Validation, WithoutAHostEveryRuleIsRefused) {
   const auto validator = Validator();
   Variant value("430");

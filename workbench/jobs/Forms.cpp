@@ -40,7 +40,8 @@ constexpr Form kForms[] = {
      .title = "Control Status", .grid = "ControlStatus6000", .subject = 29},
     {.names = {"USRCTLSCANGROUPSKD4410", "USRCTLSCANGROUPSKE2210"},
      .title = "Scan Groups", .grid = "ScanGroup", .subject = 16, .tables = kTables<18, 1119>},
-    {.names = {"USRCTLDTMF"}, .title = "DTMF Signalling", .grid = "DTMF", .subject = 64},
+    {.names = {"USRCTLDTMF"},
+     .title = "DTMF Signalling", .grid = "DTMF", .subject = 64, .tables = kTables<64, 1098>},
     {.names = {"USRCTLTYPE99"}, .title = "Two-Tone Options", .grid = "Type99", .subject = 37},
 };
 
@@ -50,7 +51,7 @@ constexpr Forms::Current kCurrents[] = {
     {"group",       "CurrentScanGroupNr",      kTables<16>, kTables<1119>},
     {"selcall",     "CurrentSelcallNumber",    kTables<29, 31, 48>,
                     kTables<1101, 1102, 1103, 1104, 1105, 1106, 1115>},
-    {"dtmf",        "CurrentDTMFNr",           kTables<64>},
+    {"dtmf",        "CurrentDTMFNr",           kTables<64>, kTables<1098>},
     {"two-tone",    "CurrentType99Nr",         kTables<37>},
     {"mdc1200",     "CurrentMDC1200Nr",        kTables<80>},
     {"free-format", "CurrentFreeFormRecordNr", kTables<49>},

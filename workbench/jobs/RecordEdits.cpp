@@ -32,6 +32,7 @@ constexpr Grid kGrids[] = {
 constexpr std::int32_t kStoredStatuses = 32;
 constexpr std::int32_t kShownStatuses = 1115;
 constexpr std::int32_t kShownMembers = 1119;
+constexpr std::int32_t kDTMFSystems = 64, kPresets = 65;
 
 constexpr std::string_view kSteps[] = {"capacity", "permission", "postProcessing", "show", "save"};
 
@@ -98,9 +99,19 @@ std::string FullGroupRefusal(const Provider& content, const SchemaTable& shown) 
   return "every channel is a member of the group";
 }
 
+/// Each DTMF system has ten presets among those of all.
+std::string FullPresetsRefusal(const Provider& content) {
+  constexpr RecordNr kPresetsPerSystem = 10;
+  const SchemaTable& presets = *content.GetSchema().FindTable(kPresets);
+  const bool isFull = content.Count(presets) + kPresetsPerSystem > presets.maximum;
+  return isFull ? AtMost(content.GetSchema(), presets) + ", and a system needs " + CStr(kPresetsPerSystem)
+                : std::string();
+}
+
 /// Why the table takes no more records; empty when it does.
 std::string FullRefusal(const Provider& content, const SchemaTable& table) {
   if (content.Count(table) >= table.maximum) return AtMost(content.GetSchema(), table);
+  if (table.number == kDTMFSystems) return FullPresetsRefusal(content);
   if (table.number == kShownStatuses) return FullStatusesRefusal(content);
   return table.number == kShownMembers ? FullGroupRefusal(content, table) : std::string();
 }

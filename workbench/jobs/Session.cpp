@@ -58,6 +58,9 @@ constexpr std::int32_t kToneSets = 48;
 constexpr Dependent kShownAgain[] = {{"31.GroupTone", "48.DerivedSelcallToneSet"},
                                      {"31.RepeatTone", "48.DerivedSelcallToneSet"}};
 
+/// Conversions to the radio that lay their table out anew with the first record.
+constexpr std::int32_t kEmptiesItsTable[] = {573, 588};
+
 /// Whether a change brings the field to the radio. What is converted in place stands as it is shown until the
 /// save.
 bool Brings(const Provider& content, const SchemaField& field, const Change& change) {
@@ -158,6 +161,12 @@ void Session::ConvertWritten(const std::vector<Change>& changes) {
     for (const Change& change : changes) {
       if (Brings(*provider_, *field, change)) records.insert(change.record);
     }
+    const bool emptiesItsTable =
+        std::ranges::find(kEmptiesItsTable, field->transform) != std::end(kEmptiesItsTable);
+    for (RecordNr record = 2;
+         emptiesItsTable && records.contains(1) && record <= provider_->Count(field->table); ++record) {
+      records.insert(record);
+    }
     for (const RecordNr record : records) ConvertToRaw(provider_, *field, record);
   }
   for (const Dependent& dependent : kShownAgain) {
@@ -257,6 +266,17 @@ void Session::RequireConverted(const Status& status, const SchemaField& field, R
   }
 }
 
+namespace {
+/// Those of the networks that a personality has from the start.
+void AddAlerts(Provider& content) {
+  constexpr RecordNr kPerNetwork = 6;
+  const SchemaField& number = content.FieldOf("51.CallAlertID");
+  content.SetCount(number.table, kPerNetwork * content.Count(content.FieldOf("21.SignallingType").table));
+  for (RecordNr alert = 1; alert <= content.Count(number.table); ++alert)
+    content.Set(number, alert, alert - 1);
+}
+}  // namespace
+
 std::shared_ptr<Provider> NewPersonality(const SchemaFiles& schemas, std::string_view version) {
   auto provider = std::make_shared<Provider>(schemas.At(version));
   const Schema& schema = provider->GetSchema();
@@ -268,5 +288,6 @@ std::shared_ptr<Provider> NewPersonality(const SchemaFiles& schemas, std::string
   };
   fill("0.RadioTier", schema.Model());
   fill("39.Databaseversion", schema.Number());
+  AddAlerts(*provider);
   return provider;
 }

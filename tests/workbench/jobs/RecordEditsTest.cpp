@@ -84,7 +84,6 @@ TEST_F(RecordCommands, ARefusalLeavesTheFileAndTellsWhoRefusedAndWhy) {
       {{"add", marine, "36"}, ExitCode::CouldNot, "", "there is no grid \"36\""},
       {{"add", damaged, "Network"}, ExitCode::CouldNot, "", "damaged.json:2"},
       {{"delete", damaged, "Network", "1"}, ExitCode::CouldNot, "", "damaged.json:2"},
-      {{"add", marine, "dtmf"}, ExitCode::CouldNot, "", "does not support it yet"},
   };
   for (const auto& [words, code, told, message] : cases) {
     const std::string before = ContentOf(words[1]);
