@@ -7,6 +7,7 @@
 
 #include "platform/Conversions.h"
 #include "workbench/cli/Report.h"
+#include "workbench/cli/SystemSheets.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/jobs/BurstSlots.h"
@@ -78,12 +79,6 @@ constexpr std::string_view kSelcall = "selcall";
 constexpr View kViews[] = {
     {"channels", 5, kChannelColumns}, {"networks", 21, kNetworkColumns}, {"scan-groups", 16, kGroupColumns}};
 
-std::string Worded(std::string text, std::span<const std::string_view> words) {
-  if (words.empty() || !IsNumeric(text)) return text;
-  const auto index = static_cast<std::size_t>(CLng(text));
-  return index < words.size() ? std::string(words[index]) : text;
-}
-
 void ShowView(const View& view, const Provider& content, Workplace& workplace) {
   std::vector<TextTable::Column> columns = {{"Record", TextTable::Align::Right}};
   for (const ViewColumn& column : view.columns)
@@ -95,7 +90,7 @@ void ShowView(const View& view, const Provider& content, Workplace& workplace) {
     Json item = {{"record", record}};
     for (const ViewColumn& column : view.columns) {
       if (column.list == nullptr) {
-        row.push_back(Worded(ValueText::At(content, column.field, record), CodeWords::Of(column.field)));
+        row.push_back(CodeWords::Worded(column.field, ValueText::At(content, column.field, record)));
         item[std::string(column.key)] = row.back();
         continue;
       }
@@ -152,8 +147,8 @@ const SchemaTable& TableOfNumber(const Schema& schema, const std::string& text) 
   const bool isNumber = error == std::errc() && end == text.data() + text.size();
   const SchemaTable* table = isNumber ? schema.FindTable(number) : nullptr;
   if (table != nullptr) return *table;
-  throw UsageError("\"" + text + "\" is neither channels nor networks nor selcall nor a table of version " +
-                   schema.Version());
+  throw UsageError("\"" + text + "\" is no table of version " + schema.Version() +
+                   ", and none of channels, networks, scan-groups, selcall, dtmf, two-tone, mdc1200");
 }
 
 struct ShowArguments {
@@ -165,9 +160,11 @@ struct ShowArguments {
 
 void Take(Words& words, ShowArguments& given) {
   words.Required("FILE", given.file, "The personality");
-  words.Required("WHAT", given.what, "channels, networks, scan-groups, selcall, or the number of a table");
-  words.OptionalRecord("SYSTEM", given.system, "Of selcall: this system alone, by its record");
-  words.Flag("--all", given.all, "Of selcall: unused bursts, too");
+  words.Required(
+      "WHAT", given.what,
+      "channels, networks, scan-groups, selcall, dtmf, two-tone, mdc1200, or the number of a table");
+  words.OptionalRecord("SYSTEM", given.system, "Of signalling systems: this one alone, by its record");
+  words.Flag("--all", given.all, "Of selcall and dtmf: unused bursts and empty presets, too");
 }
 
 /// A Selcall system with its address book.
@@ -304,9 +301,13 @@ ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
   OpenedFile opened(workplace, arguments.file, workplace.Messenger());
   opened.ShowForms();
   const Provider& content = opened.Content();
-  const bool isSelcall = arguments.what == kSelcall;
-  if (!isSelcall && (arguments.system > 0 || arguments.all)) {
-    throw UsageError("SYSTEM and --all are words of show FILE selcall");
+  const bool isSelcall = arguments.what == kSelcall, isOther = SystemSheets::IsKind(arguments.what);
+  if (!isSelcall && !isOther && (arguments.system > 0 || arguments.all)) {
+    throw UsageError("SYSTEM and --all are words of show FILE selcall, dtmf, two-tone and mdc1200");
+  }
+  if (isOther) {
+    SystemSheets::Show(arguments.what, arguments.system, arguments.all, opened.GetSession(), workplace);
+    return ExitCode::Done;
   }
   if (isSelcall) {
     ShowSelcall(arguments, opened.GetSession(), workplace);
@@ -325,8 +326,7 @@ ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
 
 const Verb kShow(
     {.name = "show",
-     .about =
-         "Show channels, networks, scan groups, the address books of Selcall or any table of a personality"},
+     .about = "Show channels, networks, scan groups, signalling systems or any table of a personality"},
     Take, Show);
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/CaseText.h"
+#include "platform/Conversions.h"
 
 namespace CodeWords {
 namespace {
@@ -19,6 +20,7 @@ constexpr std::string_view kCallChannels[] = {"Preset", "Last Captured", "Last F
 constexpr std::string_view kRespondOn[] = {"Captured", "Default"};
 constexpr std::string_view kPriorityScans[] = {"Disabled", "Enabled", "Selected"};
 constexpr std::string_view kNoYes[] = {"No", "Yes"};
+constexpr std::string_view kToneFormats[] = {"MOT", "CNE"};
 
 constexpr struct {
   std::string_view uiid;
@@ -33,6 +35,8 @@ constexpr struct {
     {"ScanTxChannelSelect_k6k", kRespondOn},
     {"PriorityScan_k6k", kPriorityScans},
     {"HiddenChannels_k6k", kNoYes},
+    {"T99TableFormat_k6k", kToneFormats},
+    {"T99Custom_k6k", kNoYes},
 };
 
 }  // namespace
@@ -41,6 +45,13 @@ Words Of(std::string_view uiid) {
   const auto* field =
       std::ranges::find_if(kFields, [&](const auto& one) { return EqualsIgnoringCase(one.uiid, uiid); });
   return field == std::end(kFields) ? Words() : field->words;
+}
+
+std::string Worded(std::string_view uiid, std::string text) {
+  const Words words = Of(uiid);
+  if (words.empty() || !IsNumeric(text)) return text;
+  const auto code = static_cast<std::size_t>(CLng(text));
+  return code < words.size() ? std::string(words[code]) : text;
 }
 
 std::optional<std::int32_t> CodeOf(std::string_view uiid, std::string_view word) {

@@ -57,7 +57,7 @@ TEST_F(CommandLine, TellsByItsExitCodeHowItEnded) {
       {{"check", file}, 1, ""},
       {{"set", file, "TxFreq_k6k", "1", "780"}, 1, "outside the allowable range for this band 136-174 MHz."},
       {{}, 2, "subcommand"},
-      {{"show", file, "6"}, 2, "neither channels nor networks nor selcall nor a table"},
+      {{"show", file, "6"}, 2, "\"6\" is no table of version KD4410.0094, and none of channels, networks"},
       {{"show", folder.PathOf("missing"), "channels"}, 2, "No such file"},
       {{"check", damaged}, 2, "damaged.json:1: "},
       {{"get", file, "TxFreq_k6k", "0"}, 2, "records count from 1"},
