@@ -131,13 +131,15 @@ EditResult Session::Edit(const SchemaField& field, std::string_view uiid, Record
   result.left = value;
   if (result.accepted) {
     provider_->Set(field, record, std::move(value));
+    const Forms::Current* view = Forms::ViewedBy(field.table);
+    if (view != nullptr) Forms::FillViews(*this, *view);  // what is typed there is stored behind it
     std::vector<Change> written = journal.Changes();
     Change& own =
         written.emplace_back(provider_->GetSchema().TableOf(field));  // where it stays the same, too
     own.field = &field;
     own.record = record;
     ConvertWritten(written);
-    ShowAgain(field, record);
+    if (view == nullptr) ShowAgain(field, record);
   }
 
   // A rule may have changed the number of records of the field's own table.
