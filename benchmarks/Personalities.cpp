@@ -32,7 +32,7 @@ std::shared_ptr<const SchemaFiles> RoomySchemas() {
   std::filesystem::copy_file(SCHEMA_FOLDER "/fields.tsv", folder / "fields.tsv");
   std::ifstream original(SCHEMA_FOLDER "/tables.tsv");
   std::ofstream roomy(folder / "tables.tsv");
-  const std::regex capacity("^((?:5|7|16|18|50|61)\\t[^\\t]*\\t[^\\t]*\\t\\d+\\t)\\d+");
+  const std::regex capacity("^((?:5|7|16|50|61)\\t[^\\t]*\\t[^\\t]*\\t\\d+\\t)\\d+");
   for (std::string line; std::getline(original, line);) {
     roomy << std::regex_replace(line, capacity, "$01100000") << '\n';
   }
@@ -70,7 +70,7 @@ Session& OpenSession() {
 std::shared_ptr<Provider> ManyChannels(RecordNr count) {
   static const auto schemas = RoomySchemas();
   auto provider = NewPersonality(*schemas, "KD4410.0094");
-  for (const std::int32_t table : {5, 7, 18}) provider->SetCount(table, count);
+  for (const std::int32_t table : {5, 7}) provider->SetCount(table, count);
   provider->SetCount(16, 1);
   provider->Set("16.GroupIDTracker", 1, 1);
   provider->Set("NetworkID", 1, 1);
@@ -78,7 +78,13 @@ std::shared_ptr<Provider> ManyChannels(RecordNr count) {
     provider->Set("5.ChannelIDTracker", record, record + 1);
     provider->Set("5.ChannelNetworkIdUI", record, 1);
     provider->Set("TxFreq_k6k", record, "430.000000");
-    provider->Set("18.GroupIDNumber", record, 1);
+  }
+  constexpr RecordNr kMembers = 50;  // each is looked for among all channels
+  provider->SetCount(18, kMembers);
+  for (RecordNr member = 1; member <= kMembers; ++member) {
+    provider->Set("18.GroupIDNumber", member, 1);
+    provider->Set("18.GroupChannelUI", member,
+                  provider->Get("5.ChannelIDTracker", member * count / kMembers));
   }
   return provider;
 }

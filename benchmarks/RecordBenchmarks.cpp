@@ -57,6 +57,30 @@ BENCHMARK_CAPTURE(RecordBothWays, Network, {21, 36, 53, 67, 72, 75, 77, 78},
 BENCHMARK_CAPTURE(RecordBothWays, Burst, {30}, {.name = "one burst record both ways", .limit = 2, .ratio = 4})
     ->Unit(benchmark::kMillisecond);
 
+BENCHMARK_CAPTURE(RecordBothWays, TwoTone, {37}, {.name = "one two-tone system both ways", .limit = 15})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(RecordBothWays, MDC1200, {80}, {.name = "one MDC1200 system both ways", .limit = 15})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(RecordBothWays, InBandTone, {75}, {.name = "one in-band tone both ways", .limit = 15})
+    ->Unit(benchmark::kMillisecond);
+
+/// All of them are converted at once, with their presets.
+void DTMFBothWays(benchmark::State& state) {
+  Session& session = OpenSession();
+  const auto provider = session.Content().Copy();
+  const OtherStore other(session, provider);
+  const TierHost& host = session.Host();
+  const Figure figure = {.name = "one DTMF system both ways", .limit = 15, .parts = provider->Count(64)};
+  Measure(state, figure, &provider->Monitor(), {[&] {
+            Boolean converted = kFalse;
+            for (const char* fieldId : {"64.DTMFNetworkToneSetupRecord", "65.DTMFChannelPresetSequenceUI"}) {
+              host.Require(host.Owner().TransformFromUI(provider, fieldId, 1, converted));
+              host.Require(host.Owner().TransformToUI(provider, fieldId, 1, converted));
+            }
+          }});
+}
+BENCHMARK(DTMFBothWays);
+
 /// All members of all groups, one way.
 void Members(benchmark::State& state, bool toRadio, Figure figure) {
   Session& session = OpenSession();

@@ -34,9 +34,9 @@ BENCHMARK_CAPTURE(FieldRule, RxFrequency, "RxFreq_k6k",
 BENCHMARK_CAPTURE(FieldRule, WithoutRule, "NoiseBlanker_k6k",
                   {.name = "field rule: field without one", .limit = 1});
 
-/// On the first Selcall system, which the forms show.
-void SelcallRule(benchmark::State& state, const char* uiid, RecordNr record, const char* typed,
-                 const Figure& figure) {
+/// On the first systems, which the forms show.
+void SystemRule(benchmark::State& state, const char* uiid, RecordNr record, const char* typed,
+                const Figure& figure) {
   const auto session = NewSession(FullPersonality().Copy());
   session->ConvertToForms();
   Measure(
@@ -47,15 +47,22 @@ void SelcallRule(benchmark::State& state, const char* uiid, RecordNr record, con
         if (accepted == kFalse) throw std::runtime_error(std::string(uiid) + " is refused");
       }});
 }
-BENCHMARK_CAPTURE(SelcallRule, Burst, "BurstSequence2_k6k", 99, "17777",
+BENCHMARK_CAPTURE(SystemRule, Burst, "BurstSequence2_k6k", 99, "17777",
                   {.name = "field rule: a burst, all channels", .limit = 100});
-BENCHMARK_CAPTURE(SelcallRule, Grids, "CurrentSelcallNumber", 1, "2",
+BENCHMARK_CAPTURE(SystemRule, Grids, "CurrentSelcallNumber", 1, "2",
                   {.name = "burst grids of another system", .limit = 60});
 
-BENCHMARK_CAPTURE(SelcallRule, TxFormat, "TxFormat_k6k", 1, "BBBBB-RRRRR-CCCCC-SS",
+BENCHMARK_CAPTURE(SystemRule, TxFormat, "TxFormat_k6k", 1, "BBBBB-RRRRR-CCCCC-SS",
                   {.name = "field rule: Tx format, its bursts", .limit = 60});
-BENCHMARK_CAPTURE(SelcallRule, RxFormat, "RxFormat_k6k", 1, "RRRRR-CCCCC-SS",
+BENCHMARK_CAPTURE(SystemRule, RxFormat, "RxFormat_k6k", 1, "RRRRR-CCCCC-SS",
                   {.name = "field rule: Rx format, its sequences", .limit = 60});
+BENCHMARK_CAPTURE(SystemRule, Period, "T99MinGapPeriod_k6k", 1, "100",
+                  {.name = "field rule: a two-tone period", .limit = 1});
+BENCHMARK_CAPTURE(SystemRule, CustomTone, "T99CustomToneA_k6k", 3, "1014.9",
+                  {.name = "field rule: a custom tone", .limit = 1});
+BENCHMARK_CAPTURE(SystemRule, DTMFSequence, "DTMFEmergSequence", 1, "112",
+                  {.name = "field rule: a DTMF sequence", .limit = 1});
+BENCHMARK_CAPTURE(SystemRule, Presets, "CurrentDTMFNr", 1, "2", {.name = "presets of another DTMF system"});
 
 void ScanGroupForm(benchmark::State& state) {
   const auto session = NewSession(FullPersonality().Copy());
@@ -88,8 +95,8 @@ void GroupTone(benchmark::State& state) {
 }
 BENCHMARK(GroupTone);
 
-/// A Selcall system comes and goes again, with all that belongs to it.
-void SelcallSystem(benchmark::State& state) {
+/// A system comes and goes again, with all that belongs to it.
+void System(benchmark::State& state, const char* grid, const char* table, const Figure& figure) {
   constexpr RecordNr kLast = 4;
   const auto session = NewSession(FullPersonality().Copy());
   session->ConvertToForms();
@@ -101,19 +108,25 @@ void SelcallSystem(benchmark::State& state) {
   std::shared_ptr<Itables> tables;
   std::shared_ptr<Itable> systems;
   host.Require(content.Tables(tables));
-  host.Require(tables->Table("29", systems));
+  host.Require(tables->Table(table, systems));
   const auto take = [&] {
     Boolean accepted = kFalse;
     RecordNr left = 0;
-    host.Require(host.Validator().DeleteRecord("Selcall6000", kLast, session->SharedContent(), accepted));
+    host.Require(host.Validator().DeleteRecord(grid, kLast, session->SharedContent(), accepted));
     host.Require(systems->DeleteRecord(kLast, left));
-    host.Require(host.Validator().AddRecord("Selcall6000", session->SharedContent(), accepted));
+    host.Require(host.Validator().AddRecord(grid, session->SharedContent(), accepted));
     host.Require(systems->NewRecord(left));
-    host.Require(host.Owner().PostAddProcessing(session->SharedContent(), "Selcall6000", accepted));
+    host.Require(host.Owner().PostAddProcessing(session->SharedContent(), grid, accepted));
   };
-  Measure(state, {.name = "deleting and adding a Selcall system", .limit = 1000}, &content.Monitor(), {take});
+  Measure(state, figure, &content.Monitor(), {take});
 }
-BENCHMARK(SelcallSystem);
+BENCHMARK_CAPTURE(System, Selcall, "Selcall6000", "29",
+                  {.name = "deleting and adding a Selcall system", .limit = 1000});
+BENCHMARK_CAPTURE(System, DTMF, "DTMF", "64", {.name = "deleting and adding a DTMF system", .limit = 500});
+BENCHMARK_CAPTURE(System, TwoTone, "Type99", "37",
+                  {.name = "deleting and adding a two-tone system", .limit = 500});
+BENCHMARK_CAPTURE(System, MDC1200, "MDC1200", "80",
+                  {.name = "deleting and adding an MDC1200 system", .limit = 500});
 
 void SignallingType(benchmark::State& state) {
   const auto session = NewSession(FullPersonality().Copy());

@@ -95,12 +95,15 @@ class IproviderOwner {
   /// nothing changed. Some conversions reach beyond their record:
   /// - 588 (MDC1200) and 573 (DTMF patches) of record 1 empty the tables that they fill: a host that
   ///   converts record 1 converts all that follow, too.
+  /// - 570 (in-band tone) and 577 (all two-tone periods of the record) convert in place, so that each call
+  ///   moves them: a host converts them once on each way, and what is edited in between stays as it is shown.
   /// - 572 (standard tone sets) lays table 74 out anew, whatever it held.
   /// - The rows of tables 1101 to 1106 are a view (1107.CurrentSelcallNumber): their rules store what is
   ///   typed, and TransformToUI shows the first system in them. A host that has stored an edit asks the rule
   ///   of CurrentSelcallNumber for its present value instead of converting the row.
-  /// - So are those of 1115 (the same pointer) and 1119 (1107.CurrentScanGroupNr): the rule of the pointer
-  ///   brings them back to the tables behind, 1111 and 18, and fills them. It is asked once after opening.
+  /// - So are those of 1115 (the same pointer), 1119 (1107.CurrentScanGroupNr) and 1098 (1107.CurrentDTMFNr):
+  ///   the rule of the pointer brings them back to the tables behind, 1111, 18 and 65, and fills them. It is
+  ///   asked once after opening.
   /// - 508 links a member of table 18 into the ring of its group, which is complete once all are converted.
   /// - 500 (channel numbers) and 510 (tones) append to tables 7, 50 and 61, which grow with every edit until
   ///   a conversion of the whole personality lays them out anew (534 empties 50 and 61).

@@ -48,6 +48,7 @@ std::string_view NameOf(FindingKind kind) {
 void PersonalityCheck::CheckLimits() {
   for (const SchemaField& field : session_.Content().GetSchema().Fields()) CheckLimits(field);
   CheckRings();
+  CheckPresets();
 }
 
 void PersonalityCheck::CheckRings() {
@@ -70,6 +71,36 @@ void PersonalityCheck::CheckRings() {
     finding.kind = FindingKind::Warning;
     finding.text =
         "The members of the group are linked in another order than they stand; a save links them anew.";
+    Add(std::move(finding));
+  }
+}
+
+void PersonalityCheck::CheckPresets() {
+  constexpr std::int32_t kPerSystem = 10;
+  const Provider& content = session_.Content();
+  const SchemaField& system = content.FieldOf("64.DTMFNetworkSigSystemID");
+  const SchemaField& owner = content.FieldOf("65.DTMFChannelPresetSeqSigSysID");
+  const RecordNr presets = content.Count(owner.table);
+  for (RecordNr record = 1; record <= content.Count(system.table); ++record) {
+    std::int32_t own = 0;
+    for (RecordNr preset = 2; preset <= presets; ++preset) {  // the first belongs to no system
+      own += SameValue(content.Get(owner, preset), content.Get(system, record)) ? 1 : 0;
+    }
+    if (own == kPerSystem) continue;
+    Finding finding =
+        Origin(system, "presets", session_.LabelOf(system), record, content.Get(system, record));
+    finding.kind = FindingKind::Warning;
+    finding.text =
+        "The system has presets in another number than " + CStr(kPerSystem) + ": " + CStr(own) + ".";
+    Add(std::move(finding));
+  }
+  const SchemaField& pointer = content.FieldOf("5.DTMFPresetCallPointer");
+  for (RecordNr channel = 1; channel <= content.Count(pointer.table); ++channel) {
+    const Variant& index = content.Get(pointer, channel);
+    if (!IsAbove(index, std::max(presets, 1) - 1)) continue;
+    Finding finding = Origin(pointer, "presets", session_.LabelOf("DTMFPresetCallSequence"), channel, index);
+    finding.kind = FindingKind::Warning;
+    finding.text = "The preset of the channel is not there; the forms show none.";
     Add(std::move(finding));
   }
 }

@@ -26,8 +26,8 @@ FindingKind KindOf(const Shown& box);
 struct Finding {
   FindingKind kind = FindingKind::Error;
   /// The UIID whose rule spoke, "range" for the schema's limits, "number" for one that is in use, "chain" for
-  /// the members of a group and how they are linked, "forms" for what the forms did not take, "form NAME" for
-  /// the check of a form, "final" for the rules of a save.
+  /// the members of a group and how they are linked, "presets" for those of DTMF, "forms" for what the forms
+  /// did not take, "form NAME" for the check of a form, "final" for the rules of a save.
   std::string rule;
   std::string label;
   std::int32_t table = -1;  // -1: no single record
@@ -70,6 +70,8 @@ class PersonalityCheck {
   void CheckLimits(const SchemaField& field);
   /// The ring of each group, which the radio follows, against the order of its members, which counts.
   void CheckRings();
+  /// Of the DTMF systems, and what channels point at among them.
+  void CheckPresets();
   void CheckMembers(RecordNr group, const std::vector<RecordNr>& members);
   /// Numbers that channels and groups share.
   void CheckNumbers();
