@@ -37,28 +37,7 @@ bool IsOfSystem(const StoredRecord& network, const Variant& number) {
          SameValue(network.Value("21.NetworkSignallingID"), number);
 }
 
-// Sequences
-
-bool ValidateSequence(const FieldEdit& edit) {
-  return Procedure("ValidateDTMFSequence", true, [&] {
-    const std::string sequence = CStr(edit.value);
-    if (!sequence.empty()) {
-      if (sequence.front() != '-' && sequence.back() != '-') return true;
-      return Refuse(edit.validator, "The DTMF Sequence can not start or end with a gap.");
-    }
-    if (edit.uiid != kANISequence) return true;
-    const ProviderRef provider = edit.validator.CurrentProvider();
-    const Variant number = CurrentNumber(provider);
-    if (number.IsEmpty()) return true;
-    for (const RecordNr record : provider.Field("SignallingType").Records()) {
-      const StoredRecord network{provider, record};
-      if (!IsOfSystem(network, number) || !network.Holds("EmCyclingANI", kOn)) continue;
-      return Refuse(edit.validator,
-                    "If you wish to have an empty ANI sequence you must first disable Emergency ANI.");
-    }
-    return true;
-  });
-}
+// Presets
 
 /// The channels of the system on the form that use the preset.
 std::vector<RecordNr> UsersOf(const ProviderRef& provider, const std::string& preset) {
@@ -130,10 +109,29 @@ bool ValidateCurrentDTMF(FieldEdit& edit) {
   return modDTMF::GetPresetFilteredGrid(edit.writes, provider, CLng(edit.value));
 }
 
-bool ValidateDTMFSequence(FieldEdit& edit) { return ValidateSequence(edit); }
+bool ValidateDTMFSequence(FieldEdit& edit) {
+  return Procedure("ValidateDTMFSequence", true, [&] {
+    const std::string sequence = CStr(edit.value);
+    if (!sequence.empty()) {
+      if (sequence.front() != '-' && sequence.back() != '-') return true;
+      return Refuse(edit.validator, "The DTMF Sequence can not start or end with a gap.");
+    }
+    if (edit.uiid != kANISequence) return true;
+    const ProviderRef provider = edit.validator.CurrentProvider();
+    const Variant number = CurrentNumber(provider);
+    if (number.IsEmpty()) return true;
+    for (const RecordNr record : provider.Field("SignallingType").Records()) {
+      const StoredRecord network{provider, record};
+      if (!IsOfSystem(network, number) || !network.Holds("EmCyclingANI", kOn)) continue;
+      return Refuse(edit.validator,
+                    "If you wish to have an empty ANI sequence you must first disable Emergency ANI.");
+    }
+    return true;
+  });
+}
 
 bool ValidatePresetSequence(FieldEdit& edit) {
-  if (!ValidateChannelPresetSequence(edit) || !ValidateSequence(edit)) return false;
+  if (!ValidateChannelPresetSequence(edit) || !ValidateDTMFSequence(edit)) return false;
   return IsUnique(edit) ||
          Refuse(edit.validator, "The DTMF Preset Sequences must be unique in relation to each other.");
 }
