@@ -8,7 +8,9 @@
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "radioui/modAudibleIndicators.h"
+#include "radioui/modAudioIO.h"
 #include "radioui/modData.h"
+#include "radioui/modDigitalIO.h"
 #include "radioui/modDisplayIndicators.h"
 #include "radioui/modGPS.h"
 #include "radioui/modPersonalityOptions.h"
@@ -66,11 +68,15 @@ constexpr Transformation kTransformations[] = {
     {527, NoAction,                            modControlStatus::GetGenerateControlStatus},
     {528, modControlStatus::SetControlStatus,  modControlStatus::GetControlStatus},
     {529, modControlStatus::SetGenerateControlStatus, NoAction},
+    {530, modDigitalIO::SetActionParameters,   modDigitalIO::GetActionParameters},
+    {531, modDigitalIO::SetActionParameters,   modDigitalIO::GetActionParameters},
     {532, NoAction,                            NoAction},
+    {533, modDigitalIO::SetDigitalIO,          modDigitalIO::GetGridAndDigitalIO},
     {534, modSubaudible::SetGenerateCTCSSDCS,  modSubaudible::GenerateCTCSSDCS},
     {535, modFreeFormat::SetFreeFormatFields,  modFreeFormat::GetFreeFormatSequence},
     {536, modDisplayIndicators::GenerateDisplayIndicators, NoAction},
     {538, NoAction,                            NoAction},
+    {539, modAudioIO::SetAudioIO,              modAudioIO::GetLabelsAndAudioIO},
     {540, modBandLimits::SetBand,              modBandLimits::GetBand},
     {541, modPersonalityOptions::SetGenerateMicGain, modPersonalityOptions::GetGenerateMicGain},
     {542, SetSelcallID,                        GetSelcallID},

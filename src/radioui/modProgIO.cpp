@@ -144,6 +144,11 @@ bool TapPointRxPath(std::int32_t tapPoint) {
   return point != nullptr && point->onRxPath;
 }
 
+void ProvideFlowControl(const ProviderRef& provider) {
+  const TableRef lines = provider.Table("1109");
+  if (lines.RecordCount() == 0) lines.AppendRecord();
+}
+
 bool IsProgIOActionInList(const ProviderRef& provider, std::string_view fieldId,
                           std::string_view actionName) {
   return Procedure("IsProgIOActionInList", false, [&] {

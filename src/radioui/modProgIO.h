@@ -42,6 +42,9 @@ inline constexpr std::string_view kInput = "Input";
 inline constexpr std::string_view kOutput = "Output";
 inline constexpr std::string_view kNoAction = "No Action";
 inline constexpr std::string_view kControlHead = "CH";
+/// Signal types of an output that reflects a key.
+inline constexpr std::string_view kMomentary = "Momentary";
+inline constexpr std::string_view kLatching = "Latching";
 
 namespace TapType {
 inline constexpr std::int32_t kBypassIn = 0;
@@ -98,6 +101,9 @@ std::int32_t GetUnmuteConditionID(std::string_view name);
 
 /// Whether a tap point lies on the receive path; so does no unknown one.
 bool TapPointRxPath(std::int32_t tapPoint);
+
+/// Gives the lines of flow control (table 1109) their record where it lacks.
+void ProvideFlowControl(const ProviderRef& provider);
 
 /// Whether a record of the field holds exactly that action name.
 bool IsProgIOActionInList(const ProviderRef& provider, std::string_view fieldId, std::string_view actionName);

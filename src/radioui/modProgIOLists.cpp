@@ -45,7 +45,7 @@ void OfferChannels(const ProviderRef& provider, RecordNr, XArrayDBObject& items)
 
 constexpr std::string_view kActiveStates[] = {"Low", "High"};
 constexpr std::string_view kDebounceTimes[] = {"2", "5", "10", "20", "50", "100", "150", "200"};  // ms
-constexpr std::string_view kSignalTypes[] = {"Momentary", "Latching"};
+constexpr std::string_view kSignalTypes[] = {kMomentary, kLatching};
 constexpr std::string_view kNotOnControlHead[] = {"TOGGLE_TX_INHIBIT", "EXT_PTT_1", "EXT_PTT_2"};
 
 std::string CellOf(const FieldRef& column, RecordNr row) {

@@ -11,6 +11,7 @@
 #include "radioui/modvalDataFields.h"
 #include "radioui/modvalGPSFields.h"
 #include "radioui/modvalOptionFields.h"
+#include "radioui/modvalProgIO.h"
 #include "radioui/modvalUIPreference.h"
 #include "scangroups/modvalScanGroups.h"
 #include "selcall/modvalBursts.h"
@@ -228,6 +229,17 @@ constexpr FieldRule kRules[] = {
     {"GPSNETWORKSENDPOSONPTT",     OnCurrentNetwork<SwitchesAlone>},
     {"GPSNETWORKSENDPOSONEPTT1",   OnCurrentNetwork<SwitchesAlone>},
     {"GPSNETWORKSENDPOSONEPTT2",   OnCurrentNetwork<SwitchesAlone>},
+    // programmable I/O
+    {"DIGITALIODIRECTION",         modvalProgIO::ValidateDigitalIODirection},
+    {"DIGITALIOACTION",            modvalProgIO::ValidateDigitalIOAction},
+    {"DIGITALIOACTIVESTATE",       modvalProgIO::ValidateDigitalIOActiveState},
+    {"DIGITALIOMIRROREDTO",        modvalProgIO::ValidateDigitalIOMirroredTo},
+    {"IOPRTS",                     modvalProgIO::ValidateCTSRTS},
+    {"IOPCTS",                     modvalProgIO::ValidateCTSRTS},
+    {"AUDIOIOTAPIN",               modvalProgIO::ValidateAudioTap},
+    {"AUDIOIOTAPOUT",              modvalProgIO::ValidateAudioTap},
+    {"TAPINTYPE",                  modvalProgIO::ValidateAudioTap},
+    {"TAPOUTTYPE",                 modvalProgIO::ValidateAudioTap},
     // options of the radio
     {"BAND_K6K",                   modvalBandLimits::ValidateBand},
     {"STARTUPINLOWPOWERMODE",      ValidateLowPowerStart},

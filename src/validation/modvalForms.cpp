@@ -7,6 +7,7 @@
 #include "networks/modvalNetworks.h"
 #include "platform/CaseText.h"
 #include "radioui/modvalData.h"
+#include "radioui/modvalProgIO.h"
 #include "scangroups/modvalScanGroups.h"
 #include "selcall/modvalControlStatus.h"
 #include "selcall/modvalFreeFormat.h"
@@ -32,6 +33,8 @@ constexpr struct {
     {"USRCTLCHANNELSKE2210", modvalChannels::ValidateForm},
     {"USRCTLFREEFORMATKD4410", Plain<modvalFreeFormat::ValidateCurrentSequence>},
     {"USRCTLFREEFORMATKE2210", Plain<modvalFreeFormat::ValidateCurrentSequence>},
+    {"USRCTLPROGIOKD4410", Plain<modvalProgIO::ValidateProgIOForm>},
+    {"USRCTLPROGIOKE2210", Plain<modvalProgIO::ValidateProgIOForm>},
     {"USRCTLSCANGROUPSKD4410", Plain<modvalScanGroups::ValidateScanGroupForm>},
     {"USRCTLSCANGROUPSKE2210", Plain<modvalScanGroups::ValidateScanGroupForm>},
     {"USRCTLSELCALLSETUPKD4410", modvalSelcall::ValidateSelcallForm},

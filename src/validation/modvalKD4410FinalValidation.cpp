@@ -11,6 +11,7 @@
 #include "common/StoredValues.h"
 #include "networks/modvalNetworkChecks.h"
 #include "platform/Conversions.h"
+#include "radioui/modvalProgIO.h"
 #include "scangroups/modvalScanGroups.h"
 #include "selcall/modvalControlStatus.h"
 #include "selcall/modvalSelcall.h"
@@ -84,11 +85,15 @@ bool CheckItinerantPower(const ValidatorRef& validator) {
 // Given by the maintainers' reference, like all that ARCHITECTURE lists as given.
 constexpr bool (*kRules[])(const ValidatorRef& validator) = {
     CheckPowerupState,
+    modvalProgIO::CheckSimulatedKeys,
+    modvalProgIO::CheckPTTInhibit,
+    modvalProgIO::WarnOfIdlePins,
     modvalNetworkChecks::CheckEmergencySequences,
     modvalSelcall::CheckRMRSequences,
     modvalNetworkChecks::CheckAckHasAlerts,
     modvalNetworkChecks::CheckAlertsHaveAck,
     modvalNetworkChecks::CheckAckAndANISequences,
+    modvalProgIO::CheckFlowControlPins,
     modvalNetworkChecks::OfferSideTones,
     CheckBackgroundGroups,
     MendLowPowerLevel,

@@ -17,6 +17,8 @@ namespace {
 
 /// Rules that judge the change to another value and not the value, or explain it: what is stored is none.
 constexpr std::string_view kRulesOfChange[] = {"ChannelNetworkID_k6k", "GroupFormat", "GroupTone", "ToneSet"};
+/// Rules that advise and ask about a change, and judge the value by refusing it.
+constexpr std::string_view kAdviceOnChange[] = {"DigitalIOAction"};
 }  // namespace
 
 FindingKind KindOf(const Shown& box) {
@@ -203,7 +205,8 @@ void PersonalityCheck::RunRule(const SchemaField& field, const std::string& uiid
   Boolean accepted = kFalse;
   host.Require(host.Validator().ValidateByUIID(uiid, value, record, accepted));
   journal.Rollback();
-  if (accepted == kFalse || !messenger_.Boxes().empty()) {
+  const bool isAdvice = accepted != kFalse && std::ranges::count(kAdviceOnChange, uiid) > 0;
+  if (!isAdvice && (accepted == kFalse || !messenger_.Boxes().empty())) {
     Finding origin = Origin(field, uiid, session_.LabelOf(uiid), record, content.Get(field, record));
     if (!identity.empty()) origin.identity = identity;
     Collect(origin, accepted != kFalse, "The value is refused without a message.");
