@@ -37,9 +37,6 @@ constexpr Link kLinks[] = {
      "To select an action other than Emergency Mode for AUX_GPI2, the hardware link LK3 must be removed.",
      "Low", false},
 };
-constexpr std::string_view kPowerActions[] = {"IGNITION_STATE_IOP", "SEND_EMERGENCY_CALL",
-                                              "TOGGLE_SLEEP_MODE"};
-
 bool IsOfPower(std::string_view action) {
   return std::ranges::any_of(kPowerActions,
                              [&](std::string_view key) { return InputAction(key).strName == action; });

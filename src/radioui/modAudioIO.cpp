@@ -10,8 +10,7 @@ namespace modAudioIO {
 namespace {
 using namespace modProgIO;
 
-constexpr std::string_view kLabels[] = {"Rx", "Mic PTT", "EPTT1", "EPTT2"};
-constexpr RecordNr kPaths = 4;
+constexpr RecordNr kPaths = kAudioPaths.size();
 constexpr RecordNr kReceiverPath = 1;
 
 /// One side of a path.
@@ -59,7 +58,7 @@ void GetAudioIOMicSources(const ProviderRef& provider) {
   Procedure("GetAudioIOMicSources", [&] {
     const FieldRef labels = provider.Field("59.AudioIOMicLabels");
     RecordNr path = 0;
-    for (const std::string_view label : kLabels) labels.SetValue(++path, label);
+    for (const std::string_view label : kAudioPaths) labels.SetValue(++path, label);
   });
 }
 

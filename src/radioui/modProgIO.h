@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -42,6 +43,8 @@ inline constexpr std::string_view kInput = "Input";
 inline constexpr std::string_view kOutput = "Output";
 inline constexpr std::string_view kNoAction = "No Action";
 inline constexpr std::string_view kControlHead = "CH";
+/// The audio paths, as the forms call them: the receiver's and those of three microphones.
+inline constexpr std::array<std::string_view, 4> kAudioPaths = {"Rx", "Mic PTT", "EPTT1", "EPTT2"};
 /// Signal types of an output that reflects a key.
 inline constexpr std::string_view kMomentary = "Momentary";
 inline constexpr std::string_view kLatching = "Latching";

@@ -219,7 +219,6 @@ constexpr ListOfField kAudioLists[] = {
 // The parameters of actions
 
 constexpr std::string_view kEmergencyModes[] = {"Non Stealth", "Stealth"};
-constexpr std::string_view kAudioPaths[] = {"Rx", "Mic PTT", "EPTT1", "EPTT2"};
 
 /// The vote groups, and of the others those of the standard scan type.
 void OfferPresetGroups(const ProviderRef& provider, RecordNr, XArrayDBObject& items) {

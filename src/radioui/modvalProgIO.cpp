@@ -1,6 +1,7 @@
 #include "radioui/modvalProgIO.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <span>
 #include <string>
@@ -10,6 +11,7 @@
 #include "common/Procedure.h"
 #include "common/RadioCodes.h"
 #include "common/modProjectGlobals.h"
+#include "radioui/LinkAdvice.h"
 #include "radioui/ProgIOGrid.h"
 #include "radioui/modProgIOLists.h"
 
@@ -25,15 +27,15 @@ struct BarredState {
   std::span<const std::string_view> actions;
   std::string_view state, message;
 };
-constexpr std::string_view kEmergency[] = {"SEND_EMERGENCY_CALL"};
-constexpr std::string_view kIgnition[] = {"IGNITION_STATE"};
-constexpr std::string_view kPower[] = {"IGNITION_STATE_IOP", "SEND_EMERGENCY_CALL", "TOGGLE_SLEEP_MODE"};
+constexpr std::array<std::string_view, 1> kEmergency = {"SEND_EMERGENCY_CALL"};
+constexpr std::array<std::string_view, 1> kIgnition = {"IGNITION_STATE"};
 constexpr BarredState kBarredStates[] = {
     {"AUX_GPI2", kEmergency, "High",
      "If AUX_GPI2 is set to 'Enter Emergency Mode' then the Active State can not be 'High'."},
     {"AUX_GPI3", kIgnition, "Low",
      "If AUX_GPI3 is set to 'Power Sense (Ignition)' then the Active State can not be 'Low'."},
-    {"IOP_GPIO7", kPower, "Low", "The Active State can not be set to 'Low' for this Action."},
+    {"IOP_GPIO7", LinkAdvice::kPowerActions, "Low",
+     "The Active State can not be set to 'Low' for this Action."},
 };
 
 bool IsOneOf(std::string_view action, std::span<const std::string_view> keys) {
@@ -270,7 +272,7 @@ bool ProgIOSignalStatesIdentical(const ProviderRef& provider, int key) {
 }
 
 bool CheckSimulatedKeys(const ValidatorRef& validator) {
-  constexpr std::string_view kKeys[] = {"FN1_KEY", "FN2_KEY", "FN3_KEY", "FN4_KEY"};
+  constexpr std::array<std::string_view, 4> kKeys = {"FN1_KEY", "FN2_KEY", "FN3_KEY", "FN4_KEY"};
   const ProviderRef provider = validator.CurrentProvider();
   const ProgIOGrid grid(provider);
   for (const RecordNr row : grid.Rows()) {

@@ -65,9 +65,9 @@ TEST_F(ComboItems, ANetworkIsOfferedItsOwnNumberAndANewOneOnlyWhatIsFree) {
 TEST_F(ComboItems, AFieldWithoutListIsUndefinedAndAnUnknownOneLeavesTheArray) {
   const std::tuple<const char*, Items, Items> cases[] = {
       // UIID, new array, used array
-      {"TxFreq_k6k", {"Undefined"}, {"Undefined"}},    // a number without list
-      {"DigitalIOPin", {"Undefined"}, {"Undefined"}},  // a number whose other fields have one
-      {"TxPower_k6k", {"Undefined"}, {"a", "b"}},      // no number
+      {"TxFreq_k6k", {"Undefined"}, {"Undefined"}},        // a number without list
+      {"AudioIOMicLabels", {"Undefined"}, {"Undefined"}},  // a number without list, too
+      {"TxPower_k6k", {"Undefined"}, {"a", "b"}},          // no number
       {"NoSuchField", {"Undefined"}, {"a", "b"}}};
   for (const auto& [uiid, created, kept] : cases) {
     EXPECT_EQ(List(uiid), created) << uiid;

@@ -108,7 +108,7 @@ TEST_F(OwnerOfTheProvider, BandsAreGivenByTheirPosition) {
 TEST_F(OwnerOfTheProvider, FieldsOutsideTheTableAreFalseNumbersWithoutActionTrueAndNeitherWrites) {
   provider.SetCount(5, 1);
   provider.Monitor().Clear();
-  for (const char* field : {"5.ChannelTxFreq", "0.RadioTier", "0.HomeChannel", "ActionParamHomeChannel"})
+  for (const char* field : {"5.ChannelTxFreq", "0.RadioTier", "1108.Label", "DigitalIOPin"})
     EXPECT_FALSE(FromUI(field) || ToUI(field)) << field;
   std::set<std::int32_t> numbers;
   for (const SchemaField& field : provider.GetSchema().Fields()) {

@@ -194,11 +194,26 @@ Entry Typed(const SchemaField& field, std::string_view typed) {
   return Refuse("the field can not be typed");
 }
 
+// Digital lines
+
+constexpr std::string_view kPin = "DigitalIOPin", kAction = "DigitalIOAction";
+
+bool HasDirection(const Provider& content, RecordNr row) {
+  return CStr(content.Get("DigitalIODirection", row)) != "None";
+}
+
+/// What a pin without direction does is nothing, and may be typed.
+bool NamesAnAction(std::string_view typed) { return !EqualsIgnoringCase(typed, "No Action"); }
+
 }  // namespace
 
 Entry EnteredIn(Session& session, const SchemaField& field, std::string_view uiid, RecordNr record,
                 std::string_view typed) {
   if (!Utf8::IsValid(typed)) return Refuse("the text is not valid UTF-8");
+  if (uiid == kPin) return Refuse("the pins of the radio are fixed: the field can not be typed");
+  if (uiid == kAction && NamesAnAction(typed) && !HasDirection(session.Content(), record)) {
+    return Refuse("the pin has no direction: set DigitalIODirection first");
+  }
   if (field.isIdentity) {
     Entry entry = Typed(field, typed);
     if (entry.refusal.empty()) entry.refusal = InUseRefusal(session.Content(), field, record, entry.value);

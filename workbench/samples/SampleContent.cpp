@@ -4,6 +4,7 @@
 #include <iterator>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "platform/XArrayDBObject.h"
 #include "workbench/store/Provider.h"
@@ -272,6 +273,53 @@ void AddChannels(Provider& content, const Personality& personality) {
   }
 }
 
+/// The pins of the grid in their order; the first three are inputs alone.
+constexpr std::int32_t kFirstPin = 22, kFirstOutputPin = 25;
+constexpr std::int32_t kBusyStatus = 1;
+
+/// Outputs that show a busy channel name the record of the one before them.
+void AddPin(Provider& content, const Pin& pin, std::int32_t& busy) {
+  const RecordNr input = pin.id - kFirstPin + 1;
+  content.Set("55.DigitalIOInputDirection", input, pin.isOutput ? 2 : 1);
+  content.Set("55.DigitalIOInputActiveState", input, pin.isHigh ? 1 : 0);
+  if (!pin.label.empty()) content.Set("55.DigitalIOInputLabel", input, pin.label);
+  if (!pin.isOutput) {
+    content.Set("55.DigitalIOInputActivationAction", input, pin.action);
+    content.Set("55.DigitalIOInputDeactivationAction", input, pin.endsToo ? pin.action : 0);
+    content.Set("55.DigitalIOInputDebounceTime", input, pin.debounceMs);
+    content.Set("55.DigitalIOInputMirroredTo", input, pin.mirrors);
+    content.Set("55.GPIOActivation1", input, pin.parameter);
+    content.Set("55.GPIODeActivation1", input, pin.endsToo ? pin.parameter : 0);
+    return;
+  }
+  if (pin.action == kBusyStatus)
+    content.Set("55.DigitalIOInputMirroredTo", input, std::exchange(busy, input));
+  const RecordNr output = pin.id - kFirstOutputPin + 1;
+  content.Set("56.DigitalIOOutputPinID", output, pin.id);
+  content.Set("56.DigitalIOOutputAction", output, pin.action);
+  content.Set("56.DigitalIOOutputSignalType", output, pin.isLatching ? 1 : 0);
+  content.Set("56.DigitalIOOutputLabel", output, content.Get("55.DigitalIOInputLabel", input));
+}
+
+void AddPins(Provider& content, const std::vector<Pin>& pins) {
+  constexpr const char* kLabels[] = {"PIN_12", "PIN_5",  "PIN_4",  "PIN_10", "PIN_2",
+                                     "PIN_9",  "PIN_1",  "PIN_9",  "PIN_10", "PIN_11",
+                                     "PIN_12", "PIN_13", "PIN_14", "PIN_15", "C_HEAD"};
+  constexpr std::int32_t kFirstBit = 25, kBitsInARow = 5, kSixthBit = 43;
+  for (RecordNr record = 1; record <= content.Count(55); ++record) {
+    content.Set("55.DigitalIOInputPinID", record, kFirstPin + record - 1);
+    content.Set("55.DigitalIOInputLabel", record, kLabels[record - 1]);
+  }
+  std::int32_t busy = 0;
+  for (const Pin& pin : pins) {
+    AddPin(content, pin, busy);
+    const std::int32_t bit = pin.action - kFirstBit, late = pin.action - kSixthBit + kBitsInARow;
+    if (pin.isOutput) continue;
+    if (bit >= 0 && bit < kBitsInARow) content.Set("57.ReverseBCDLookup", bit + 1, pin.id);
+    if (late >= kBitsInARow && late < 8) content.Set("57.ReverseBCDLookup", late + 1, pin.id);
+  }
+}
+
 /// The index of a channel, from 0.
 std::int32_t IndexOf(const Personality& personality, std::int32_t number) {
   const auto channel = std::ranges::find(personality.channels, number, &Channel::number);
@@ -324,6 +372,7 @@ void FillStored(Provider& content, const Personality& personality) {
   AddTwoToneSystems(content, personality.twoToneSystems);
   AddChannels(content, personality);
   AddGroups(content, personality);
+  AddPins(content, personality.pins);
 }
 
 void FillForms(Provider& content, const Personality& personality) {

@@ -68,6 +68,19 @@ struct TwoToneSystem {
   std::array<std::int32_t, 4> tones;  // in tenths of a hertz, 0 for none
   std::int32_t number = 0;
 };
+/// A digital line that is used; the others are free.
+struct Pin {
+  std::int32_t id;  // 22 AUX_GPI1 to 36 CH_GPIO1
+  bool isOutput;
+  std::int32_t action;  // inputs and outputs are numbered apart
+  bool isHigh = false;
+  std::int32_t debounceMs = 10;
+  std::string label = {};
+  std::int32_t mirrors = 0;    // the id of the output that follows the input
+  bool endsToo = true;         // the end of an input's action has the same number
+  std::int32_t parameter = 0;  // of an input's action
+  bool isLatching = false;     // an output that reflects a key
+};
 struct Group {
   std::int32_t number;
   bool isVote;
@@ -82,6 +95,7 @@ struct Personality {
   std::vector<Channel> channels;
   bool gps = false;
   std::vector<Group> groups = {};
+  std::vector<Pin> pins = {};
 };
 
 /// A raw sequence of Selcall tones ("0123456789ABCDEF-GV"), of DTMF keys ("0123456789ABCD#*-").

@@ -49,6 +49,26 @@ TwoToneSystem FullTwoToneSystem(std::int32_t place) {
       .isCNE = place % 2 == 0, .isCustom = place > 2, .tones = kTones[place - 1], .number = 4 * place - 3};
 }
 
+/// All of them, and actions of every kind: with a parameter, for a bit of the channel's number, on a chain.
+std::vector<Pin> FullPins() {
+  return {
+      {.id = 22, .isOutput = false, .action = 18, .debounceMs = 20, .label = "EPTT"},
+      {.id = 23, .isOutput = false, .action = 4, .debounceMs = 50, .endsToo = false, .parameter = 1},
+      {.id = 24, .isOutput = false, .action = 2, .isHigh = true, .debounceMs = 5, .label = "IGN"},
+      {.id = 25, .isOutput = true, .action = 1, .isHigh = true, .label = "BUSY"},
+      {.id = 26, .isOutput = true, .action = 1},
+      {.id = 27, .isOutput = true, .action = 13, .isLatching = true},
+      {.id = 28, .isOutput = false, .action = 43, .debounceMs = 100, .mirrors = 29},
+      {.id = 29, .isOutput = true, .action = 35, .isHigh = true, .label = "ALARM"},
+      {.id = 30, .isOutput = false, .action = 23, .isHigh = true, .debounceMs = 200, .parameter = 40},
+      {.id = 31, .isOutput = false, .action = 24, .endsToo = false, .parameter = 17},
+      {.id = 32, .isOutput = true, .action = 26, .label = "STATUS"},
+      {.id = 33, .isOutput = false, .action = 7, .isHigh = true, .debounceMs = 2, .parameter = 2},
+      {.id = 35, .isOutput = false, .action = 41, .isHigh = true},
+      {.id = 36, .isOutput = false, .action = 34, .debounceMs = 150, .label = "SIREN", .mirrors = 32},
+  };
+}
+
 /// `count` bursts of so many tones.
 std::vector<std::string> Bursts(const std::string& prefix, std::int32_t count, std::size_t tones) {
   std::vector<std::string> bursts;
@@ -153,6 +173,7 @@ Personality Full() {
     full.twoToneSystems.push_back(FullTwoToneSystem(place));
     full.systems.push_back(FullSelcallSystem(place));
   }
+  full.pins = FullPins();
   for (std::int32_t i = 0; i < kFullChannels; ++i) {
     const auto network = static_cast<std::size_t>(i % kFullNetworks);
     full.channels.push_back(FullChannel(i, full.networks[network].signallingType));
@@ -167,6 +188,11 @@ void FillFull(Provider& content, const Personality& full) {
   content.SetCount(16, kFullGroups);
   content.SetCount(18, kFullGroups * kFullMembers);
   FillTelling(content);
+  for (const std::int32_t table : {55, 56, 57}) {  // what is not described is as in a new personality
+    const RecordNr count = content.Count(table);
+    content.SetCount(table, 0);
+    content.SetCount(table, count);
+  }
   FillStored(content, full);
   AddPresetCalls(content, full);
   FillTied(content);

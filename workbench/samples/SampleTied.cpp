@@ -152,6 +152,15 @@ constexpr Column kEmergencies[] = {
     {"53.StealthFalsePowerdown", [](RecordNr r) { return r % 4 == 1 || r % 4 == 2 ? 1 : 0; }},  // of Selcall
 };
 
+constexpr Column kAudioPaths[] = {
+    {"59.AudioIOTapIn",               [](RecordNr r) { return std::array{7, 19, 20, 24}[static_cast<std::size_t>(r - 1)]; }},
+    {"59.AudioIOTapInType",           [](RecordNr r) { return std::array{1, 5, 0, 1}[static_cast<std::size_t>(r - 1)]; }},
+    {"59.AudioIOTapInUnmuteCondition", [](RecordNr r) { return r == 1 ? 2 : r == 3 ? -1 : 0; }},
+    {"59.AudioIOTapOut",              [](RecordNr r) { return std::array{10, 28, 29, 0}[static_cast<std::size_t>(r - 1)]; }},
+    {"59.AudioIOTapOutType",          [](RecordNr r) { return r % 2 == 0 ? 2 : 3; }},
+    {"59.AudioIOTapOutUnmuteCondition", [](RecordNr r) { return r == 1 ? 4 : r == 2 ? 0 : -1; }},
+};
+
 constexpr std::int32_t InBandTone(RecordNr network) { return 10 * (500 + 97 * network); }
 
 constexpr Column kInBandTones[] = {
@@ -285,6 +294,9 @@ void FillTied(Provider& content) {
   Fill(content, kNetworks);
   Fill(content, kEmergencies);
   Fill(content, kInBandTones);
+  content.SetCount(59, 4);  // the fifth path is none
+  Fill(content, kAudioPaths);
+  for (RecordNr r = 1; r <= 4; ++r) content.Set("59.AudioIOLabel", r, "");  // every save clears them
   Fill(content, kSystems);
   FillToneSets(content);
   FillSequences(content);

@@ -114,7 +114,6 @@ constexpr Pointer kPointers[] = {
     {"55.GPIOActivation1",                   5, Counts::FromZero, "55.DigitalIOInputActivationAction", 24},
     {"55.GPIOActivation1",                  16, Counts::FromZero, "55.DigitalIOInputActivationAction", 46},
     {"55.GPIODeActivation1",                 5, Counts::FromZero, "55.DigitalIOInputActivationAction", 23},
-    {"55.GPIODeActivation1",                 5, Counts::FromZero, "55.DigitalIOInputActivationAction", 24},
     {"55.GPIODeActivation1",                16, Counts::FromZero, "55.DigitalIOInputActivationAction", 46},
     {"64.DTMFNetworkToneSetupRecord",       63},
     {"67.DTMFPatchToneSetupPointer",        72},

@@ -106,6 +106,13 @@ TEST_F(DifferenceTest, TheOrderOfChannelsAndTonesIsNone) {
     Repoint(*b, pointer, channels);
   }
   Repoint(*b, "76.DSDBM_PRESET_CALL_CHANNEL_REF", channels, 1);
+  for (RecordNr input = 1; input <= b->Count(55); ++input) {  // inputs that choose a channel
+    const std::int32_t action = CLng(b->Get("55.DigitalIOInputActivationAction", input));
+    for (const char* field : {"55.GPIOActivation1", "55.GPIODeActivation1"}) {
+      const bool isPointer = action == 23 || (action == 24 && field[7] == 'A');
+      if (isPointer) b->Set(field, input, b->Count(5) - CLng(b->Get(field, input)));
+    }
+  }
   const Order tones = Reversed(1, a->Count(50));
   Reorder(*b, 50, tones);
   for (RecordNr record = 1; record <= b->Count(5); ++record) {
