@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/Conversions.h"
+#include "workbench/cli/IOSheet.h"
 #include "workbench/cli/Report.h"
 #include "workbench/cli/SystemSheets.h"
 #include "workbench/cli/TextTable.h"
@@ -148,7 +149,7 @@ const SchemaTable& TableOfNumber(const Schema& schema, const std::string& text) 
   const SchemaTable* table = isNumber ? schema.FindTable(number) : nullptr;
   if (table != nullptr) return *table;
   throw UsageError("\"" + text + "\" is no table of version " + schema.Version() +
-                   ", and none of channels, networks, scan-groups, selcall, dtmf, two-tone, mdc1200");
+                   ", and none of channels, networks, scan-groups, selcall, dtmf, two-tone, mdc1200, io");
 }
 
 struct ShowArguments {
@@ -162,7 +163,7 @@ void Take(Words& words, ShowArguments& given) {
   words.Required("FILE", given.file, "The personality");
   words.Required(
       "WHAT", given.what,
-      "channels, networks, scan-groups, selcall, dtmf, two-tone, mdc1200, or the number of a table");
+      "channels, networks, scan-groups, selcall, dtmf, two-tone, mdc1200, io, or the number of a table");
   words.OptionalRecord("SYSTEM", given.system, "Of signalling systems: this one alone, by its record");
   words.Flag("--all", given.all, "Of selcall and dtmf: unused bursts and empty presets, too");
 }
@@ -311,6 +312,10 @@ ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
   }
   if (isSelcall) {
     ShowSelcall(arguments, opened.GetSession(), workplace);
+    return ExitCode::Done;
+  }
+  if (arguments.what == "io") {
+    IOSheet::Show(opened.GetSession(), workplace);
     return ExitCode::Done;
   }
   for (const View& view : kViews) {

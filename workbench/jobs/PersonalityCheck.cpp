@@ -16,7 +16,8 @@
 namespace {
 
 /// Rules that judge the change to another value and not the value, or explain it: what is stored is none.
-constexpr std::string_view kRulesOfChange[] = {"ChannelNetworkID_k6k", "GroupFormat", "GroupTone", "ToneSet"};
+constexpr std::string_view kRulesOfChange[] = {
+    "ChannelNetworkID_k6k", "GroupFormat", "GroupTone", "IOPCTS", "IOPRTS", "ToneSet"};
 /// Rules that advise and ask about a change, and judge the value by refusing it.
 constexpr std::string_view kAdviceOnChange[] = {"DigitalIOAction"};
 }  // namespace

@@ -33,6 +33,22 @@ void RequireConvertible(const Provider& content, const std::string& fileName) {
   }
 }
 
+/// A digital line has a row on the forms by its pin; the tier takes a line without one for a fault of its
+/// own.
+void RequirePins(const Provider& content, const std::string& fileName) {
+  constexpr std::int32_t kFirstPin = 22, kLastPin = 36;
+  const SchemaField& pin = content.FieldOf("55.DigitalIOInputPinID");
+  const SchemaField& direction = content.FieldOf("55.DigitalIOInputDirection");
+  for (RecordNr record = 1; record <= content.Count(pin.table); ++record) {
+    const Variant& used = content.Get(direction, record);
+    const Variant& id = content.Get(pin, record);
+    const bool isPin = IsNumeric(id) && CDbl(id) >= kFirstPin && CDbl(id) <= kLastPin;
+    if (isPin || !(IsCode(used, 1) || IsCode(used, 2))) continue;
+    throw FileError(fileName, 0, pin.id + ", record " + std::to_string(record),
+                    "\"" + CStr(id) + "\" is no pin, and the line has a direction");
+  }
+}
+
 /// The forms take the control statuses in order, up to one that they can not take.
 Session::NotTaken LeftOutOf(const Provider& content) {
   const SchemaField& system = content.FieldOf("32.SignalSystemId");
@@ -104,6 +120,7 @@ void Session::ConvertToForms() {
 }
 
 void Session::ConvertToForms(const std::shared_ptr<Provider>& provider) {
+  RequirePins(*provider, fileName_);
   provider->SetOnForms(true);
   host_.Require(host_.Owner().PostReadProcessing(provider, Variant()));
   for (const SchemaField* field : provider->GetSchema().ConvertedToForms()) {

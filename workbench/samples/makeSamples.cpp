@@ -197,6 +197,24 @@ Personality HospitalPaging() {
                                  .isPaged = i < 4,
                                  .hasInBandTone = i >= 4});
   }
+  // A fire alarm is wired to an input and shown on an output, a relay keys the siren while a call comes in;
+  // the ignition switches the radio, a modem has its lines.
+  hospital.pins = {
+      {.id = 24, .isOutput = false, .action = 2, .isHigh = true, .label = "IGNITION"},
+      {.id = 25, .isOutput = true, .action = 1, .label = "BUSY"},
+      {.id = 26, .isOutput = true, .action = 25, .isHigh = true, .label = "SIREN"},
+      {.id = 29,
+       .isOutput = false,
+       .action = 4,
+       .debounceMs = 100,
+       .label = "FIRE",
+       .mirrors = 30,
+       .endsToo = false},
+      {.id = 30, .isOutput = true, .action = 35, .isHigh = true, .label = "ALARM"},
+      {.id = 31, .isOutput = false, .action = 33, .label = "RTS"},
+      {.id = 32, .isOutput = true, .action = 22, .label = "CTS"},
+      {.id = 33, .isOutput = false, .action = 18, .debounceMs = 20, .label = "DESK PTT"},
+  };
   return hospital;
 }
 

@@ -1,0 +1,82 @@
+#include <gmock/gmock.h>
+
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "tests/workbench/InProcessCommand.h"
+
+/// Programmable I/O on the command line, on the hospital: a fire alarm comes in and shows on an output.
+namespace {
+using nlohmann::json;
+using testing::AllOf;
+using testing::HasSubstr;
+
+class IOCommands : public InProcessCommand {
+ protected:
+  const std::string file = folder.Write("hospital.json", ContentOf(Sample("hospital-paging")));
+  std::string Told(const std::vector<std::string>& words) {
+    EXPECT_EQ(Run(words), ExitCode::Done) << messages << out.str();
+    return out.str();
+  }
+};
+
+TEST_F(IOCommands, PinsPathsAndLinesAreShown) {
+  EXPECT_THAT(
+      Told({"show", file, "io"}),
+      AllOf(HasSubstr("  8  IOP_GPIO1  Input      Enter Emergency Mode    Low     100  IOP_GPIO2  FIRE\n"),
+            HasSubstr("RTS is on IOP_GPIO3\n"), HasSubstr("Emergency Mode Type  Non Stealth\n"),
+            HasSubstr("A - Bypass In")));
+  const json shown = json::parse(Told({"show", file, "io", "--json"}));
+  EXPECT_EQ(shown["flowControl"]["cts"], "IOP_GPIO4");
+  EXPECT_EQ(shown["pins"][8]["action"], "Alarm Status");
+  EXPECT_EQ(Run({"show", file, "io", "1"}), ExitCode::CouldNot);
+}
+
+TEST_F(IOCommands, WhatAPersonReadsIsWhatIsTyped) {
+  EXPECT_EQ(Run({"set", file, "DigitalIOAction", "5", "toggle tx rf inhibit"}), ExitCode::No);  // an output
+  EXPECT_EQ(Run({"set", file, "DigitalIOAction", "6", "Monitor"}), ExitCode::No);
+  EXPECT_THAT(out.str(), HasSubstr("set DigitalIODirection first"));
+  EXPECT_THAT(Told({"set", file, "DigitalIODirection", "6", "input"}), HasSubstr("None -> Low"));
+  EXPECT_THAT(Told({"set", file, "DigitalIOAction", "6", "toggle tx rf inhibit"}),
+              HasSubstr("No Action -> Toggle Tx RF Inhibit"));
+  EXPECT_EQ(Run({"set", file, "DigitalIOAction", "6", "Togle Tx RF Inhibit"}), ExitCode::No);
+  EXPECT_THAT(out.str(), HasSubstr("did you mean Toggle Tx RF Inhibit"));
+  EXPECT_EQ(Run({"set", file, "DigitalIODirection", "1", "Output"}), ExitCode::No);
+  EXPECT_EQ(Run({"set", file, "DigitalIOPin", "1", "AUX_GPI2"}), ExitCode::No);
+  EXPECT_EQ(Run({"set", file, "AudioIOTapIn", "2", "R7"}), ExitCode::No);
+  Told({"set", file, "AudioIOTapIn", "2", "t3"});
+  Told({"set", file, "DigitalIODirection", "11", "None", "--answer", "yes"});
+  EXPECT_EQ(json::parse(Told({"show", file, "io", "--json"}))["flowControl"]["cts"], "None");
+  Told({"check", file});
+}
+
+TEST_F(IOCommands, WhateverIsTriedOnAPinThePersonalitySavesAndOpens) {
+  const auto set = [&](const char* uiid, int row, const char* text, const char* answer) {
+    const ExitCode code = Run({"set", file, uiid, std::to_string(row), text, "--answer", answer});
+    EXPECT_TRUE(code == ExitCode::Done || code == ExitCode::No) << uiid << row << text << messages;
+  };
+  for (const char* answer : {"no", "yes"}) {
+    for (int row = 1; row <= 15; ++row) {
+      for (const char* direction : {"Input", "Output", "Input", "None"}) {
+        set("DigitalIODirection", row, direction, answer);
+        for (const char* action : {"External PTT 1", "Home Channel", "BCD Pin 0", "Busy Status",
+                                   "F1 Key Status", "CTS Control (DCE)", "No Action"}) {
+          set("DigitalIOAction", row, action, answer);
+        }
+      }
+    }
+    Run({"check", file, "--json"});
+    for (const json& finding : json::parse(out.str())["findings"]) EXPECT_NE(finding["kind"], "error") << finding;
+  }
+}
+
+TEST_F(IOCommands, AnInputOfNoPinIsRefusedWithItsPlace) {
+  for (const int pin : {0, 21, 37}) {
+    auto document = nlohmann::ordered_json::parse(ContentOf(Sample("hospital-paging")));
+    document["tables"]["55"][7]["DigitalIOInputPinID"] = pin;
+    const std::string damaged = folder.Write("damaged.json", document.dump());
+    EXPECT_EQ(Run({"check", damaged}), ExitCode::CouldNot) << pin;
+    EXPECT_THAT(messages, HasSubstr("damaged.json")) << pin;
+  }
+}
+}  // namespace

@@ -1,0 +1,12 @@
+#pragma once
+
+class Session;
+class Workplace;
+
+/// The programmable I/O as a technician reads it: the digital lines, those of flow control, the parameters of
+/// the actions in use, the audio paths. The session is on its forms.
+namespace IOSheet {
+
+void Show(Session& session, Workplace& workplace);
+
+}  // namespace IOSheet
