@@ -10,6 +10,7 @@
 #include "radioui/modAudibleIndicators.h"
 #include "radioui/modData.h"
 #include "radioui/modDisplayIndicators.h"
+#include "radioui/modFunctionKeys.h"
 #include "radioui/modGPS.h"
 #include "radioui/modPersonalityOptions.h"
 #include "radioui/modUIPreferences.h"
@@ -45,6 +46,7 @@ constexpr Transformation kTransformations[] = {
     {500, modScanGroups::SetGroupID,           modScanGroups::GetGroupID},
     {501, SetTxFrequency,                      GetTxFrequency},
     {502, SetRxFrequency,                      GetRxFrequency},
+    {503, modFunctionKeys::SetGenerateFunctionKeys, modFunctionKeys::GetGenerateFunctionKeys},
     {508, modScanGroups::SetChannelIndex,      modScanGroups::GetChannelIndex},
     {509, modData::SetXonXoff,                 modData::GetXonXoff},
     {510, SetSubAudSignalling,                 GetSubAudSignalling},

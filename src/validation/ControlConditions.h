@@ -149,6 +149,7 @@ inline constexpr Condition kPTT3Transmits = Not(OneOf<PTTTransmission::kNone>("P
 inline constexpr Condition kSecurityLock = On("SecurityLockOnPowerUp");
 inline constexpr Condition kGroupActivity = On("GroupActivityOnPowerUp_k6k");
 inline constexpr Condition kKeypadMic = On("KeypadMic");
+/// The actions whose parameter names something.
 consteval Condition TakesParameter(std::string_view key) {
   return OneOf<KeyAction::kEmergencyMode, KeyAction::kScanning, KeyAction::kNetworkPresetCalls,
                KeyAction::kPhonePatch, KeyAction::kPresetChannel, KeyAction::kScanningNuisanceDelete>(key);

@@ -7,6 +7,7 @@
 #include "networks/modvalNetworks.h"
 #include "platform/CaseText.h"
 #include "radioui/modvalData.h"
+#include "radioui/modvalFunctionKeys.h"
 #include "scangroups/modvalScanGroups.h"
 #include "selcall/modvalControlStatus.h"
 #include "selcall/modvalFreeFormat.h"
@@ -30,6 +31,8 @@ constexpr struct {
 } kForms[] = {
     {"USRCTLCHANNELSKD4410", modvalChannels::ValidateForm},
     {"USRCTLCHANNELSKE2210", modvalChannels::ValidateForm},
+    {"USRCTLKEYSETTINGSKD4410", Plain<modvalFunctionKeys::FormIsValid>},
+    {"USRCTLKEYSETTINGSKE2210", Plain<modvalFunctionKeys::FormIsValid>},
     {"USRCTLFREEFORMATKD4410", Plain<modvalFreeFormat::ValidateCurrentSequence>},
     {"USRCTLFREEFORMATKE2210", Plain<modvalFreeFormat::ValidateCurrentSequence>},
     {"USRCTLSCANGROUPSKD4410", Plain<modvalScanGroups::ValidateScanGroupForm>},

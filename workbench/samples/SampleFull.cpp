@@ -166,6 +166,7 @@ void FillFull(Provider& content, const Personality& full) {
   }
   content.SetCount(16, kFullGroups);
   content.SetCount(18, kFullGroups * kFullMembers);
+  content.SetCount(24, kFullActions);
   FillTelling(content);
   FillStored(content, full);
   AddPresetCalls(content, full);

@@ -41,14 +41,8 @@ constexpr struct Unknown {
   std::int32_t table;
   std::string_view field;
 } kUnknown[] = {
-    {4, "1117.AudibleIndicators_k6k"},
-    {15, "15.FnKeyShortPressActionID"},
-    {24, "0.HomeChannel"},
-    {25, "25.PTTPriority"},
-    {55, "55.DigitalIOInputPinID"},
-    {56, "55.DigitalIOInputPinID"},
-    {57, "55.DigitalIOInputPinID"},
-    {59, "59.AudioIOMicLabels"},
+    {4, "1117.AudibleIndicators_k6k"},       {25, "25.PTTPriority"},         {55, "55.DigitalIOInputPinID"},
+    {56, "55.DigitalIOInputPinID"},          {57, "55.DigitalIOInputPinID"}, {59, "59.AudioIOMicLabels"},
     {60, "1118.SelcallIndivCallRxCadence1"},
 };
 
