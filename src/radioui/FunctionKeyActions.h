@@ -88,9 +88,12 @@ static_assert(kCount == KeyAction::kScanningNuisanceDelete + 1);
 static_assert(kActions[KeyAction::kPresetChannel].name == "Preset Channel");
 
 /// The texts of a parameter that is one of a few; what is stored is their row, from 0. None for the others.
-inline constexpr std::string_view kEmergencyModes[] = {"Non Stealth", "Stealth", "Deactivate"};
-inline constexpr std::string_view kPresets[] = {"Preset 1", "Preset 2", "Preset 3", "Preset 4"};
-inline constexpr std::string_view kSequences[] = {"Sequence 1", "Sequence 2", "Sequence 3", "Sequence 4"};
+inline constexpr auto kEmergencyModes =
+    std::to_array<std::string_view>({"Non Stealth", "Stealth", "Deactivate"});
+inline constexpr auto kPresets =
+    std::to_array<std::string_view>({"Preset 1", "Preset 2", "Preset 3", "Preset 4"});
+inline constexpr auto kSequences =
+    std::to_array<std::string_view>({"Sequence 1", "Sequence 2", "Sequence 3", "Sequence 4"});
 constexpr std::span<const std::string_view> TextsOf(Parameter parameter) {
   switch (parameter) {
     case Parameter::EmergencyMode:
@@ -123,6 +126,18 @@ constexpr std::int32_t Decode(std::int64_t shortPress, std::int64_t longPress, s
   }
   return begun == 1 ? last : KeyAction::kUnassigned;
 }
+
+constexpr bool HasParameter(const Action& action) { return action.parameter != Parameter::None; }
+
+/// The actions whose parameter names something.
+inline constexpr auto kWithParameter = [] {
+  std::array<std::int32_t, std::ranges::count_if(kActions, HasParameter)> values{};
+  auto place = values.begin();
+  for (std::int32_t value = 0; value < kCount; ++value) {
+    if (HasParameter(kActions[value])) *place++ = value;
+  }
+  return values;
+}();
 
 /// Whether two actions lead to one programmable action.
 constexpr bool ShareType(const Action& a, const Action& b) {
