@@ -81,6 +81,21 @@ void DTMFBothWays(benchmark::State& state) {
 }
 BENCHMARK(DTMFBothWays);
 
+/// With the lights of the radio.
+void KeysBothWays(benchmark::State& state) {
+  Session& session = OpenSession();
+  const auto provider = session.Content().Copy();
+  const OtherStore other(session, provider);
+  const TierHost& host = session.Host();
+  Measure(state, {.name = "all function keys both ways", .limit = 40}, &provider->Monitor(), {[&] {
+            constexpr const char* kKeys = "15.FnKeyShortPressActionID";
+            Boolean converted = kFalse;
+            host.Require(host.Owner().TransformFromUI(provider, kKeys, 1, converted));
+            host.Require(host.Owner().TransformToUI(provider, kKeys, 1, converted));
+          }});
+}
+BENCHMARK(KeysBothWays);
+
 /// All members of all groups, one way.
 void Members(benchmark::State& state, bool toRadio, Figure figure) {
   Session& session = OpenSession();

@@ -142,11 +142,12 @@ class TableRef {
     static_cast<void>(Ask<RecordNr>(Host(), &Itable::AppendRecord));
     return RecordCount();
   }
-  /// Appends records until the table holds as many as the version allows.
-  void FillToCapacity() const {
-    const RecordNr capacity = MaxRecords();
-    for (RecordNr count = RecordCount(); count < capacity; ++count) AppendRecord();
+  /// Appends records until the table holds so many.
+  void FillTo(RecordNr needed) const {
+    for (RecordNr count = RecordCount(); count < needed; ++count) AppendRecord();
   }
+  /// Appends records until the table holds as many as the version allows.
+  void FillToCapacity() const { FillTo(MaxRecords()); }
   void DeleteRecord(RecordNr record) const {
     static_cast<void>(Ask<RecordNr>(Host(), &Itable::DeleteRecord, record));
   }

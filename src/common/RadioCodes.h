@@ -27,15 +27,23 @@ namespace KeyAction {  ///< FunctionKey1 to FunctionKey4
 inline constexpr std::int32_t kUnassigned = 0;
 inline constexpr std::int32_t kActionDigitalOutputLine = 2;
 inline constexpr std::int32_t kBacklightTimer = 3;
+inline constexpr std::int32_t kBacklightToggle = 4;
 inline constexpr std::int32_t kBacklightTimerToggle = 5;
+inline constexpr std::int32_t kCallCleardown = 6;
 inline constexpr std::int32_t kEconomy = 9;
 inline constexpr std::int32_t kEmergencyMode = 10;
 inline constexpr std::int32_t kEncryption = 11;
 inline constexpr std::int32_t kScanning = 12;
 inline constexpr std::int32_t kLowPowerTransmit = 16;
+inline constexpr std::int32_t kMonitor = 17;
+inline constexpr std::int32_t kMonitorSquelchOverride = 18;
 inline constexpr std::int32_t kNetworkPresetCalls = 19;
+inline constexpr std::int32_t kNuisanceDelete = 20;
 inline constexpr std::int32_t kPhonePatch = 21;
 inline constexpr std::int32_t kPresetChannel = 22;
+inline constexpr std::int32_t kResetMonitor = 26;
+inline constexpr std::int32_t kResetMonitorCallCleardown = 27;
+inline constexpr std::int32_t kSquelchOverride = 30;
 inline constexpr std::int32_t kScanningNuisanceDelete = 31;
 }  // namespace KeyAction
 

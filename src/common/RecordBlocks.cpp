@@ -22,8 +22,7 @@ std::int32_t NewIndex(const RecordOrder& order, std::int32_t index) {
 
 void CompleteBlocks(const ProviderRef& provider, const RecordBlocks& blocks, RecordNr owners) {
   const TableRef table = provider.Table(blocks.table);
-  const RecordNr needed = std::min(blocks.CountFor(owners), table.MaxRecords());
-  for (RecordNr count = table.RecordCount(); count < needed; ++count) table.AppendRecord();
+  table.FillTo(std::min(blocks.CountFor(owners), table.MaxRecords()));
 }
 
 void ReorderBlocks(const ProviderRef& provider, const RecordBlocks& blocks, const RecordOrder& order) {

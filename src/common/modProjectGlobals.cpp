@@ -115,6 +115,11 @@ RecordNr GetChannelNetworkRecordNr(const ProviderRef& provider, RecordNr channel
   });
 }
 
+bool IsBlankSequence(std::string_view sequence) {
+  sequence = Trim(sequence);
+  return sequence.empty() || sequence == kNone || sequence == kUndefined;
+}
+
 RecordNr FindRecord(const FieldRef& field, const Variant& value, RecordNr from) {
   const RecordNr last = field.RecordCount();
   for (RecordNr record = from; record <= last; ++record) {

@@ -35,6 +35,9 @@ RecordNr SigSysRecordNr(const ProviderRef& provider, std::int32_t signallingType
 /// none. Raises 5 without provider and for a channel record outside the table.
 RecordNr GetChannelNetworkRecordNr(const ProviderRef& provider, RecordNr channel);
 
+/// Whether a sequence on the forms sends nothing: no text but blanks, "None", "Undefined".
+bool IsBlankSequence(std::string_view sequence);
+
 /// The first record from `from` on that holds the value; 0 for none. Asks no further than that record.
 RecordNr FindRecord(const FieldRef& field, const Variant& value, RecordNr from = 1);
 /// The lowest number that no record has, as the field offers them; empty for none.

@@ -97,6 +97,7 @@ class IproviderOwner {
   ///   converts record 1 converts all that follow, too.
   /// - 570 (in-band tone) and 577 (all two-tone periods of the record) convert in place, so that each call
   ///   moves them: a host converts them once on each way, and what is edited in between stays as it is shown.
+  /// - 503 (function keys) lays tables 3, 15 and 24 out anew, whatever they held.
   /// - 572 (standard tone sets) lays table 74 out anew, whatever it held.
   /// - The rows of tables 1101 to 1106 are a view (1107.CurrentSelcallNumber): their rules store what is
   ///   typed, and TransformToUI shows the first system in them. A host that has stored an edit asks the rule

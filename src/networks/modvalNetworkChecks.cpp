@@ -10,6 +10,7 @@
 #include "common/StoredValues.h"
 #include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
+#include "platform/DecimalText.h"
 #include "signalling/modMDC1200.h"
 
 namespace modvalNetworkChecks {
@@ -66,11 +67,8 @@ constexpr NeededSequence kAckAndANISequences[] = {
 };
 
 bool IsBlank(std::string_view sequence, std::int32_t type) {
-  const std::size_t first = sequence.find_first_not_of(' ');
-  if (first == std::string_view::npos) return true;
-  sequence = sequence.substr(first, sequence.find_last_not_of(' ') - first + 1);
-  return sequence == kNone || sequence == kUndefined ||
-         (type == SignallingType::kMDC1200 && modMDC1200::IsNoSequence(sequence));
+  return modProjectGlobals::IsBlankSequence(sequence) ||
+         (type == SignallingType::kMDC1200 && modMDC1200::IsNoSequence(Trim(sequence)));
 }
 
 /// A network on a system that is not there has nothing to judge.

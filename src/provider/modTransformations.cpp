@@ -12,6 +12,7 @@
 #include "radioui/modData.h"
 #include "radioui/modDigitalIO.h"
 #include "radioui/modDisplayIndicators.h"
+#include "radioui/modFunctionKeys.h"
 #include "radioui/modGPS.h"
 #include "radioui/modPersonalityOptions.h"
 #include "radioui/modUIPreferences.h"
@@ -47,6 +48,7 @@ constexpr Transformation kTransformations[] = {
     {500, modScanGroups::SetGroupID,           modScanGroups::GetGroupID},
     {501, SetTxFrequency,                      GetTxFrequency},
     {502, SetRxFrequency,                      GetRxFrequency},
+    {503, modFunctionKeys::SetGenerateFunctionKeys, modFunctionKeys::GetGenerateFunctionKeys},
     {508, modScanGroups::SetChannelIndex,      modScanGroups::GetChannelIndex},
     {509, modData::SetXonXoff,                 modData::GetXonXoff},
     {510, SetSubAudSignalling,                 GetSubAudSignalling},

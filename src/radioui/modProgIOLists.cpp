@@ -4,6 +4,7 @@
 #include <iterator>
 #include <string>
 
+#include "common/LibraryArray.h"
 #include "common/Procedure.h"
 #include "common/RadioCodes.h"
 #include "common/modProjectGlobals.h"
@@ -243,6 +244,15 @@ constexpr ListOfField kActionParameters[] = {
     {"ActionParamMuteAudioOutput", OfferTexts<kAudioPaths>},
     {"ActionParamToggleMuteExternalAudio", OfferTexts<kAudioPaths>},
 };
+using GetList = void (*)(const ProviderRef& provider, std::string_view uiid, RecordNr record, XArrayDBObject& items);
+
+std::string EntryOf(GetList getList, const ProviderRef& provider, std::string_view uiid, RecordNr record,
+                    std::int32_t entry) {
+  LibraryArray items;
+  getList(provider, uiid, record, items);
+  const std::int32_t last = items.UpperBound(1);
+  return last < 0 ? std::string() : CStr(items.GetValue(std::min(entry, last), 0));
+}
 }  // namespace
 
 void GetK6000ProgIODigital(const ProviderRef& provider, std::string_view uiid, RecordNr record,
@@ -253,6 +263,16 @@ void GetK6000ProgIODigital(const ProviderRef& provider, std::string_view uiid, R
 void GetK6000ProgIOAudio(const ProviderRef& provider, std::string_view uiid, RecordNr record,
                          XArrayDBObject& items) {
   Procedure("GetK6000ProgIOAudio", [&] { OfferByUIID(kAudioLists, provider, uiid, record, items); });
+}
+
+std::string DigitalEntry(const ProviderRef& provider, std::string_view uiid, RecordNr record,
+                         std::int32_t entry) {
+  return EntryOf(GetK6000ProgIODigital, provider, uiid, record, entry);
+}
+
+std::string AudioEntry(const ProviderRef& provider, std::string_view uiid, RecordNr record,
+                       std::int32_t entry) {
+  return EntryOf(GetK6000ProgIOAudio, provider, uiid, record, entry);
 }
 
 void GetActionParameters(const ProviderRef& provider, std::string_view uiid, RecordNr record,

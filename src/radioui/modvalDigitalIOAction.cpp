@@ -3,7 +3,6 @@
 #include <iterator>
 #include <string>
 
-#include "common/LibraryArray.h"
 #include "common/Messages.h"
 #include "common/Procedure.h"
 #include "common/RadioCodes.h"
@@ -198,9 +197,8 @@ class ActionChange {
 
   /// The list rests on the action that has just been stored.
   void GiveSignalType() {
-    LibraryArray items;
-    modProgIOLists::GetK6000ProgIODigital(provider_, "DigitalIOSignalType", row_, items);
-    edit_.writes.Set("DigitalIOSignalType", row_, items.GetValue(0, 0));
+    constexpr std::string_view kSignal = "DigitalIOSignalType";
+    edit_.writes.Set(kSignal, row_, modProgIOLists::DigitalEntry(provider_, kSignal, row_, 0));
   }
 
   /// Whoever leaves these actions does not free the line: only a change of direction does; wanted so.

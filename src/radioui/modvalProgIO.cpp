@@ -6,7 +6,6 @@
 #include <span>
 #include <string>
 
-#include "common/LibraryArray.h"
 #include "common/Messages.h"
 #include "common/Procedure.h"
 #include "common/RadioCodes.h"
@@ -101,16 +100,12 @@ bool MayLieOn(RecordNr path, const Variant& point) {
   return path == kReceiverPath ? HoldsPoint(kReceiver, point) : !HoldsPoint(kNotOfMicrophone, point);
 }
 
-/// The entry of a tap's list, from 0; a list with fewer gives its first.
-Variant EntryOf(FieldEdit& edit, std::string_view uiid, std::int32_t entry) {
-  LibraryArray items;
-  modProgIOLists::GetK6000ProgIOAudio(edit.validator.CurrentProvider(), uiid, edit.record, items);
-  return items.GetValue(std::min(entry, items.UpperBound(1)), 0);
+/// Of its list, which rests on what is stored by then; a list with one entry gives that for the second, too.
+void TakeEntry(FieldEdit& edit, std::string_view uiid, std::int32_t entry) {
+  const ProviderRef provider = edit.validator.CurrentProvider();
+  edit.writes.Set(uiid, edit.record, modProgIOLists::AudioEntry(provider, uiid, edit.record, entry));
 }
-
-void TakeFirst(FieldEdit& edit, std::string_view uiid) {
-  edit.writes.Set(uiid, edit.record, EntryOf(edit, uiid, 0));
-}
+void TakeFirst(FieldEdit& edit, std::string_view uiid) { TakeEntry(edit, uiid, 0); }
 
 void FollowTapIn(FieldEdit& edit) {
   edit.StoreNow();
@@ -122,8 +117,7 @@ void FollowTapIn(FieldEdit& edit) {
 void FollowTapOut(FieldEdit& edit) {
   constexpr std::int32_t kSecondType[] = {1, 2, 3, 4, 5, 7, 10};
   edit.StoreNow();
-  const std::int32_t entry = HoldsPoint(kSecondType, edit.value) ? 1 : 0;
-  edit.writes.Set("TapOutType", edit.record, EntryOf(edit, "TapOutType", entry));
+  TakeEntry(edit, "TapOutType", HoldsPoint(kSecondType, edit.value) ? 1 : 0);
   TakeFirst(edit, "TapOutUnmuteCondition");
 }
 

@@ -118,10 +118,7 @@ RecordNr PatchRecord(RecordNr network, std::int32_t patch) {
 
 /// Table 68 has that record afterwards. In a walk over all networks it is the next one; a network that is
 /// stored alone, after an edit, finds its own.
-void ProvidePatchRecord(const ProviderRef& provider, RecordNr record) {
-  const TableRef table = provider.Table("68");
-  for (RecordNr count = table.RecordCount(); count < record; ++count) table.AppendRecord();
-}
+void ProvidePatchRecord(const ProviderRef& provider, RecordNr record) { provider.Table("68").FillTo(record); }
 
 /// Tables of a damaged file end at different networks: a record that is missing is left out.
 void CopyNetworkNumber(const ProviderRef& provider, RecordNr network, std::string_view field, RecordNr first,

@@ -3,6 +3,7 @@
 #include "channels/modBandLimits.h"
 #include "common/RadioCodes.h"
 #include "common/modProjectGlobals.h"
+#include "radioui/FunctionKeyActions.h"
 #include "validation/Conditions.h"
 
 /// The conditions of the controls, each under a name of its own.
@@ -150,8 +151,7 @@ inline constexpr Condition kSecurityLock = On("SecurityLockOnPowerUp");
 inline constexpr Condition kGroupActivity = On("GroupActivityOnPowerUp_k6k");
 inline constexpr Condition kKeypadMic = On("KeypadMic");
 consteval Condition TakesParameter(std::string_view key) {
-  return OneOf<KeyAction::kEmergencyMode, KeyAction::kScanning, KeyAction::kNetworkPresetCalls,
-               KeyAction::kPhonePatch, KeyAction::kPresetChannel, KeyAction::kScanningNuisanceDelete>(key);
+  return {.kind = Condition::Kind::OneOf, .field = key, .codes = FunctionKeyActions::kWithParameter};
 }
 inline constexpr Condition kKey1TakesParameter = TakesParameter("FunctionKey1");
 inline constexpr Condition kKey2TakesParameter = TakesParameter("FunctionKey2");

@@ -9,6 +9,7 @@
 #include "networks/modvalNetworkFields.h"
 #include "networks/modvalNetworks.h"
 #include "radioui/modvalDataFields.h"
+#include "radioui/modvalFunctionKeys.h"
 #include "radioui/modvalGPSFields.h"
 #include "radioui/modvalOptionFields.h"
 #include "radioui/modvalProgIO.h"
@@ -240,6 +241,11 @@ constexpr FieldRule kRules[] = {
     {"AUDIOIOTAPOUT",              modvalProgIO::ValidateAudioTap},
     {"TAPINTYPE",                  modvalProgIO::ValidateAudioTap},
     {"TAPOUTTYPE",                 modvalProgIO::ValidateAudioTap},
+    // function keys
+    {"FUNCTIONKEY1",               modvalFunctionKeys::ValidateFunctionKeys},
+    {"FUNCTIONKEY2",               modvalFunctionKeys::ValidateFunctionKeys},
+    {"FUNCTIONKEY3",               modvalFunctionKeys::ValidateFunctionKeys},
+    {"FUNCTIONKEY4",               modvalFunctionKeys::ValidateFunctionKeys},
     // options of the radio
     {"BAND_K6K",                   modvalBandLimits::ValidateBand},
     {"STARTUPINLOWPOWERMODE",      ValidateLowPowerStart},

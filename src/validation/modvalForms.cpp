@@ -7,6 +7,7 @@
 #include "networks/modvalNetworks.h"
 #include "platform/CaseText.h"
 #include "radioui/modvalData.h"
+#include "radioui/modvalFunctionKeys.h"
 #include "radioui/modvalProgIO.h"
 #include "scangroups/modvalScanGroups.h"
 #include "selcall/modvalControlStatus.h"
@@ -31,6 +32,8 @@ constexpr struct {
 } kForms[] = {
     {"USRCTLCHANNELSKD4410", modvalChannels::ValidateForm},
     {"USRCTLCHANNELSKE2210", modvalChannels::ValidateForm},
+    {"USRCTLKEYSETTINGSKD4410", Plain<modvalFunctionKeys::FormIsValid>},
+    {"USRCTLKEYSETTINGSKE2210", Plain<modvalFunctionKeys::FormIsValid>},
     {"USRCTLFREEFORMATKD4410", Plain<modvalFreeFormat::ValidateCurrentSequence>},
     {"USRCTLFREEFORMATKE2210", Plain<modvalFreeFormat::ValidateCurrentSequence>},
     {"USRCTLPROGIOKD4410", Plain<modvalProgIO::ValidateProgIOForm>},

@@ -11,6 +11,7 @@
 #include "common/StoredValues.h"
 #include "networks/modvalNetworkChecks.h"
 #include "platform/Conversions.h"
+#include "radioui/modvalFunctionKeys.h"
 #include "radioui/modvalProgIO.h"
 #include "scangroups/modvalScanGroups.h"
 #include "selcall/modvalControlStatus.h"
@@ -51,6 +52,17 @@ bool CheckBackgroundGroups(const ValidatorRef& validator) {
         "is set to 'Background'.");
   }
   return true;
+}
+
+bool CheckEncryptionKeys(const ValidatorRef& validator) {
+  const ProviderRef provider = validator.CurrentProvider();
+  if (!HoldsCode(provider, "GlobalEncryption", kOff, kOnly)) return true;
+  const auto encrypts = [&](const FunctionKey& key) {
+    return HoldsCode(provider, key.action, KeyAction::kEncryption, kOnly);
+  };
+  return std::ranges::none_of(kFunctionKeys, encrypts) ||
+         Refuse(validator,
+                "One or more function keys are set to Encryption.  Global Encryption must also be Enabled.");
 }
 
 /// A power level that the radio does not know is mended; the user is told.
@@ -96,6 +108,7 @@ constexpr bool (*kRules[])(const ValidatorRef& validator) = {
     modvalProgIO::CheckFlowControlPins,
     modvalNetworkChecks::OfferSideTones,
     CheckBackgroundGroups,
+    CheckEncryptionKeys,
     MendLowPowerLevel,
     modvalNetworkChecks::CheckFFSKBaudRate,
     CheckItinerantPower,
@@ -103,6 +116,7 @@ constexpr bool (*kRules[])(const ValidatorRef& validator) = {
     modvalSelcall::ValidateTxSequences,
     modvalControlStatus::ValidateControlStatusesFinal,
     modvalSelcall::ValidateGroupFormatFinal,
+    modvalFunctionKeys::ValidateFunctionKeyFinalValidation,
     modvalScanGroups::ValidateHiddenChannels,
 };
 }  // namespace

@@ -282,6 +282,15 @@ constexpr SwitchRow kRows[] = {
     {"GPSNETWORKSENDPOSONPTT", "PttGPSSuppressionTime"},
     {"GPSNETWORKSENDPOSONEPTT1", "PttGPSSuppressionTime"},
     {"GPSNETWORKSENDPOSONEPTT2", "PttGPSSuppressionTime"},
+    // function keys
+    {"FUNCTIONKEY1", "FK1Parameter1"},
+    {"FUNCTIONKEY1", "FK1Parameter2"},
+    {"FUNCTIONKEY2", "FK2Parameter1"},
+    {"FUNCTIONKEY2", "FK2Parameter2"},
+    {"FUNCTIONKEY3", "FK3Parameter1"},
+    {"FUNCTIONKEY3", "FK3Parameter2"},
+    {"FUNCTIONKEY4", "FK4Parameter1"},
+    {"FUNCTIONKEY4", "FK4Parameter2"},
     // options of the radio
     {"BAND_K6K", "RFCompliance"},
     {"SECURITYLOCKONPOWERUP", "SecurityPIN1"},

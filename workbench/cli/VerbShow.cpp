@@ -12,6 +12,8 @@
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/jobs/BurstSlots.h"
+#include "workbench/jobs/ComboList.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/CodeWords.h"
 #include "workbench/store/Provider.h"
@@ -30,6 +32,7 @@ struct ViewColumn {
   TextTable::Align align = TextTable::Align::Left;
   std::vector<std::string> (*list)(const Provider& content,
                                    RecordNr record) = nullptr;  // in place of a field
+  bool isChosen = false;  // shown by the entry of the field's list, whose row it is
 };
 
 /// The numbers of a group's channels, in the order of the members.
@@ -69,29 +72,53 @@ constexpr ViewColumn kGroupColumns[] = {
     {"Hidden",        "hidden",    "HiddenChannels_k6k"},
     {"Members",       "members",   {}, TextTable::Align::Left, MembersOf},
 };
+constexpr ViewColumn kKeyColumns[] = {
+    {"Action",    "action",    "FunctionKey#", TextTable::Align::Left, nullptr, true},
+    {"Parameter", "parameter", "FK#Parameter1"},
+};
 // clang-format on
 
 struct View {
   std::string_view name;
   std::int32_t table;
   std::span<const ViewColumn> columns;
+  std::string_view row = "Record", rowKey = "record";
+  /// Of a form of one record whose fields have the number of a row in place of "#": so many rows.
+  RecordNr numbered = 0;
 };
 constexpr std::string_view kSelcall = "selcall";
-constexpr View kViews[] = {
-    {"channels", 5, kChannelColumns}, {"networks", 21, kNetworkColumns}, {"scan-groups", 16, kGroupColumns}};
+constexpr View kViews[] = {{"channels", 5, kChannelColumns},
+                           {"networks", 21, kNetworkColumns},
+                           {"scan-groups", 16, kGroupColumns},
+                           {"keys", 1099, kKeyColumns, "Key", "key", 4}};
 
-void ShowView(const View& view, const Provider& content, Workplace& workplace) {
-  std::vector<TextTable::Column> columns = {{"Record", TextTable::Align::Right}};
+/// What a view shows of the field in a row.
+std::string CellOf(Session& session, const View& view, const ViewColumn& column, RecordNr row) {
+  std::string field(column.field);
+  if (view.numbered > 0) field.replace(field.find('#'), 1, std::to_string(row));
+  const RecordNr record = view.numbered > 0 ? 1 : row;
+  std::string text = CodeWords::Worded(field, ValueText::At(session.Content(), field, record));
+  if (!column.isChosen || !IsNumeric(text)) return text;
+  const ComboList list = ComboListOf(session.Host(), session.Content(), field, record);
+  const auto entry = static_cast<std::size_t>(CLng(text));
+  return entry < list.items.size() ? list.items[entry].text : text;
+}
+
+void ShowView(const View& view, Session& session, Workplace& workplace) {
+  const Provider& content = session.Content();
+  std::vector<TextTable::Column> columns = {{std::string(view.row), TextTable::Align::Right}};
   for (const ViewColumn& column : view.columns)
     columns.push_back({std::string(column.heading), column.align});
   TextTable table(std::move(columns));
   Json list = Json::List();
-  for (RecordNr record = 1; record <= content.Count(view.table); ++record) {
+  const RecordNr rows = view.numbered > 0 ? view.numbered : content.Count(view.table);
+  for (RecordNr record = 1; record <= rows; ++record) {
     std::vector<std::string> row = {std::to_string(record)};
-    Json item = {{"record", record}};
+    Json item = Json::Object();
+    item[std::string(view.rowKey)] = record;
     for (const ViewColumn& column : view.columns) {
       if (column.list == nullptr) {
-        row.push_back(CodeWords::Worded(column.field, ValueText::At(content, column.field, record)));
+        row.push_back(CellOf(session, view, column, record));
         item[std::string(column.key)] = row.back();
         continue;
       }
@@ -148,8 +175,9 @@ const SchemaTable& TableOfNumber(const Schema& schema, const std::string& text) 
   const bool isNumber = error == std::errc() && end == text.data() + text.size();
   const SchemaTable* table = isNumber ? schema.FindTable(number) : nullptr;
   if (table != nullptr) return *table;
-  throw UsageError("\"" + text + "\" is no table of version " + schema.Version() +
-                   ", and none of channels, networks, scan-groups, selcall, dtmf, two-tone, mdc1200, io");
+  throw UsageError(
+      "\"" + text + "\" is no table of version " + schema.Version() +
+      ", and none of channels, networks, scan-groups, keys, selcall, dtmf, two-tone, mdc1200, io");
 }
 
 struct ShowArguments {
@@ -161,9 +189,9 @@ struct ShowArguments {
 
 void Take(Words& words, ShowArguments& given) {
   words.Required("FILE", given.file, "The personality");
-  words.Required(
-      "WHAT", given.what,
-      "channels, networks, scan-groups, selcall, dtmf, two-tone, mdc1200, io, or the number of a table");
+  words.Required("WHAT", given.what,
+                 "channels, networks, scan-groups, keys, selcall, dtmf, two-tone, mdc1200, io, or the number "
+                 "of a table");
   words.OptionalRecord("SYSTEM", given.system, "Of signalling systems: this one alone, by its record");
   words.Flag("--all", given.all, "Of selcall and dtmf: unused bursts and empty presets, too");
 }
@@ -320,7 +348,7 @@ ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
   }
   for (const View& view : kViews) {
     if (arguments.what != view.name) continue;
-    ShowView(view, content, workplace);
+    ShowView(view, opened.GetSession(), workplace);
     return ExitCode::Done;
   }
   const SchemaTable& table = TableOfNumber(content.GetSchema(), arguments.what);
@@ -329,9 +357,9 @@ ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
   return ExitCode::Done;
 }
 
-const Verb kShow(
-    {.name = "show",
-     .about = "Show channels, networks, scan groups, signalling systems or any table of a personality"},
-    Take, Show);
+const Verb kShow({.name = "show",
+                  .about = "Show channels, networks, scan groups, function keys, signalling systems or any "
+                           "table of a personality"},
+                 Take, Show);
 
 }  // namespace

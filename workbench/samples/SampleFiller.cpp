@@ -16,10 +16,10 @@ namespace Samples {
 namespace {
 
 constexpr std::int32_t kTablesLeft[] = {
-    0,  39,                              // model and version
-    10, 50, 61, 74,                      // laid out by every save
-    30, 65,                              // described, but for a first record that is empty
-    4,  15, 24, 25, 55, 56, 57, 59, 60,  // no conversion yet says what their codes and pointers mean
+    0,  39,                      // model and version
+    3,  10, 50, 61, 74,          // laid out by every save
+    30, 65,                      // described, but for a first record that is empty
+    4,  25, 55, 56, 57, 59, 60,  // no conversion yet says what their codes and pointers mean
 };
 constexpr std::string_view kFieldsLeft[] = {
     // Written by every save.

@@ -187,6 +187,7 @@ void FillFull(Provider& content, const Personality& full) {
   }
   content.SetCount(16, kFullGroups);
   content.SetCount(18, kFullGroups * kFullMembers);
+  content.SetCount(24, kFullActions);
   FillTelling(content);
   for (const std::int32_t table : {55, 56, 57}) {  // what is not described is as in a new personality
     const RecordNr count = content.Count(table);

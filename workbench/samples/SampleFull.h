@@ -14,6 +14,10 @@ constexpr bool SendsInBandTone(std::int32_t channel) { return channel % 8 == 0; 
 /// The last channels are in no group.
 constexpr std::int32_t kFullMembers = kFullChannels - 4;
 
+/// What the function keys do: scanning and nuisance delete on a short and a long press, so a phone patch, a
+/// preset channel on a short press alone, an output line that follows up and down.
+constexpr std::int32_t kFullActions = 7;
+
 /// Every channel, network, system and burst that the version has room for.
 Personality Full();
 /// Makes a new personality that one, all its other tables filled as well: where the rules leave a stored

@@ -104,6 +104,23 @@ constexpr Column kGroups[] = {
      [](RecordNr r) { return (7 * r + (r - 1) / kFullMembers) % kFullMembers; }},
 };
 
+/// Of the actions in the order of the keys: programmable action, what it is about, the key.
+struct KeyAction {
+  std::int32_t type, parameter1, parameter2;
+};
+constexpr KeyAction kKeyActions[kFullActions] = {{12, 4, 0}, {13, 0, 0}, {27, 3, 1}, {28, 3, 1},
+                                                 {9, 41, 2}, {20, 0, 0}, {20, 0, 0}};
+
+constexpr Column kKeys[] = {
+    {"15.FnKeyShortPressActionID", [](RecordNr r) { return r == 4 ? 0 : 2 * r - 1; }},
+    {"15.FnKeyLongPressActionID",  [](RecordNr r) { return r > 2 ? 0 : 2 * r; }},
+    {"15.FnKeyUpActionID",         [](RecordNr r) { return r == 4 ? 6 : 0; }},
+    {"15.FnKeyDownActionID",       [](RecordNr r) { return r == 4 ? 7 : 0; }},
+    {"24.ProgrammableActionType",  [](RecordNr r) { return kKeyActions[r - 1].type; }},
+    {"24.Parameter1",              [](RecordNr r) { return kKeyActions[r - 1].parameter1; }},
+    {"24.Parameter2",              [](RecordNr r) { return kKeyActions[r - 1].parameter2; }},
+};
+
 constexpr Column kNetworks[] = {
     // Monitors open all mutes where calls are muted.
     {"21.CallMute",             [](RecordNr r) { return r % 2; }},
@@ -291,6 +308,7 @@ void FillTied(Provider& content) {
   Fill(content, kData);
   Fill(content, kChannels);
   Fill(content, kGroups);
+  Fill(content, kKeys);
   Fill(content, kNetworks);
   Fill(content, kEmergencies);
   Fill(content, kInBandTones);

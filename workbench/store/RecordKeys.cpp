@@ -33,6 +33,7 @@ enum class Counts {
   FromZero,        // 0 is record 1
   FromZeroOrNone,  // likewise, but 0 is no record
   FromOne,
+  FromOneOrNone,  // likewise, but 0 is no record
 };
 /// A stored field that points at a record. Of the rows of a field the one is right whose selector holds the
 /// value; where none does the field is no pointer.
@@ -66,7 +67,17 @@ constexpr KeyedTable kKeyed[] = {
 struct CodeList { std::int32_t table; std::string_view code; };
 constexpr CodeList kCodeLists[] = {{50, "50.CTCSSfreq"}, {61, "61.DCScodeword"}};
 
-constexpr std::int32_t kStandardToneSets = 74;
+/// The same for all radios, or told by other tables.
+constexpr std::int32_t kLaidOutAnew[] = {3, 74};
+
+/// A programmable action is known by the key that points at it, and by how it is pressed.
+constexpr std::int32_t kActions = 24;
+constexpr struct { std::string_view pointer, press; } kPresses[] = {
+    {"15.FnKeyShortPressActionID", "short press"},
+    {"15.FnKeyLongPressActionID",  "long press"},
+    {"15.FnKeyUpActionID",         "up"},
+    {"15.FnKeyDownActionID",       "down"},
+};
 
 constexpr Pointer kPointers[] = {
     {"5.ChannelNetworkId",                  21},
@@ -82,6 +93,10 @@ constexpr Pointer kPointers[] = {
     {"5.Lead-In-Tone",                      30, Counts::FromZeroOrNone},
     {"5.DTMFPresetCallPointer",             65, Counts::FromZeroOrNone},
     {"7.CibChannelRec",                      5},
+    {"15.FnKeyShortPressActionID",          24, Counts::FromOneOrNone},
+    {"15.FnKeyLongPressActionID",           24, Counts::FromOneOrNone},
+    {"15.FnKeyUpActionID",                  24, Counts::FromOneOrNone},
+    {"15.FnKeyDownActionID",                24, Counts::FromOneOrNone},
     {"16.FirstGroupMember",                 18},
     {"16.Priority1Channel",                  5},
     {"16.Priority2Channel",                  5},
@@ -162,7 +177,8 @@ std::string ListOf(const std::vector<std::string>& keys) {
 }
 
 bool RecordKeys::IsLaidOutAnew(const SchemaTable& table) {
-  return table.number == kStandardToneSets || RowOf(kCodeLists, table.number) != nullptr;
+  return std::ranges::find(kLaidOutAnew, table.number) != std::end(kLaidOutAnew) ||
+         RowOf(kCodeLists, table.number) != nullptr;
 }
 
 const SchemaTable* RecordKeys::OwnerOf(const SchemaTable& table) const {
@@ -207,7 +223,20 @@ RecordKeys::TableKeys& RecordKeys::KeysOf(const SchemaTable& table) {
   return keys;
 }
 
+std::string RecordKeys::PressOf(RecordNr action) const {
+  const Provider& stored = *personality_.stored;
+  for (const auto& [pointer, press] : kPresses) {
+    const SchemaField& field = stored.FieldOf(pointer);
+    for (RecordNr key = 1; key <= stored.Count(field.table); ++key) {
+      if (SameValue(stored.Get(field, key), action))
+        return "key " + std::to_string(key) + " " + std::string(press);
+    }
+  }
+  return "record " + std::to_string(action);
+}
+
 std::string RecordKeys::KeyOf(const SchemaTable& table, RecordNr record) {
+  if (table.number == kActions) return PressOf(record);
   if (const KeyedTable* keyed = RowOf(kKeyed, table.number)) {
     std::string key;
     for (const std::string_view field : keyed->fields) {
@@ -248,8 +277,10 @@ std::optional<std::string> RecordKeys::Target(const SchemaField& field, RecordNr
   const SchemaTable* table = schema.FindTable(row->table);
   const Variant& value = stored.Get(field, record);
   if (table == nullptr || !IsNumeric(value)) return {};
-  if (row->counts == Counts::FromZeroOrNone && CLng(value) == 0) return "None";
-  const RecordNr target = CLng(value) + (row->counts == Counts::FromOne ? 0 : 1);
+  const bool mayBeNone = row->counts == Counts::FromZeroOrNone || row->counts == Counts::FromOneOrNone;
+  if (mayBeNone && CLng(value) == 0) return "None";
+  const bool isFromOne = row->counts == Counts::FromOne || row->counts == Counts::FromOneOrNone;
+  const RecordNr target = CLng(value) + (isFromOne ? 0 : 1);
   if (target < 1 || target > stored.Count(*table)) return CStr(value) + " (no record)";
   if (const CodeList* list = RowOf(kCodeLists, table->number)) return Part(list->code, target);
   return Of(*table)[static_cast<std::size_t>(target - 1)];

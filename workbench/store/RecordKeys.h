@@ -54,6 +54,7 @@ class RecordKeys {
 
   TableKeys& KeysOf(const SchemaTable& table);
   std::string KeyOf(const SchemaTable& table, RecordNr record);
+  std::string PressOf(RecordNr action) const;
   /// The value of a field that is part of a key.
   std::string Part(std::string_view fieldId, RecordNr record);
 

@@ -66,7 +66,8 @@ TEST_F(IOCommands, WhateverIsTriedOnAPinThePersonalitySavesAndOpens) {
       }
     }
     Run({"check", file, "--json"});
-    for (const json& finding : json::parse(out.str())["findings"]) EXPECT_NE(finding["kind"], "error") << finding;
+    for (const json& finding : json::parse(out.str())["findings"])
+      EXPECT_NE(finding["kind"], "error") << finding;
   }
 }
 

@@ -113,6 +113,9 @@ TEST_F(DifferenceTest, TheOrderOfChannelsAndTonesIsNone) {
       if (isPointer) b->Set(field, input, b->Count(5) - CLng(b->Get(field, input)));
     }
   }
+  constexpr RecordNr kPresetChannel = 5;  // among the actions of the keys
+  const auto preset = std::ranges::find(channels, CLng(a->Get("24.Parameter1", kPresetChannel)) + 1);
+  b->Set("24.Parameter1", kPresetChannel, static_cast<std::int32_t>(preset - channels.begin()));
   const Order tones = Reversed(1, a->Count(50));
   Reorder(*b, 50, tones);
   for (RecordNr record = 1; record <= b->Count(5); ++record) {

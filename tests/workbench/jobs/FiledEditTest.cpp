@@ -121,7 +121,7 @@ TEST_F(SetCommand, WhatASaveWouldLoseIsNamedAndNothingIsSaved) {
   const std::string path = CopyOf("city-fleet");
   const std::string before = ContentOf(path);
   const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
-      {"FunctionKey1", "1", "Monitor", "\"Monitor\": a save would lose the value, for the tier does not"},
+      {"FK1Parameter2", "1", "3", "\"3\": a save would lose the value, for the tier does not"},
       {"AutoOverBeep", "2", "1", "for the tier makes the field from another one of the forms"},
   };
   for (const auto& [uiid, record, value, told] : cases) {

@@ -148,14 +148,15 @@ TEST_F(RecordEditsTest, WhatARuleHadWrittenBeforeItsSecondQuestionIsTold) {
 }
 
 TEST_F(RecordEditsTest, AChannelStaysThatAPointerWouldBeLedAstrayBy) {
-  content->SetCount(24, 1);
-  content->Set("24.ProgrammableActionType", 1, 9);
-  content->Set("24.Parameter1", 1, 7);  // an index that nothing moves
+  // An output that keeps the code of an input that it was: nothing moves its index.
+  content->Set("55.DigitalIOInputDirection", 4, 2);
+  content->Set("55.DigitalIOInputActivationAction", 4, 23);
+  content->Set("55.GPIOActivation1", 4, 7);
   EXPECT_TRUE(Edits("channels").Delete(9).accepted);
   const RecordResult result = Edits("channels").Delete(6);  // the eighth record is another channel then
   EXPECT_FALSE(result.accepted);
   EXPECT_EQ(result.step, RecordStep::Save);
-  EXPECT_THAT(result.refusal, HasSubstr("24.Parameter1 of "));
+  EXPECT_THAT(result.refusal, HasSubstr("55.GPIOActivation1 of "));
 }
 
 TEST_F(RecordEditsTest, AFaultOnTheWayIsNoRefusal) {

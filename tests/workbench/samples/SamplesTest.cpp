@@ -42,8 +42,8 @@ constexpr struct Unknown {
   std::int32_t table;
   std::string_view field;
 } kUnknown[] = {
-    {4, "1117.AudibleIndicators_k6k"},       {15, "15.FnKeyShortPressActionID"},
-    {24, "15.FnKeyShortPressActionID"},      {25, "25.PTTPriority"},
+    {4, "1117.AudibleIndicators_k6k"},
+    {25, "25.PTTPriority"},
     {60, "1118.SelcallIndivCallRxCadence1"},
 };
 
