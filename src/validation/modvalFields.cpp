@@ -11,6 +11,7 @@
 #include "radioui/modvalDataFields.h"
 #include "radioui/modvalGPSFields.h"
 #include "radioui/modvalOptionFields.h"
+#include "radioui/modvalPTT.h"
 #include "radioui/modvalUIPreference.h"
 #include "scangroups/modvalScanGroups.h"
 #include "selcall/modvalBursts.h"
@@ -228,6 +229,10 @@ constexpr FieldRule kRules[] = {
     {"GPSNETWORKSENDPOSONPTT",     OnCurrentNetwork<SwitchesAlone>},
     {"GPSNETWORKSENDPOSONEPTT1",   OnCurrentNetwork<SwitchesAlone>},
     {"GPSNETWORKSENDPOSONEPTT2",   OnCurrentNetwork<SwitchesAlone>},
+    // push-to-talk
+    {"PTTTRANSMISSIONTYPE1_K6K",   modvalPTT::ValidatePTTTransmissionType},
+    {"PTTTRANSMISSIONTYPE2_K6K",   modvalPTT::ValidatePTTTransmissionType},
+    {"PTTTRANSMISSIONTYPE3_K6K",   modvalPTT::ValidatePTTTransmissionType},
     // options of the radio
     {"BAND_K6K",                   modvalBandLimits::ValidateBand},
     {"STARTUPINLOWPOWERMODE",      ValidateLowPowerStart},

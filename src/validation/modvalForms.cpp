@@ -7,6 +7,7 @@
 #include "networks/modvalNetworks.h"
 #include "platform/CaseText.h"
 #include "radioui/modvalData.h"
+#include "radioui/modvalPTT.h"
 #include "scangroups/modvalScanGroups.h"
 #include "selcall/modvalControlStatus.h"
 #include "selcall/modvalFreeFormat.h"
@@ -41,6 +42,7 @@ constexpr struct {
     {"USRCTLSELCALLTONESETTINGS", Plain<modvalToneSets::ValidateUserDefinedTones>},
     {"USRCTLDTMF", Plain<modvalDTMF::ValidateDTMFForm>},
     {"USRCTLTYPE99", Plain<modvalType99::ValidateType99Form>},
+    {"USRCTLPTT", Plain<modvalPTT::FormIsValid>},
     {"USRCTLNETWORKS", Plain<modvalNetworks::ValidateBasicSettingsForm>},
     {"USRCTLDTMFPATCH", Plain<modvalNetworks::ValidateDTMFPatchForm>},
     {"USRCTLEMERGENCYKD4410", Plain<modvalNetworks::ValidateEmergencyForm>},

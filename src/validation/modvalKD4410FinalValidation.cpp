@@ -11,6 +11,7 @@
 #include "common/StoredValues.h"
 #include "networks/modvalNetworkChecks.h"
 #include "platform/Conversions.h"
+#include "radioui/modvalPTT.h"
 #include "scangroups/modvalScanGroups.h"
 #include "selcall/modvalControlStatus.h"
 #include "selcall/modvalSelcall.h"
@@ -89,6 +90,7 @@ constexpr bool (*kRules[])(const ValidatorRef& validator) = {
     modvalNetworkChecks::CheckAckHasAlerts,
     modvalNetworkChecks::CheckAlertsHaveAck,
     modvalNetworkChecks::CheckAckAndANISequences,
+    modvalPTT::CheckMicTaps,
     modvalNetworkChecks::OfferSideTones,
     CheckBackgroundGroups,
     MendLowPowerLevel,

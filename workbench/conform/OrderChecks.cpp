@@ -139,6 +139,13 @@ constexpr std::string_view kMended[] = {"30.FixedFormatBurstSeq",  // of record 
                                         "18.GroupIDNumber",  // the number of a member's group
                                         "49.FreeFormSeqID",  // the place of a sequence in its system
                                         "51.CallAlertID",    // the alerts of a network
+                                        "51.CallAlertExternalAlert1Pointer",  // the radio's two external
+                                        "51.CallAlertExternalAlert2Pointer",  // alerts, at which all point
+                                        "4.EnabledFlag", "4.ProgIndex", "4.RepeatFlag",  // what the radio
+                                        "60.AudibleIndicatorCadence",  // sounds and has no choice about
+                                        "60.TonesPerIndicator", "60.AudibleIndicatorFrequency1",
+                                        "60.AudibleIndicatorFrequency2", "60.ToneDuration",
+                                        "60.RemainingCadences",
                                         "21.Ind1CallAlertPtr", "21.Ind2CallAlertPtr", "21.GroupCallAlertPtr",
                                         "21.AllCallAlertPtr", "21.PriorityCallAlertPtr",
                                         "21.EmergencyCallAlertPtr",

@@ -68,6 +68,9 @@ constexpr CodeList kCodeLists[] = {{50, "50.CTCSSfreq"}, {61, "61.DCScodeword"}}
 
 constexpr std::int32_t kStandardToneSets = 74;
 
+/// The audible indicators and their cadences.
+constexpr std::int32_t kFilledByFirstSave[] = {4, 60};
+
 constexpr Pointer kPointers[] = {
     {"5.ChannelNetworkId",                  21},
     {"5.RxSubaudibleIndex",                 50, Counts::FromZero, "5.RxSubaudibleType", 1},
@@ -164,6 +167,10 @@ std::string ListOf(const std::vector<std::string>& keys) {
 
 bool RecordKeys::IsLaidOutAnew(const SchemaTable& table) {
   return table.number == kStandardToneSets || RowOf(kCodeLists, table.number) != nullptr;
+}
+
+bool RecordKeys::IsFilledByFirstSave(const SchemaTable& table) {
+  return std::ranges::find(kFilledByFirstSave, table.number) != std::end(kFilledByFirstSave);
 }
 
 const SchemaTable* RecordKeys::OwnerOf(const SchemaTable& table) const {

@@ -22,6 +22,8 @@ const Names kAtDefault = {
     "16.GroupSleepTime",         // every save clears it
     "10.IndicatorDuration",      // every save lays it out, as 0
     "75.SIBTToneBandwidth",      // every save clears it
+    "51.CallAlertExternalAlert1Pointer",  // every alert points at the radio's first external one
+    "51.CallAlertExternalAlert2Pointer",  // and at its second
     "34.RFCompliance",           // another band has it
     "34.GlobalEncryption",       // the channels encrypt one by one
     "34.StartUpInLowPowerMode",  // no function key ends it
@@ -41,15 +43,12 @@ constexpr struct Unknown {
   std::int32_t table;
   std::string_view field;
 } kUnknown[] = {
-    {4, "1117.AudibleIndicators_k6k"},
     {15, "15.FnKeyShortPressActionID"},
     {24, "0.HomeChannel"},
-    {25, "25.PTTPriority"},
     {55, "55.DigitalIOInputPinID"},
     {56, "55.DigitalIOInputPinID"},
     {57, "55.DigitalIOInputPinID"},
     {59, "59.AudioIOMicLabels"},
-    {60, "1118.SelcallIndivCallRxCadence1"},
 };
 
 class FullSample : public testing::Test {
