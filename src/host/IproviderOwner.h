@@ -109,6 +109,9 @@ class IproviderOwner {
   ///   the rule of the pointer brings them back to the tables behind, 1111, 18 and 65, and fills them. It is
   ///   asked once after opening.
   /// - 508 links a member of table 18 into the ring of its group, which is complete once all are converted.
+  /// - 550 (the external alerts of a network) moves those of the radio, too, which stand in table 0: a host
+  /// that
+  ///   has stored an edit there converts a network from the forms before it shows one.
   /// - 500 (channel numbers) and 510 (tones) append to tables 7, 50 and 61, which grow with every edit until
   ///   a conversion of the whole personality lays them out anew (534 empties 50 and 61).
   virtual Status TransformFromUI(std::shared_ptr<Iprovider> provider, std::string_view fieldId,

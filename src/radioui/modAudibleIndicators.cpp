@@ -41,7 +41,8 @@ struct StoredIndicators {
   }
   /// What is missing behind the end is as its row says; what is there stays.
   void Complete() const {
-    for (auto count = static_cast<std::size_t>(table.RecordCount()); count < std::size(kIndicators); ++count) {
+    for (auto count = static_cast<std::size_t>(table.RecordCount()); count < std::size(kIndicators);
+         ++count) {
       Append(kIndicators[count]);
     }
   }
@@ -97,8 +98,8 @@ void WriteIndicators(const ProviderRef& provider) {
   RecordNr record = 0, shown = 0;
   for (const Indicator& row : kIndicators) {
     ++record;
-    stored.enabled.SetValue(
-        record, row.isListed ? listed.EnabledOr(++shown, row.enabled) : Variant(row.enabled));
+    stored.enabled.SetValue(record,
+                            row.isListed ? listed.EnabledOr(++shown, row.enabled) : Variant(row.enabled));
     stored.WriteFixed(record, row);
   }
 }

@@ -108,6 +108,7 @@ void SetAlertType(const ProviderRef& provider, std::string_view, RecordNr record
 
 void GetAudibleIndicators(const ProviderRef& provider, std::string_view, RecordNr record) {
   Procedure("GetAudibleIndicators", [&] {
+    CreateCallAlertRecords(provider, record);
     MoveExternalAlerts(provider, [](const FieldRef& shown, const FieldRef& stored, RecordNr alert) {
       shown.SetValue(kOnly, stored.Value(alert));
     });
@@ -118,6 +119,7 @@ void GetAudibleIndicators(const ProviderRef& provider, std::string_view, RecordN
 
 void SetAudibleIndicators(const ProviderRef& provider, std::string_view, RecordNr record) {
   Procedure("SetAudibleIndicators", [&] {
+    CreateCallAlertRecords(provider, record);
     MoveExternalAlerts(provider, [](const FieldRef& shown, const FieldRef& stored, RecordNr alert) {
       stored.SetValue(alert, shown.Value(kOnly));
     });

@@ -48,7 +48,8 @@ void ShowSet(const ProviderRef& provider, const FieldRef& field, const FieldsRef
 /// What the form shows of a radio that was never set up.
 Variant Standard(const FieldRef& field, const std::string& name, RecordNr source, bool isShort) {
   if (EqualsIgnoringCase(name, kPriority)) return std::abs(source - kSources);
-  if (EqualsIgnoringCase(name, kMicSelect)) return source == 1 ? MicSource::kControlHead : MicSource::kAuxiliary;
+  if (EqualsIgnoringCase(name, kMicSelect))
+    return source == 1 ? MicSource::kControlHead : MicSource::kAuxiliary;
   return isShort ? field.Default() : field.Value(source);
 }
 

@@ -12,6 +12,7 @@
 #include "workbench/jobs/Forms.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
+#include "workbench/store/RecordKeys.h"
 #include "workbench/store/TypedNames.h"
 #include "workbench/store/ValueText.h"
 
@@ -114,8 +115,10 @@ std::string TextOf(const CellDifference& cell) {
 
 void PrintLaidOutAnew(const Edited& edited, std::ostream& out) {
   for (const SchemaTable* table : edited.laidOutAnew) {
-    out << (edited.saved ? "Laid out anew" : "Would be laid out anew") << ", as by every save: table "
-        << table->number << " (" << table->title << ")\n";
+    const bool isEvery = RecordKeys::IsLaidOutAnew(*table);
+    out << (edited.saved ? "Laid out anew" : "Would be laid out anew")
+        << (isEvery ? ", as by every save: table " : ", as by the first save: table ") << table->number
+        << " (" << table->title << ")\n";
   }
 }
 

@@ -7,6 +7,7 @@
 
 #include "platform/Conversions.h"
 #include "workbench/cli/Report.h"
+#include "workbench/cli/SoundSheet.h"
 #include "workbench/cli/SystemSheets.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
@@ -148,7 +149,7 @@ const SchemaTable& TableOfNumber(const Schema& schema, const std::string& text) 
   const SchemaTable* table = isNumber ? schema.FindTable(number) : nullptr;
   if (table != nullptr) return *table;
   throw UsageError("\"" + text + "\" is no table of version " + schema.Version() +
-                   ", and none of channels, networks, scan-groups, selcall, dtmf, two-tone, mdc1200");
+                   ", and none of channels, networks, scan-groups, selcall, dtmf, two-tone, mdc1200, sounds");
 }
 
 struct ShowArguments {
@@ -162,7 +163,7 @@ void Take(Words& words, ShowArguments& given) {
   words.Required("FILE", given.file, "The personality");
   words.Required(
       "WHAT", given.what,
-      "channels, networks, scan-groups, selcall, dtmf, two-tone, mdc1200, or the number of a table");
+      "channels, networks, scan-groups, selcall, dtmf, two-tone, mdc1200, sounds, or the number of a table");
   words.OptionalRecord("SYSTEM", given.system, "Of signalling systems: this one alone, by its record");
   words.Flag("--all", given.all, "Of selcall and dtmf: unused bursts and empty presets, too");
 }
@@ -313,6 +314,10 @@ ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
     ShowSelcall(arguments, opened.GetSession(), workplace);
     return ExitCode::Done;
   }
+  if (arguments.what == SoundSheet::kName) {
+    SoundSheet::Show(opened.GetSession(), workplace);
+    return ExitCode::Done;
+  }
   for (const View& view : kViews) {
     if (arguments.what != view.name) continue;
     ShowView(view, content, workplace);
@@ -326,7 +331,8 @@ ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
 
 const Verb kShow(
     {.name = "show",
-     .about = "Show channels, networks, scan groups, signalling systems or any table of a personality"},
+     .about =
+         "Show channels, networks, scan groups, signalling systems, sounds or any table of a personality"},
     Take, Show);
 
 }  // namespace

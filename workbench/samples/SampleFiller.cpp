@@ -16,10 +16,10 @@ namespace Samples {
 namespace {
 
 constexpr std::int32_t kTablesLeft[] = {
-    0,  39,                              // model and version
-    4,  10, 50, 60, 61, 74,              // laid out by every save
-    30, 65,                              // described, but for a first record that is empty
-    15, 24, 55, 56, 57, 59,              // no conversion yet says what their codes and pointers mean
+    0,  39,                  // model and version
+    4,  10, 50, 60, 61, 74,  // laid out by every save
+    30, 65,                  // described, but for a first record that is empty
+    15, 24, 55, 56, 57, 59,  // no conversion yet says what their codes and pointers mean
 };
 constexpr std::string_view kFieldsLeft[] = {
     // Written by every save.

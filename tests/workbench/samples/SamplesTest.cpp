@@ -18,18 +18,18 @@ using Names = std::set<std::string>;
 
 /// Fields that hold the value of a new record in all records.
 const Names kAtDefault = {
-    "0.RadioTier",               // the model
-    "16.GroupSleepTime",         // every save clears it
-    "10.IndicatorDuration",      // every save lays it out, as 0
-    "75.SIBTToneBandwidth",      // every save clears it
+    "0.RadioTier",                        // the model
+    "16.GroupSleepTime",                  // every save clears it
+    "10.IndicatorDuration",               // every save lays it out, as 0
+    "75.SIBTToneBandwidth",               // every save clears it
     "51.CallAlertExternalAlert1Pointer",  // every alert points at the radio's first external one
     "51.CallAlertExternalAlert2Pointer",  // and at its second
-    "34.RFCompliance",           // another band has it
-    "34.GlobalEncryption",       // the channels encrypt one by one
-    "34.StartUpInLowPowerMode",  // no function key ends it
-    "34.KeypadMic",              // the data have the port of the mic
-    "34.SilentMode",             // the radio is quiet
-    "69.GPSSDMCompatibility",    // positions are reported
+    "34.RFCompliance",                    // another band has it
+    "34.GlobalEncryption",                // the channels encrypt one by one
+    "34.StartUpInLowPowerMode",           // no function key ends it
+    "34.KeypadMic",                       // the data have the port of the mic
+    "34.SilentMode",                      // the radio is quiet
+    "69.GPSSDMCompatibility",             // positions are reported
 };
 /// Fields that hold the same as the one before them, record by record.
 const Names kTwins = {
@@ -43,12 +43,8 @@ constexpr struct Unknown {
   std::int32_t table;
   std::string_view field;
 } kUnknown[] = {
-    {15, "15.FnKeyShortPressActionID"},
-    {24, "0.HomeChannel"},
-    {55, "55.DigitalIOInputPinID"},
-    {56, "55.DigitalIOInputPinID"},
-    {57, "55.DigitalIOInputPinID"},
-    {59, "59.AudioIOMicLabels"},
+    {15, "15.FnKeyShortPressActionID"}, {24, "0.HomeChannel"},          {55, "55.DigitalIOInputPinID"},
+    {56, "55.DigitalIOInputPinID"},     {57, "55.DigitalIOInputPinID"}, {59, "59.AudioIOMicLabels"},
 };
 
 class FullSample : public testing::Test {
