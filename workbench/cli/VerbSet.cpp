@@ -43,6 +43,11 @@ const std::string& EditedName(const SchemaField& field, const std::string& given
   return field.uiids.front();
 }
 
+/// Of a list with ticks a person changes the ticks: what it lists is the tier's.
+const SchemaField& TypedInto(const Provider& content, const SchemaField& field) {
+  return field.id == "1117.AudibleIndicators_k6k" ? content.FieldOf("1117.EnabledFlag") : field;
+}
+
 /// An edit and what came of it.
 struct Edited {
   const EditArguments& arguments;
@@ -201,8 +206,9 @@ ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
   const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
   OpenedFile opened(workplace, arguments.file, messenger);
   Session& session = opened.GetSession();
-  const SchemaField& field = TypedNames::FieldNamed(opened.Content().GetSchema(), arguments.name);
-  const std::string& uiid = EditedName(field, arguments.name);
+  const SchemaField& named = TypedNames::FieldNamed(opened.Content().GetSchema(), arguments.name);
+  const std::string& uiid = EditedName(named, arguments.name);
+  const SchemaField& field = TypedInto(opened.Content(), named);
   ComparedPersonality before{opened.Content().Copy(), nullptr};
   opened.ShowForms();
   TypedNames::RequireRecord(opened.Content(), field, arguments.record);

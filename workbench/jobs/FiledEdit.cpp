@@ -127,9 +127,10 @@ std::optional<LostValue> ChangedByNobody(const FiledEdit& edit) {
   return {};
 }
 
-/// The save fills a table that the file did not have.
-bool IsFirstSave(const FiledEdit& edit, const SchemaTable& table) {
-  return RecordKeys::IsFilledByFirstSave(table) && edit.before.stored->Count(table) == 0;
+/// The save gives a table the records that the file did not have.
+bool IsCompleted(const FiledEdit& edit, const SchemaTable& table) {
+  return RecordKeys::IsFilledByFirstSave(table) &&
+         edit.before.stored->Count(table) < edit.after.stored->Count(table);
 }
 
 }  // namespace
@@ -140,14 +141,16 @@ std::vector<CellDifference> StoredChanges(const FiledEdit& edit) {
   const SchemaTable& table = edit.before.stored->GetSchema().TableOf(edit.field);
   std::vector<CellDifference> cells =
       changes.IsRenamed(table, edit.record) ? changes.ByPlace() : changes.ByKey();
-  std::erase_if(cells, [&](const CellDifference& cell) { return IsFirstSave(edit, *cell.table); });
+  std::erase_if(cells, [&](const CellDifference& cell) {
+    return cell.storedA.IsEmpty() && IsCompleted(edit, *cell.table);
+  });
   return cells;
 }
 
 std::vector<const SchemaTable*> LaidOutAnew(const FiledEdit& edit) {
   std::vector<const SchemaTable*> tables;
   for (const SchemaTable& table : edit.before.stored->GetSchema().Tables()) {
-    const bool isLaidOut = RecordKeys::IsLaidOutAnew(table) || IsFirstSave(edit, table);
+    const bool isLaidOut = RecordKeys::IsLaidOutAnew(table) || IsCompleted(edit, table);
     const bool isOther = isLaidOut && !IsSame(table, *edit.before.stored, *edit.after.stored);
     if (isOther) tables.push_back(&table);
   }

@@ -40,6 +40,7 @@ constexpr struct {
     {"HiddenChannels_k6k", kNoYes},
     {"T99TableFormat_k6k", kToneFormats},
     {"T99Custom_k6k", kNoYes},
+    {"AudibleIndicators_k6k", kNoYes},  // its ticks
     {"1117.EnabledFlag", kNoYes},
     {"Sequence1AlertType", kAlertTypes},
     {"Sequence2AlertType", kAlertTypes},

@@ -54,14 +54,28 @@ TEST_F(SoundCommands, ACadenceAndAnAlertAreTypedAsTheyAreRead) {
   Told({"check", full});
 }
 
+TEST_F(SoundCommands, AnIndicatorOfTheListIsTickedAndNotRenamed) {
+  EXPECT_THAT(Told({"set", full, "AudibleIndicators_k6k", "3", "no"}),
+              AllOf(HasSubstr("4.EnabledFlag    Audible indicator list 6  1 -> 0"),
+                    Not(HasSubstr("Audible indicator cadences"))));
+  Told({"set", full, "AudibleIndicators_k6k", "1", "1"});
+  EXPECT_THAT(Told({"show", full, "sounds"}), AllOf(HasSubstr("Acknowledgement                  Yes\n"),
+                                                    HasSubstr("Emergency Activated              No\n")));
+  for (const char* refused : {"2", "Beep"}) {
+    EXPECT_EQ(Run({"set", full, "AudibleIndicators_k6k", "3", refused}), ExitCode::No) << refused;
+  }
+}
+
 TEST_F(SoundCommands, AFileThatNeverHeldSoundsIsToldByTheTableWhenItIsFilled) {
   auto content = nlohmann::ordered_json::parse(ContentOf(Sample("minimal")));
-  for (const char* table : {"4", "60"}) content["tables"][table] = nlohmann::ordered_json::array();
+  content["tables"]["4"] = nlohmann::ordered_json::array();
+  auto& cadences = content["tables"]["60"];
+  cadences.erase(cadences.begin() + 30, cadences.end());
   const std::string fresh = folder.Write("fresh.json", content.dump());
-  EXPECT_THAT(
-      Told({"set", fresh, "AlertRingPattern2", "1", "111"}),
-      AllOf(HasSubstr("Laid out anew, as by the first save: table 4 (Audible indicator list)\n"),
-            HasSubstr("Laid out anew, as by the first save: table 60 "), Not(HasSubstr("(no record)"))));
+  EXPECT_THAT(Told({"set", fresh, "AlertRingPattern2", "1", "111"}),
+              AllOf(HasSubstr("Laid out anew, as by the first save: table 4 (Audible indicator list)\n"),
+                    HasSubstr("Laid out anew, as by the first save: table 60 "), HasSubstr("63488 -> 57344"),
+                    Not(HasSubstr("(no record)"))));
   EXPECT_THAT(Told({"set", fresh, "AlertRingPattern2", "1", "11"}),
               AllOf(HasSubstr("57344 -> 49152"), Not(HasSubstr("first save"))));
 }
