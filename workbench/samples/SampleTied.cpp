@@ -55,7 +55,7 @@ constexpr Column kSounds[] = {
     // Whose microphone is shown is that of the audio path of the same index.
     {"25.PTTPriority",                  [](RecordNr r) { return r % 3; }},
     {"25.MicSelect",                    MicOf},
-    {"59.AudioIOMicSource",             [](RecordNr r) { return r == 1 ? 0 : MicOf(r - 1); }},
+    {"59.AudioIOMicSource",             [](RecordNr r) { return r == 1 || r > 4 ? 0 : MicOf(r - 1); }},
     {"25.PTTTransmissionType",          [](RecordNr r) { return (r + 1) % 3; }},
     {"25.PTTInhibitedByMicOnHook",      [](RecordNr r) { return r == 1 ? 0 : 1; }},
     {"25.PTTInhibitedByExternalControl", [](RecordNr r) { return r == 2 ? 0 : 1; }},
