@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -81,20 +82,45 @@ void DTMFBothWays(benchmark::State& state) {
 }
 BENCHMARK(DTMFBothWays);
 
-/// With the lights of the radio.
-void KeysBothWays(benchmark::State& state) {
+/// Both ways of fields that are in one record each.
+void FieldsBothWays(benchmark::State& state, const Figure& figure, std::span<const char* const> fields) {
   Session& session = OpenSession();
   const auto provider = session.Content().Copy();
   const OtherStore other(session, provider);
   const TierHost& host = session.Host();
-  Measure(state, {.name = "all function keys both ways", .limit = 40}, &provider->Monitor(), {[&] {
-            constexpr const char* kKeys = "15.FnKeyShortPressActionID";
+  Measure(state, figure, &provider->Monitor(), {[&] {
             Boolean converted = kFalse;
-            host.Require(host.Owner().TransformFromUI(provider, kKeys, 1, converted));
-            host.Require(host.Owner().TransformToUI(provider, kKeys, 1, converted));
+            for (const char* fieldId : fields)
+              host.Require(host.Owner().TransformFromUI(provider, fieldId, 1, converted));
+            for (const char* fieldId : fields)
+              host.Require(host.Owner().TransformToUI(provider, fieldId, 1, converted));
           }});
 }
+
+/// With the lights of the radio.
+void KeysBothWays(benchmark::State& state) {
+  constexpr const char* kFields[] = {"15.FnKeyShortPressActionID"};
+  FieldsBothWays(state, {.name = "all function keys both ways", .limit = 40}, kFields);
+}
 BENCHMARK(KeysBothWays);
+
+/// The list of indicators and the cadences.
+void SoundsBothWays(benchmark::State& state) {
+  constexpr const char* kFields[] = {"1117.AudibleIndicators_k6k",        "1118.SelcallIndivCallRxCadence1",
+                                     "1118.SelcallIndivCallRxCadence2",   "1118.SelcallGroupCallRxCadence",
+                                     "1118.T99AllCallRxCadence",          "1118.SelcallPriorityCallRxCadence",
+                                     "1118.SelcallEmergencyCallRxCadence"};
+  FieldsBothWays(state, {.name = "all sounds without the networks both ways", .limit = 120}, kFields);
+}
+BENCHMARK(SoundsBothWays);
+
+/// Each conversion moves all six alerts.
+void AlertsBothWays(benchmark::State& state) {
+  constexpr const char* kFields[] = {"21.SelcallIndivCallAlertDuration1", "21.Sequence1AlertType",
+                                     "21.ExternalAlertPtr1"};
+  FieldsBothWays(state, {.name = "the alerts of one network both ways", .limit = 40}, kFields);
+}
+BENCHMARK(AlertsBothWays);
 
 /// All members of all groups, one way.
 void Members(benchmark::State& state, bool toRadio, Figure figure) {

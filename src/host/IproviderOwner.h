@@ -32,6 +32,8 @@ inline constexpr ConversionOrder kToUIOrder[] = {
     {520, 521},  // the formats, before a status that is told by them
     {520, 525},
     {521, 535},  // the parts of a free-format sequence, before the whole
+    {537, 544},  // the list of indicators, before table 4 is completed from it for a cadence
+    {548, 544},  // the record of the cadences
 };
 /// By TransformFromUI: `then` reads or appends to what `first` has stored, or `first` reads what `then` mends.
 inline constexpr ConversionOrder kFromUIOrder[] = {
@@ -41,6 +43,8 @@ inline constexpr ConversionOrder kFromUIOrder[] = {
     {525, 575},
     {540, 513},  // the band, before the birdies in it
     {529, 528},  // the raw control statuses are laid out, then take their values
+    {518, 539},  // the PTT sources are laid out, then take their microphones
+    {537, 544},  // the programmes are laid out, then take the cadences of the user
     {533, 531},  // the digital inputs are laid out, then take the parameters of their actions
     {516, 517},  // the tone set, before its frequencies
     {545, 546}, {546, 550},  // durations and types of alerts, before the external alerts made of them
@@ -106,6 +110,9 @@ class IproviderOwner {
   ///   the rule of the pointer brings them back to the tables behind, 1111, 18 and 65, and fills them. It is
   ///   asked once after opening.
   /// - 508 links a member of table 18 into the ring of its group, which is complete once all are converted.
+  /// - 550 (the external alerts of a network) moves those of the radio, too, which stand in table 0: a host
+  /// that
+  ///   has stored an edit there converts a network from the forms before it shows one.
   /// - 500 (channel numbers) and 510 (tones) append to tables 7, 50 and 61, which grow with every edit until
   ///   a conversion of the whole personality lays them out anew (534 empties 50 and 61).
   virtual Status TransformFromUI(std::shared_ptr<Iprovider> provider, std::string_view fieldId,

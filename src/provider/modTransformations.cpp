@@ -14,6 +14,7 @@
 #include "radioui/modDisplayIndicators.h"
 #include "radioui/modFunctionKeys.h"
 #include "radioui/modGPS.h"
+#include "radioui/modPTT.h"
 #include "radioui/modPersonalityOptions.h"
 #include "radioui/modUIPreferences.h"
 #include "scangroups/modScanGroups.h"
@@ -59,6 +60,7 @@ constexpr Transformation kTransformations[] = {
     {515, NoAction,                            NoAction},
     {516, modToneSets::SetToneSet,             modToneSets::GetToneSet},
     {517, modToneSets::SetCustomFrequencies,   modToneSets::GetCustomFrequencies},
+    {518, modPTT::SetGeneratePTT,              modPTT::GetGeneratePTT},
     {519, modPersonalityOptions::SetSecurityPIN, modPersonalityOptions::GetSecurityPIN},
     {520, modSelcallMapping::SetSelcallFormat, modSelcallMapping::GetSelcallFormat},
     {521, modSelcallMapping::SetSelcallTone,   modSelcallMapping::GetSelcallTone},
@@ -77,16 +79,20 @@ constexpr Transformation kTransformations[] = {
     {534, modSubaudible::SetGenerateCTCSSDCS,  modSubaudible::GenerateCTCSSDCS},
     {535, modFreeFormat::SetFreeFormatFields,  modFreeFormat::GetFreeFormatSequence},
     {536, modDisplayIndicators::GenerateDisplayIndicators, NoAction},
+    {537, modAudibleIndicators::CreateIndicatorDataTable, modAudibleIndicators::CreateIndicatorList},
     {538, NoAction,                            NoAction},
     {539, modAudioIO::SetAudioIO,              modAudioIO::GetLabelsAndAudioIO},
     {540, modBandLimits::SetBand,              modBandLimits::GetBand},
     {541, modPersonalityOptions::SetGenerateMicGain, modPersonalityOptions::GetGenerateMicGain},
     {542, SetSelcallID,                        GetSelcallID},
     {543, NoAction,                            NoAction},
+    {544, modAudibleIndicators::SetCadence,    modAudibleIndicators::GetCadence},
     {545, modAudibleIndicators::SetAlertDuration, modAudibleIndicators::GetAlertDuration},
     {546, modAudibleIndicators::SetAlertType,  modAudibleIndicators::GetAlertType},
     {547, modNetworks::SetNetworkSignallingID, modNetworks::GetNetworkSignallingID},
+    {548, NoAction,                            modAudibleIndicators::GenerateRecCallAudInd},
     {549, modSubaudible::SetOutputLevel,       modSubaudible::GetTxDeviation},
+    {550, modAudibleIndicators::SetAudibleIndicators, modAudibleIndicators::GetAudibleIndicators},
     {551, modNetworks::SetSignallingOnPTTPress,   modNetworks::GetSignallingOnPTTPress},
     {552, modNetworks::SetSignallingOnPTTRelease, modNetworks::GetSignallingOnPTTRelease},
     {553, modGPS::SetResponseChannels,         modGPS::GetResponseChannels},

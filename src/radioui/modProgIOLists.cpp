@@ -244,7 +244,8 @@ constexpr ListOfField kActionParameters[] = {
     {"ActionParamMuteAudioOutput", OfferTexts<kAudioPaths>},
     {"ActionParamToggleMuteExternalAudio", OfferTexts<kAudioPaths>},
 };
-using GetList = void (*)(const ProviderRef& provider, std::string_view uiid, RecordNr record, XArrayDBObject& items);
+using GetList = void (*)(const ProviderRef& provider, std::string_view uiid, RecordNr record,
+                         XArrayDBObject& items);
 
 std::string EntryOf(GetList getList, const ProviderRef& provider, std::string_view uiid, RecordNr record,
                     std::int32_t entry) {

@@ -21,8 +21,10 @@ void GetK6000ProgIODigital(const ProviderRef& provider, std::string_view uiid, R
 void GetK6000ProgIOAudio(const ProviderRef& provider, std::string_view uiid, RecordNr record,
                          XArrayDBObject& items);
 /// An entry of one of these lists, from 0; the last one of a shorter list, "" of an empty one.
-std::string DigitalEntry(const ProviderRef& provider, std::string_view uiid, RecordNr record, std::int32_t entry);
-std::string AudioEntry(const ProviderRef& provider, std::string_view uiid, RecordNr record, std::int32_t entry);
+std::string DigitalEntry(const ProviderRef& provider, std::string_view uiid, RecordNr record,
+                         std::int32_t entry);
+std::string AudioEntry(const ProviderRef& provider, std::string_view uiid, RecordNr record,
+                       std::int32_t entry);
 /// The parameter of an action, as the fields of table 0 take it.
 void GetActionParameters(const ProviderRef& provider, std::string_view uiid, RecordNr record,
                          XArrayDBObject& items);

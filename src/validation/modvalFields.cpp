@@ -12,6 +12,7 @@
 #include "radioui/modvalFunctionKeys.h"
 #include "radioui/modvalGPSFields.h"
 #include "radioui/modvalOptionFields.h"
+#include "radioui/modvalPTT.h"
 #include "radioui/modvalProgIO.h"
 #include "radioui/modvalUIPreference.h"
 #include "scangroups/modvalScanGroups.h"
@@ -246,6 +247,10 @@ constexpr FieldRule kRules[] = {
     {"FUNCTIONKEY2",               modvalFunctionKeys::ValidateFunctionKeys},
     {"FUNCTIONKEY3",               modvalFunctionKeys::ValidateFunctionKeys},
     {"FUNCTIONKEY4",               modvalFunctionKeys::ValidateFunctionKeys},
+    // push-to-talk
+    {"PTTTRANSMISSIONTYPE1_K6K",   modvalPTT::ValidatePTTTransmissionType},
+    {"PTTTRANSMISSIONTYPE2_K6K",   modvalPTT::ValidatePTTTransmissionType},
+    {"PTTTRANSMISSIONTYPE3_K6K",   modvalPTT::ValidatePTTTransmissionType},
     // options of the radio
     {"BAND_K6K",                   modvalBandLimits::ValidateBand},
     {"STARTUPINLOWPOWERMODE",      ValidateLowPowerStart},

@@ -8,6 +8,7 @@
 #include "platform/CaseText.h"
 #include "radioui/modvalData.h"
 #include "radioui/modvalFunctionKeys.h"
+#include "radioui/modvalPTT.h"
 #include "radioui/modvalProgIO.h"
 #include "scangroups/modvalScanGroups.h"
 #include "selcall/modvalControlStatus.h"
@@ -47,6 +48,7 @@ constexpr struct {
     {"USRCTLSELCALLTONESETTINGS", Plain<modvalToneSets::ValidateUserDefinedTones>},
     {"USRCTLDTMF", Plain<modvalDTMF::ValidateDTMFForm>},
     {"USRCTLTYPE99", Plain<modvalType99::ValidateType99Form>},
+    {"USRCTLPTT", Plain<modvalPTT::FormIsValid>},
     {"USRCTLNETWORKS", Plain<modvalNetworks::ValidateBasicSettingsForm>},
     {"USRCTLDTMFPATCH", Plain<modvalNetworks::ValidateDTMFPatchForm>},
     {"USRCTLEMERGENCYKD4410", Plain<modvalNetworks::ValidateEmergencyForm>},

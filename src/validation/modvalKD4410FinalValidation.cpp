@@ -12,6 +12,7 @@
 #include "networks/modvalNetworkChecks.h"
 #include "platform/Conversions.h"
 #include "radioui/modvalFunctionKeys.h"
+#include "radioui/modvalPTT.h"
 #include "radioui/modvalProgIO.h"
 #include "scangroups/modvalScanGroups.h"
 #include "selcall/modvalControlStatus.h"
@@ -105,6 +106,7 @@ constexpr bool (*kRules[])(const ValidatorRef& validator) = {
     modvalNetworkChecks::CheckAckHasAlerts,
     modvalNetworkChecks::CheckAlertsHaveAck,
     modvalNetworkChecks::CheckAckAndANISequences,
+    modvalPTT::CheckMicTaps,
     modvalProgIO::CheckFlowControlPins,
     modvalNetworkChecks::OfferSideTones,
     CheckBackgroundGroups,

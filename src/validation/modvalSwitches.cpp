@@ -291,6 +291,16 @@ constexpr SwitchRow kRows[] = {
     {"FUNCTIONKEY3", "FK3Parameter2"},
     {"FUNCTIONKEY4", "FK4Parameter1"},
     {"FUNCTIONKEY4", "FK4Parameter2"},
+    // push-to-talk
+    {"PTTTRANSMISSIONTYPE1_K6K", "PTTInhibitedByMicOnHook1_k6k"},
+    {"PTTTRANSMISSIONTYPE1_K6K", "MicSelect1_k6k"},
+    {"PTTTRANSMISSIONTYPE1_K6K", "PTTPriority1_k6k"},
+    {"PTTTRANSMISSIONTYPE2_K6K", "PTTInhibitedByMicOnHook2_k6k"},
+    {"PTTTRANSMISSIONTYPE2_K6K", "MicSelect2_k6k"},
+    {"PTTTRANSMISSIONTYPE2_K6K", "PTTPriority2_k6k"},
+    {"PTTTRANSMISSIONTYPE3_K6K", "PTTInhibitedByMicOnHook3_k6k"},
+    {"PTTTRANSMISSIONTYPE3_K6K", "MicSelect3_k6k"},
+    {"PTTTRANSMISSIONTYPE3_K6K", "PTTPriority3_k6k"},
     // options of the radio
     {"BAND_K6K", "RFCompliance"},
     {"SECURITYLOCKONPOWERUP", "SecurityPIN1"},

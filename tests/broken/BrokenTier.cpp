@@ -4,6 +4,7 @@
 #include <dlfcn.h>
 #include <unistd.h>
 
+#include <bit>
 #include <cstdlib>
 #include <functional>
 #include <memory>
@@ -74,7 +75,9 @@ Status NoFlag(BorderCall& call, Trace::Objects&) {
   return Changed(call, [](int) { return 7; });
 }
 Status Whimsical(BorderCall& call, Trace::Objects&) {
-  return Changed(call, [](int flag) { return calls % 5 == 0 ? -1 - flag : flag; });
+  // No number of calls after which the moods come again.
+  const bool isInMood = std::popcount(static_cast<unsigned>(calls)) % 2 == 0;
+  return Changed(call, [&](int flag) { return isInMood ? -1 - flag : flag; });
 }
 Status MinusTheSecond(BorderCall& call, Trace::Objects&) { return calls % 2 == 0 ? Status() : Real(call); }
 Status SkipWhileShowing(BorderCall& call, Trace::Objects&) {

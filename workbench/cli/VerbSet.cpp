@@ -12,6 +12,7 @@
 #include "workbench/jobs/Forms.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
+#include "workbench/store/RecordKeys.h"
 #include "workbench/store/TypedNames.h"
 #include "workbench/store/ValueText.h"
 
@@ -40,6 +41,11 @@ const std::string& EditedName(const SchemaField& field, const std::string& given
   }
   if (field.uiids.empty()) throw UsageError(field.id + " is not edited on a form");
   return field.uiids.front();
+}
+
+/// Of a list with ticks a person changes the ticks: what it lists is the tier's.
+const SchemaField& TypedInto(const Provider& content, const SchemaField& field) {
+  return field.id == "1117.AudibleIndicators_k6k" ? content.FieldOf("1117.EnabledFlag") : field;
 }
 
 /// An edit and what came of it.
@@ -114,8 +120,10 @@ std::string TextOf(const CellDifference& cell) {
 
 void PrintLaidOutAnew(const Edited& edited, std::ostream& out) {
   for (const SchemaTable* table : edited.laidOutAnew) {
-    out << (edited.saved ? "Laid out anew" : "Would be laid out anew") << ", as by every save: table "
-        << table->number << " (" << table->title << ")\n";
+    const bool isEvery = RecordKeys::IsLaidOutAnew(*table);
+    out << (edited.saved ? "Laid out anew" : "Would be laid out anew")
+        << (isEvery ? ", as by every save: table " : ", as by the first save: table ") << table->number
+        << " (" << table->title << ")\n";
   }
 }
 
@@ -198,8 +206,9 @@ ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
   const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
   OpenedFile opened(workplace, arguments.file, messenger);
   Session& session = opened.GetSession();
-  const SchemaField& field = TypedNames::FieldNamed(opened.Content().GetSchema(), arguments.name);
-  const std::string& uiid = EditedName(field, arguments.name);
+  const SchemaField& named = TypedNames::FieldNamed(opened.Content().GetSchema(), arguments.name);
+  const std::string& uiid = EditedName(named, arguments.name);
+  const SchemaField& field = TypedInto(opened.Content(), named);
   ComparedPersonality before{opened.Content().Copy(), nullptr};
   opened.ShowForms();
   TypedNames::RequireRecord(opened.Content(), field, arguments.record);

@@ -8,6 +8,7 @@
 #include "platform/Conversions.h"
 #include "workbench/cli/IOSheet.h"
 #include "workbench/cli/Report.h"
+#include "workbench/cli/SoundSheet.h"
 #include "workbench/cli/SystemSheets.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
@@ -169,15 +170,18 @@ void Print(const SchemaTable& table, Session& session, std::ostream& out) {
   for (RecordNr record = 1; record <= count; ++record) PrintRecord(session, table, record, out);
 }
 
+constexpr const char* kWhat =
+    "channels, networks, scan-groups, keys, selcall, dtmf, two-tone, mdc1200, io, sounds, or the number of a "
+    "table";
+
 const SchemaTable& TableOfNumber(const Schema& schema, const std::string& text) {
   std::int32_t number = -1;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   const bool isNumber = error == std::errc() && end == text.data() + text.size();
   const SchemaTable* table = isNumber ? schema.FindTable(number) : nullptr;
   if (table != nullptr) return *table;
-  throw UsageError(
-      "\"" + text + "\" is no table of version " + schema.Version() +
-      ", and none of channels, networks, scan-groups, keys, selcall, dtmf, two-tone, mdc1200, io");
+  throw UsageError("\"" + text + "\" is no table of version " + schema.Version() + "; what can be shown is " +
+                   kWhat);
 }
 
 struct ShowArguments {
@@ -189,9 +193,7 @@ struct ShowArguments {
 
 void Take(Words& words, ShowArguments& given) {
   words.Required("FILE", given.file, "The personality");
-  words.Required("WHAT", given.what,
-                 "channels, networks, scan-groups, keys, selcall, dtmf, two-tone, mdc1200, io, or the number "
-                 "of a table");
+  words.Required("WHAT", given.what, kWhat);
   words.OptionalRecord("SYSTEM", given.system, "Of signalling systems: this one alone, by its record");
   words.Flag("--all", given.all, "Of selcall and dtmf: unused bursts and empty presets, too");
 }
@@ -346,6 +348,10 @@ ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
     IOSheet::Show(opened.GetSession(), workplace);
     return ExitCode::Done;
   }
+  if (arguments.what == SoundSheet::kName) {
+    SoundSheet::Show(opened.GetSession(), workplace);
+    return ExitCode::Done;
+  }
   for (const View& view : kViews) {
     if (arguments.what != view.name) continue;
     ShowView(view, opened.GetSession(), workplace);
@@ -358,8 +364,8 @@ ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
 }
 
 const Verb kShow({.name = "show",
-                  .about = "Show channels, networks, scan groups, function keys, signalling systems or any "
-                           "table of a personality"},
+                  .about = "Show channels, networks, scan groups, function keys, signalling systems, sounds, "
+                           "inputs and outputs or any table of a personality"},
                  Take, Show);
 
 }  // namespace

@@ -133,21 +133,26 @@ void OrderOfConversions(CheckRun& run) {
 }
 
 /// What a conversion mends on the side that it reads.
-constexpr std::string_view kMended[] = {"30.FixedFormatBurstSeq",  // of record 1, which is no system's burst
-                                        "30.FixedFormatSigSystemID",  // what a burst slot is
-                                        "30.FixedFormatBurstType", "30.FixedFormatBurstID",
-                                        "18.GroupIDNumber",  // the number of a member's group
-                                        "49.FreeFormSeqID",  // the place of a sequence in its system
-                                        "51.CallAlertID",    // the alerts of a network
-                                        "21.Ind1CallAlertPtr", "21.Ind2CallAlertPtr", "21.GroupCallAlertPtr",
-                                        "21.AllCallAlertPtr", "21.PriorityCallAlertPtr",
-                                        "21.EmergencyCallAlertPtr",
-                                        "75.SIBTNetworkID",            // the number of the tone's network
-                                        "68.DTMFPatchSeqNetworkID",    // the number of the network that
-                                        "72.DTMFPatchTonesNetworkID",  // the record belongs to
-                                        // the control statuses that are shown go back among those of all,
-                                        "1111.SelcallID", "1111.ValueTracker", "1111.Type", "1111.Rx",
-                                        "1111.Tx", "32.ValueTracker"};  // these into the radio's order
+constexpr std::string_view kMended[] = {
+    "30.FixedFormatBurstSeq",     // of record 1, which is no system's burst
+    "30.FixedFormatSigSystemID",  // what a burst slot is
+    "30.FixedFormatBurstType", "30.FixedFormatBurstID",
+    "18.GroupIDNumber",                              // the number of a member's group
+    "49.FreeFormSeqID",                              // the place of a sequence in its system
+    "51.CallAlertID",                                // the alerts of a network
+    "51.CallAlertExternalAlert1Pointer",             // the radio's two external
+    "51.CallAlertExternalAlert2Pointer",             // alerts, at which all point
+    "4.EnabledFlag", "4.ProgIndex", "4.RepeatFlag",  // what the radio
+    "60.AudibleIndicatorCadence",                    // sounds and has no choice about
+    "60.TonesPerIndicator", "60.AudibleIndicatorFrequency1", "60.AudibleIndicatorFrequency2",
+    "60.ToneDuration", "60.RemainingCadences", "21.Ind1CallAlertPtr", "21.Ind2CallAlertPtr",
+    "21.GroupCallAlertPtr", "21.AllCallAlertPtr", "21.PriorityCallAlertPtr", "21.EmergencyCallAlertPtr",
+    "75.SIBTNetworkID",            // the number of the tone's network
+    "68.DTMFPatchSeqNetworkID",    // the number of the network that
+    "72.DTMFPatchTonesNetworkID",  // the record belongs to
+    // the control statuses that are shown go back among those of all,
+    "1111.SelcallID", "1111.ValueTracker", "1111.Type", "1111.Rx", "1111.Tx",
+    "32.ValueTracker"};  // these into the radio's order
 
 /// A conversion whose directions are exchanged writes what it should read.
 std::string WrongSide(const Schema& schema, StorageKind filled, const std::vector<std::string>& calls) {

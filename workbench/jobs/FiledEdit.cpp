@@ -127,20 +127,31 @@ std::optional<LostValue> ChangedByNobody(const FiledEdit& edit) {
   return {};
 }
 
+/// The save gives a table the records that the file did not have.
+bool IsCompleted(const FiledEdit& edit, const SchemaTable& table) {
+  return RecordKeys::IsFilledByFirstSave(table) &&
+         edit.before.stored->Count(table) < edit.after.stored->Count(table);
+}
+
 }  // namespace
 
 std::vector<CellDifference> StoredChanges(const FiledEdit& edit) {
   Changes changes(edit.before, edit.after);
   // What is known by the number of a renamed record has another key, too, and keeps its place.
   const SchemaTable& table = edit.before.stored->GetSchema().TableOf(edit.field);
-  return changes.IsRenamed(table, edit.record) ? changes.ByPlace() : changes.ByKey();
+  std::vector<CellDifference> cells =
+      changes.IsRenamed(table, edit.record) ? changes.ByPlace() : changes.ByKey();
+  std::erase_if(cells, [&](const CellDifference& cell) {
+    return cell.storedA.IsEmpty() && IsCompleted(edit, *cell.table);
+  });
+  return cells;
 }
 
 std::vector<const SchemaTable*> LaidOutAnew(const FiledEdit& edit) {
   std::vector<const SchemaTable*> tables;
   for (const SchemaTable& table : edit.before.stored->GetSchema().Tables()) {
-    const bool isOther =
-        RecordKeys::IsLaidOutAnew(table) && !IsSame(table, *edit.before.stored, *edit.after.stored);
+    const bool isLaidOut = RecordKeys::IsLaidOutAnew(table) || IsCompleted(edit, table);
+    const bool isOther = isLaidOut && !IsSame(table, *edit.before.stored, *edit.after.stored);
     if (isOther) tables.push_back(&table);
   }
   return tables;

@@ -18,11 +18,11 @@ struct FiledEdit {
 };
 
 /// The stored values that an edit changes, as a comparison tells them. A record that is new or gone is told
-/// by each of its values; it has none (Empty) on the other side.
+/// by each of its values; it has none (Empty) on the other side. Tables that are laid out anew are left out.
 std::vector<CellDifference> StoredChanges(const FiledEdit& edit);
 
-/// The tables that every save lays out anew and that come out another way than they were. That is nobody's
-/// edit: some follow the channels, some were not there yet.
+/// The tables that every save, or the first one, lays out anew and that come out another way than they were.
+/// That is nobody's edit: some follow the channels, some were not there yet.
 std::vector<const SchemaTable*> LaidOutAnew(const FiledEdit& edit);
 
 /// A value on the forms that does not come back from the file.

@@ -105,6 +105,14 @@ void AddNetworks(Provider& content, const Personality& personality) {
   AddAlerts(content, networks);
 }
 
+/// The mic speaks into the microphone of the control head, the external PTTs into the auxiliary one; record 1
+/// is the receiver.
+void AddMicrophones(Provider& content) {
+  constexpr std::int32_t kControlHead = 1, kAuxiliary = 2;
+  content.Set("59.AudioIOMicSource", 2, kControlHead);
+  for (const RecordNr external : {3, 4}) content.Set("59.AudioIOMicSource", external, kAuxiliary);
+}
+
 /// The position reports need short data messages, and a port that the data does not use.
 void AddGPS(Provider& content, const std::vector<Network>& networks) {
   const auto ofNetworks = [&](std::int32_t Positions::*member) {
@@ -366,6 +374,7 @@ std::int32_t BurstPointer(std::int32_t system, Burst type, std::int32_t position
 void FillStored(Provider& content, const Personality& personality) {
   content.Set("34.Band", 1, personality.band);
   AddNetworks(content, personality);
+  AddMicrophones(content);
   if (personality.gps) AddGPS(content, personality.networks);
   AddSystems(content, personality.systems);
   AddDTMFSystems(content, personality.dtmfSystems);

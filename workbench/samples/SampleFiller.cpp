@@ -17,14 +17,15 @@ namespace {
 
 constexpr std::int32_t kTablesLeft[] = {
     0,  39,                      // model and version
-    3,  10, 50, 61, 74,          // laid out by every save
+    3,  4,  10, 50, 60, 61, 74,  // laid out by every save
     30, 65,                      // described, but for a first record that is empty
-    4,  25, 55, 56, 57, 59, 60,  // no conversion yet says what their codes and pointers mean
+    55, 56, 57, 59,              // pins and taps are described
 };
 constexpr std::string_view kFieldsLeft[] = {
     // Written by every save.
     "5.HiddenChannel", "5.IsBirdieChannel", "5.RxSubaudibleType", "5.RxSubaudibleIndex", "5.TxSubaudibleType",
     "5.TxSubaudibleIndex", "48.ToneSetRemapTable", "48.ToneSetLowFreq", "48.ToneSetHighFreq",
+    "51.CallAlertExternalAlert1Pointer", "51.CallAlertExternalAlert2Pointer",
     // Ruled out by another option that the sample has.
     "34.RFCompliance",           // of band K5 alone
     "34.GlobalEncryption",       // the channels encrypt one by one

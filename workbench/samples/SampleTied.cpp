@@ -39,6 +39,30 @@ constexpr Column kRadio[] = {
     {"52.ExternalAlertID",                   [](RecordNr r) { return r - 1; }},
 };
 
+/// Of so many steps.
+constexpr std::int32_t Cadence(std::int32_t steps) { return steps == 0 ? 0 : 0xB6DB >> (16 - steps) << (16 - steps); }
+/// Of the cadences that are the user's, by their records.
+constexpr std::int32_t StepsOf(RecordNr r) { return (r >= 20 && r <= 24) || r == 28 ? r - 12 : 0; }
+
+/// That of the control head (1) or the auxiliary one (2).
+constexpr std::int32_t MicOf(RecordNr source) { return source == 2 ? 2 : 1; }
+
+constexpr Column kSounds[] = {
+    // The user may turn these off.
+    {"4.EnabledFlag", [](RecordNr r) { return r == 2 || r == 9 || r == 17 || r == 30 || r == 48 ? 0 : 1; }},
+    {"60.AudibleIndicatorCadence", [](RecordNr r) { return Cadence(StepsOf(r)); }},
+    {"60.TonesPerIndicator",       StepsOf},
+    // Whose microphone is shown is that of the audio path of the same index.
+    {"25.PTTPriority",                  [](RecordNr r) { return r % 3; }},
+    {"25.MicSelect",                    MicOf},
+    {"59.AudioIOMicSource",             [](RecordNr r) { return r == 1 || r > 4 ? 0 : MicOf(r - 1); }},
+    {"25.PTTTransmissionType",          [](RecordNr r) { return (r + 1) % 3; }},
+    {"25.PTTInhibitedByMicOnHook",      [](RecordNr r) { return r == 1 ? 0 : 1; }},
+    {"25.PTTInhibitedByExternalControl", [](RecordNr r) { return r == 2 ? 0 : 1; }},
+    // The mic calls nobody: its side tones would be for every network.
+    {"25.PTTPressCallSetup",            [](RecordNr r) { return r == 3 ? 1 : 0; }},
+};
+
 constexpr Column kData[] = {
     {"9.DataPowerupState",          [](RecordNr) { return kTransparentMode; }},  // a modem would not scan
     // One of the two ports is the mic's, which has no lines for hardware flow control.
@@ -305,6 +329,7 @@ void FillTexts(Provider& content) {
 
 void FillTied(Provider& content) {
   Fill(content, kRadio);
+  Fill(content, kSounds);
   Fill(content, kData);
   Fill(content, kChannels);
   Fill(content, kGroups);

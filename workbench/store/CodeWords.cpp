@@ -21,6 +21,9 @@ constexpr std::string_view kRespondOn[] = {"Captured", "Default"};
 constexpr std::string_view kPriorityScans[] = {"Disabled", "Enabled", "Selected"};
 constexpr std::string_view kNoYes[] = {"No", "Yes"};
 constexpr std::string_view kToneFormats[] = {"MOT", "CNE"};
+constexpr std::string_view kAlertTypes[] = {"None", "Ring", "Beep"};
+constexpr std::string_view kTransmissions[] = {"None", "Voice", "Data"};
+constexpr std::string_view kMicSources[] = {"Audio Tap In", "Control Head", "Auxiliary"};
 
 constexpr struct {
   std::string_view uiid;
@@ -37,6 +40,20 @@ constexpr struct {
     {"HiddenChannels_k6k", kNoYes},
     {"T99TableFormat_k6k", kToneFormats},
     {"T99Custom_k6k", kNoYes},
+    {"AudibleIndicators_k6k", kNoYes},  // its ticks
+    {"1117.EnabledFlag", kNoYes},
+    {"Sequence1AlertType", kAlertTypes},
+    {"Sequence2AlertType", kAlertTypes},
+    {"GroupCallAlertType", kAlertTypes},
+    {"AllCallAlertType", kAlertTypes},
+    {"PriorityCallAlertType", kAlertTypes},
+    {"EmergencyCallAlertType", kAlertTypes},
+    {"PTTTransmissionType1_k6k", kTransmissions},
+    {"PTTTransmissionType2_k6k", kTransmissions},
+    {"PTTTransmissionType3_k6k", kTransmissions},
+    {"MicSelect1_k6k", kMicSources},
+    {"MicSelect2_k6k", kMicSources},
+    {"MicSelect3_k6k", kMicSources},
 };
 
 }  // namespace

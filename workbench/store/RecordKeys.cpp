@@ -79,6 +79,9 @@ constexpr struct { std::string_view pointer, press; } kPresses[] = {
     {"15.FnKeyDownActionID",       "down"},
 };
 
+/// The audible indicators and their cadences.
+constexpr std::int32_t kFilledByFirstSave[] = {4, 60};
+
 constexpr Pointer kPointers[] = {
     {"5.ChannelNetworkId",                  21},
     {"5.RxSubaudibleIndex",                 50, Counts::FromZero, "5.RxSubaudibleType", 1},
@@ -179,6 +182,10 @@ std::string ListOf(const std::vector<std::string>& keys) {
 bool RecordKeys::IsLaidOutAnew(const SchemaTable& table) {
   return std::ranges::find(kLaidOutAnew, table.number) != std::end(kLaidOutAnew) ||
          RowOf(kCodeLists, table.number) != nullptr;
+}
+
+bool RecordKeys::IsFilledByFirstSave(const SchemaTable& table) {
+  return std::ranges::find(kFilledByFirstSave, table.number) != std::end(kFilledByFirstSave);
 }
 
 const SchemaTable* RecordKeys::OwnerOf(const SchemaTable& table) const {

@@ -45,6 +45,8 @@ class RecordKeys {
   /// Every save lays the table out anew, from what other records hold (the codes that they point at) or from
   /// what is the same for all radios. It holds nothing of its own.
   static bool IsLaidOutAnew(const SchemaTable& table);
+  /// The first save of a new personality lays the table out; from then on some of it is the user's.
+  static bool IsFilledByFirstSave(const SchemaTable& table);
 
  private:
   struct TableKeys {

@@ -115,15 +115,15 @@ TEST_F(ConversionTest, AStepWorksOnCopiesAndAllThatItWritesIsKept) {
     pair.source->Set("TxPower_k6k", 1, 0);
     pair.destination->Set("TxPower_k6k", 3, 1);
     pair.destination->Set("TxFreq_k6k", 2, "450.1");  // a form field
-    pair.destination->SetCount(4, 1);
-    pair.destination->Set("4.ProgIndex", 1, 40);
+    pair.destination->SetCount(78, 5);
+    pair.destination->Set("78.CWIDInterval", 5, 40);
     return true;
   };
   const Conversion conversion = Convert(content, Way("0094", "0093"), step);
   ASSERT_THAT(conversion.hops, SizeIs(1));
   EXPECT_THAT(Told(conversion.hops[0].changes),
-              ElementsAre("count of 4 0>1", "4.ProgIndex[1] 0>40", "5.ChannelTxFreq[2] 450037500>450100000",
-                          "5.TxPower_k6k[3] 4>1"));
+              ElementsAre("5.ChannelTxFreq[2] 450037500>450100000", "5.TxPower_k6k[3] 4>1", "count of 78 4>5",
+                          "78.CWIDInterval[5] 15>40"));
   EXPECT_EQ(CLng(conversion.result->Get("36.DCSTxPolarity", 1)), 1);
   EXPECT_EQ(CLng(content->Get("TxPower_k6k", 1)), 4);
   EXPECT_EQ(CLng(content->Get("TxPower_k6k", 3)), 4);

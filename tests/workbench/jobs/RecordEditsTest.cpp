@@ -149,7 +149,8 @@ TEST_F(RecordEditsTest, WhatARuleHadWrittenBeforeItsSecondQuestionIsTold) {
 
 TEST_F(RecordEditsTest, AChannelStaysThatAPointerWouldBeLedAstrayBy) {
   // An output that keeps the code of an input that it was: nothing moves its index.
-  content->Set("55.DigitalIOInputDirection", 4, 2);
+  content->Set("1108.Direction", 4, "Output");
+  content->Set("1108.Action", 4, "Alarm Status");
   content->Set("55.DigitalIOInputActivationAction", 4, 23);
   content->Set("55.GPIOActivation1", 4, 7);
   EXPECT_TRUE(Edits("channels").Delete(9).accepted);

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "common/FieldEdit.h"
+
+/// Rules of the push-to-talk sources.
+namespace modvalPTT {
+/// Whether no two sources have the same priority.
+bool PTTPrioritiesAreUnique(const ValidatorRef& validator);
+
+bool ValidatePTTTransmissionType(FieldEdit& edit);
+/// The check of the form.
+bool FormIsValid(const ValidatorRef& validator);
+
+/// Before a save: who speaks into a tap of the programmable I/O has one.
+bool CheckMicTaps(const ValidatorRef& validator);
+}  // namespace modvalPTT
