@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "common/Procedure.h"
+#include "platform/Conversions.h"
 
 namespace modAudibleIndicators {
 namespace {
@@ -24,10 +25,14 @@ constexpr RecordNr kPerNetwork = std::size(kCallAlerts);
 constexpr std::string_view kStoredType = "51.CallAlertType";
 constexpr std::string_view kStoredDuration = "51.CallAlertInternalDuration";
 
+/// The records of table 51 before those of a network. Far beyond all records it is an overflow.
+RecordNr AlertsBefore(double network) { return RoundToLong((network - 1) * kPerNetwork); }
+
 void CreateCallAlertRecords(const ProviderRef& provider, RecordNr network) {
   Procedure("CreateCallAlertRecords", [&] {
     const TableRef alerts = provider.Table("51");
-    for (RecordNr count = alerts.RecordCount(); count < network * kPerNetwork; ++count) {
+    const RecordNr last = AlertsBefore(network + 1.0);
+    for (RecordNr count = alerts.RecordCount(); count < last; ++count) {
       const RecordNr added = alerts.AppendRecord();
       provider.Field("51.CallAlertID").SetValue(added, added - 1);
     }
@@ -40,7 +45,7 @@ void MoveAlerts(const ProviderRef& provider, RecordNr network, std::string_view 
                 std::string_view storedField, Move move) {
   CreateCallAlertRecords(provider, network);
   const FieldRef stored = provider.Field(storedField);
-  RecordNr alert = (network - 1) * kPerNetwork;
+  RecordNr alert = AlertsBefore(network);
   for (const CallAlert& call : kCallAlerts) {
     provider.Field(call.pointer).SetValue(network, alert);
     move(provider.Field(call.*form), stored, ++alert);
