@@ -104,6 +104,13 @@ void KeysBothWays(benchmark::State& state) {
 }
 BENCHMARK(KeysBothWays);
 
+/// Fifteen pins and what their actions name; the inputs and outputs follow from the first row.
+void PinsBothWays(benchmark::State& state) {
+  constexpr const char* kFields[] = {"55.DigitalIOInputPinID"};
+  FieldsBothWays(state, {.name = "the whole I/O grid both ways", .limit = 60}, kFields);
+}
+BENCHMARK(PinsBothWays);
+
 /// The list of indicators and the cadences.
 void SoundsBothWays(benchmark::State& state) {
   constexpr const char* kFields[] = {"1117.AudibleIndicators_k6k",        "1118.SelcallIndivCallRxCadence1",

@@ -62,6 +62,10 @@ BENCHMARK_CAPTURE(SystemRule, CustomTone, "T99CustomToneA_k6k", 3, "1014.9",
                   {.name = "field rule: a custom tone", .limit = 1});
 BENCHMARK_CAPTURE(SystemRule, DTMFSequence, "DTMFEmergSequence", 1, "112",
                   {.name = "field rule: a DTMF sequence", .limit = 1});
+BENCHMARK_CAPTURE(SystemRule, Direction, "DigitalIODirection", 13, "Input",
+                  {.name = "field rule: direction of a pin", .limit = 25});
+BENCHMARK_CAPTURE(SystemRule, Action, "DigitalIOAction", 10, "Home Channel",
+                  {.name = "field rule: action of a pin", .limit = 25});
 BENCHMARK_CAPTURE(SystemRule, Presets, "CurrentDTMFNr", 1, "2", {.name = "presets of another DTMF system"});
 
 void ScanGroupForm(benchmark::State& state) {

@@ -108,6 +108,7 @@ TEST_F(DigitalIO, TheRadioGetsARecordForEachRowAndOutputsAsTheyAreCounted) {
   provider.Set("1108.SignalType", 7, "Latching");
   GiveRow(15, "Output", "Busy Status");
   for (RecordNr record = 1; record <= 15; ++record) provider.Set("55.DigitalIOInputMirroredTo", record, 9);
+  provider.SetCount(55, 14);  // completed
   EXPECT_TRUE(FromUI(kGrid));
   EXPECT_EQ(Column("55.DigitalIOInputPinID"), "22 23 24 25 26 27 28 29 30 31 32 33 34 35 36");
   EXPECT_EQ(Column("55.DigitalIOInputDirection"), "0 1 0 0 2 1 2 0 0 0 0 0 0 0 2");

@@ -127,10 +127,11 @@ std::optional<LostValue> ChangedByNobody(const FiledEdit& edit) {
   return {};
 }
 
-/// The save gives a table the records that the file did not have.
+/// The save gives a table the records, or what they hold, that the file did not have.
 bool IsCompleted(const FiledEdit& edit, const SchemaTable& table) {
   return RecordKeys::IsFilledByFirstSave(table) &&
-         edit.before.stored->Count(table) < edit.after.stored->Count(table);
+         (edit.before.stored->Count(table) < edit.after.stored->Count(table) ||
+          RecordKeys::AwaitsFirstSave(*edit.before.stored, table));
 }
 
 }  // namespace
@@ -142,7 +143,9 @@ std::vector<CellDifference> StoredChanges(const FiledEdit& edit) {
   std::vector<CellDifference> cells =
       changes.IsRenamed(table, edit.record) ? changes.ByPlace() : changes.ByKey();
   std::erase_if(cells, [&](const CellDifference& cell) {
-    return cell.storedA.IsEmpty() && IsCompleted(edit, *cell.table);
+    const bool isFilled =
+        cell.storedA.IsEmpty() || RecordKeys::AwaitsFirstSave(*edit.before.stored, *cell.table);
+    return isFilled && IsCompleted(edit, *cell.table);
   });
   return cells;
 }

@@ -79,8 +79,10 @@ constexpr struct { std::string_view pointer, press; } kPresses[] = {
     {"15.FnKeyDownActionID",       "down"},
 };
 
-/// The audible indicators and their cadences.
-constexpr std::int32_t kFilledByFirstSave[] = {4, 60};
+/// The audible indicators and their cadences, what push-to-talk does, the lines of the programmable I/O.
+constexpr std::int32_t kFilledByFirstSave[] = {4, 25, 55, 59, 60};
+/// Those of them that have all their records from the beginning; a save never leaves all of them as new ones.
+constexpr std::int32_t kFilledInPlace[] = {25, 55, 59};
 
 constexpr Pointer kPointers[] = {
     {"5.ChannelNetworkId",                  21},
@@ -186,6 +188,16 @@ bool RecordKeys::IsLaidOutAnew(const SchemaTable& table) {
 
 bool RecordKeys::IsFilledByFirstSave(const SchemaTable& table) {
   return std::ranges::find(kFilledByFirstSave, table.number) != std::end(kFilledByFirstSave);
+}
+
+bool RecordKeys::AwaitsFirstSave(const Provider& stored, const SchemaTable& table) {
+  if (std::ranges::find(kFilledInPlace, table.number) == std::end(kFilledInPlace)) return false;
+  for (const SchemaField& field : stored.GetSchema().FieldsOf(table)) {
+    for (RecordNr record = 1; field.IsRaw() && record <= stored.Count(table); ++record) {
+      if (!SameCell(stored.Get(field, record), field.standard)) return false;
+    }
+  }
+  return true;
 }
 
 const SchemaTable* RecordKeys::OwnerOf(const SchemaTable& table) const {

@@ -47,6 +47,8 @@ class RecordKeys {
   static bool IsLaidOutAnew(const SchemaTable& table);
   /// The first save of a new personality lays the table out; from then on some of it is the user's.
   static bool IsFilledByFirstSave(const SchemaTable& table);
+  /// Such a table has its records, and all of them are still as new ones are.
+  static bool AwaitsFirstSave(const Provider& stored, const SchemaTable& table);
 
  private:
   struct TableKeys {

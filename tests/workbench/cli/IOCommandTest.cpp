@@ -10,6 +10,7 @@ namespace {
 using nlohmann::json;
 using testing::AllOf;
 using testing::HasSubstr;
+using testing::Not;
 
 class IOCommands : public InProcessCommand {
  protected:
@@ -69,6 +70,19 @@ TEST_F(IOCommands, WhateverIsTriedOnAPinThePersonalitySavesAndOpens) {
     for (const json& finding : json::parse(out.str())["findings"])
       EXPECT_NE(finding["kind"], "error") << finding;
   }
+}
+
+TEST_F(IOCommands, AFileThatNeverHeldPinsIsToldByTheTableWhenItIsFilled) {
+  auto content = nlohmann::ordered_json::parse(ContentOf(Sample("city-fleet")));
+  for (const char* table : {"3", "15", "24", "25", "55", "56", "57", "59"}) content["tables"].erase(table);
+  const std::string fresh = folder.Write("fresh.json", content.dump());
+  const std::string filled = Told({"set", fresh, "DigitalIODirection", "2", "Input"});
+  for (const char* table : {"25", "55", "59"}) {
+    EXPECT_THAT(filled, HasSubstr(std::string("as by the first save: table ") + table + " ("));
+  }
+  EXPECT_THAT(filled, HasSubstr("The file holds the same values as before."));  // in all other tables
+  EXPECT_THAT(Told({"set", fresh, "DigitalIODirection", "2", "None"}),
+              AllOf(HasSubstr("55.DigitalIOInputDirection"), Not(HasSubstr("first save"))));
 }
 
 TEST_F(IOCommands, AnInputOfNoPinIsRefusedWithItsPlace) {
