@@ -33,19 +33,31 @@ void RequireConvertible(const Provider& content, const std::string& fileName) {
   }
 }
 
-/// A digital line has a row on the forms by its pin; the tier takes a line without one for a fault of its
-/// own.
+/// A digital line has a row on the forms by its pin. The tier takes an input without one for a fault of its
+/// own, and a save loses an output without one. Pins 22 to 24 are inputs only.
+struct Line {
+  const char *pin, *use;  ///< an unused line has 0 there, and may have no pin
+  std::int32_t firstPin;
+  const char* refusal;
+};
+constexpr Line kLines[] = {
+    {"55.DigitalIOInputPinID", "55.DigitalIOInputDirection", 22, "is no pin, and the line has a direction"},
+    {"56.DigitalIOOutputPinID", "56.DigitalIOOutputAction", 25,
+     "is no pin for an output, and it has an action"},
+};
+
 void RequirePins(const Provider& content, const std::string& fileName) {
-  constexpr std::int32_t kFirstPin = 22, kLastPin = 36;
-  const SchemaField& pin = content.FieldOf("55.DigitalIOInputPinID");
-  const SchemaField& direction = content.FieldOf("55.DigitalIOInputDirection");
-  for (RecordNr record = 1; record <= content.Count(pin.table); ++record) {
-    const Variant& used = content.Get(direction, record);
-    const Variant& id = content.Get(pin, record);
-    const bool isPin = IsNumeric(id) && CDbl(id) >= kFirstPin && CDbl(id) <= kLastPin;
-    if (isPin || !(IsCode(used, 1) || IsCode(used, 2))) continue;
-    throw FileError(fileName, 0, pin.id + ", record " + std::to_string(record),
-                    "\"" + CStr(id) + "\" is no pin, and the line has a direction");
+  constexpr std::int32_t kLastPin = 36;
+  for (const Line& line : kLines) {
+    const SchemaField& pin = content.FieldOf(line.pin);
+    const SchemaField& use = content.FieldOf(line.use);
+    for (RecordNr record = 1; record <= content.Count(pin.table); ++record) {
+      const Variant& id = content.Get(pin, record);
+      const bool isPin = IsNumeric(id) && CDbl(id) >= line.firstPin && CDbl(id) <= kLastPin;
+      if (isPin || IsCode(content.Get(use, record), 0)) continue;
+      throw FileError(fileName, 0, pin.id + ", record " + std::to_string(record),
+                      "\"" + CStr(id) + "\" " + line.refusal);
+    }
   }
 }
 

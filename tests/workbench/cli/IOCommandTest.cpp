@@ -85,13 +85,24 @@ TEST_F(IOCommands, AFileThatNeverHeldPinsIsToldByTheTableWhenItIsFilled) {
               AllOf(HasSubstr("55.DigitalIOInputDirection"), Not(HasSubstr("first save"))));
 }
 
-TEST_F(IOCommands, AnInputOfNoPinIsRefusedWithItsPlace) {
-  for (const int pin : {0, 21, 37}) {
+TEST_F(IOCommands, ALineOfNoPinIsRefusedWithItsPlace) {
+  constexpr struct {
+    const char *table, *field;
+    std::size_t index;
+    int pin;
+  } kDamages[] = {
+      {"55", "DigitalIOInputPinID", 7, 0},   {"55", "DigitalIOInputPinID", 7, 21},
+      {"55", "DigitalIOInputPinID", 7, 37},  {"56", "DigitalIOOutputPinID", 5, 0},
+      {"56", "DigitalIOOutputPinID", 5, 21}, {"56", "DigitalIOOutputPinID", 5, 37},
+      {"56", "DigitalIOOutputPinID", 5, 24},  // an input only
+  };
+  for (const auto& damage : kDamages) {
     auto document = nlohmann::ordered_json::parse(ContentOf(Sample("hospital-paging")));
-    document["tables"]["55"][7]["DigitalIOInputPinID"] = pin;
+    document["tables"][damage.table][damage.index][damage.field] = damage.pin;
     const std::string damaged = folder.Write("damaged.json", document.dump());
-    EXPECT_EQ(Run({"check", damaged}), ExitCode::CouldNot) << pin;
-    EXPECT_THAT(messages, HasSubstr("damaged.json")) << pin;
+    EXPECT_EQ(Run({"check", damaged}), ExitCode::CouldNot) << damage.field << damage.pin;
+    const std::string place = "damaged.json: " + std::string(damage.table) + "." + damage.field + ", record ";
+    EXPECT_THAT(messages, HasSubstr(place + std::to_string(damage.index + 1))) << damage.pin;
   }
 }
 }  // namespace
