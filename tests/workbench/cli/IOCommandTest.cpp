@@ -67,8 +67,8 @@ TEST_F(IOCommands, WhateverIsTriedOnAPinThePersonalitySavesAndOpens) {
       }
     }
     Run({"check", file, "--json"});
-    for (const json& finding : json::parse(out.str())["findings"])
-      EXPECT_NE(finding["kind"], "error") << finding;
+    const json checked = json::parse(out.str());
+    for (const json& finding : checked["findings"]) EXPECT_NE(finding["kind"], "error") << finding;
   }
 }
 
