@@ -8,6 +8,7 @@
 #include "platform/Conversions.h"
 #include "workbench/files/TabbedFile.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Journal.h"
 #include "workbench/store/Provider.h"
 
 namespace {
