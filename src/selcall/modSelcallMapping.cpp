@@ -41,7 +41,9 @@ constexpr auto kToneCodes = [] {
 
 std::int32_t ToneCode(std::string_view tone) {
   const std::size_t character = static_cast<unsigned char>(tone.front());
-  if (character >= kToneCodes.size() || kToneCodes[character] < 0) RaiseTypeMismatch();
+  // Bytes that continue no character may follow a tone.
+  const bool isTone = tone.size() == 1 && character < kToneCodes.size() && kToneCodes[character] >= 0;
+  if (!isTone) RaiseTypeMismatch();
   return kToneCodes[character];
 }
 
