@@ -6,6 +6,7 @@
 
 #include "channels/modBandLimits.h"
 #include "common/Procedure.h"
+#include "common/StoredValues.h"
 #include "common/modCommonErrorHandler.h"
 #include "common/modCommonGlobals.h"
 #include "common/modProjectGlobals.h"
@@ -55,9 +56,8 @@ const SubaudibleFields* FindDirection(std::string_view fieldId) {
 /// The text of the code that the index points at; "None" for an index outside the table.
 std::string CodeText(const ProviderRef& provider, std::string_view codeField, std::int32_t index,
                      std::string (*toText)(std::int32_t)) {
-  const FieldRef codes = provider.Field(codeField);
-  if (index < 0 || index >= codes.RecordCount()) return std::string(kNone);
-  return toText(CLng(codes.Value(index + 1)));
+  const Variant code = ValueAtIndex(provider.Field(codeField), index);
+  return code.IsEmpty() ? std::string(kNone) : toText(CLng(code));
 }
 
 struct SubaudiblePointer {

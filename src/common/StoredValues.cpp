@@ -8,6 +8,11 @@ Variant StoredValue(const ProviderRef& provider, std::string_view field, RecordN
   return stored.HasRecord(record) ? stored.Value(record) : Variant();
 }
 
+Variant ValueAtIndex(const FieldRef& field, std::int32_t index) {
+  const bool isThere = index >= 0 && index < field.RecordCount();
+  return isThere ? field.Value(index + 1) : Variant();
+}
+
 bool HoldsCode(const ProviderRef& provider, std::string_view field, std::int32_t code, RecordNr record) {
   const Variant stored = StoredValue(provider, field, record);
   return !stored.IsEmpty() && IsCode(stored, code);

@@ -11,6 +11,8 @@
 
 /// Empty for a record that does not exist and for a field that this version does not have.
 Variant StoredValue(const ProviderRef& provider, std::string_view field, RecordNr record);
+/// The value at an index from 0, as the radio points at records; empty for an index that has none.
+Variant ValueAtIndex(const FieldRef& field, std::int32_t index);
 /// Whether the field holds the code. What does not exist holds none, not even 0.
 bool HoldsCode(const ProviderRef& provider, std::string_view field, std::int32_t code, RecordNr record);
 /// One record, for rules that ask it for several fields.

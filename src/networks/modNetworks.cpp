@@ -22,9 +22,7 @@ std::string_view StoredIdentityField(std::int32_t type) {
 std::string IdentityText(const ProviderRef& provider, std::int32_t type, std::int32_t index) {
   const std::string_view name = StoredIdentityField(type);
   if (name.empty()) return std::string(kNone);
-  const FieldRef identities = provider.Field(name);
-  if (index < 0 || index >= identities.RecordCount()) return {};
-  return CStr(identities.Value(index + 1));
+  return CStr(ValueAtIndex(provider.Field(name), index));
 }
 
 struct TypeFacts {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "common/Procedure.h"
+#include "common/StoredValues.h"
 #include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
@@ -363,8 +364,7 @@ void GetGridAndDigitalIO(const ProviderRef& provider, std::string_view, RecordNr
 
 void SetDigitalIO(const ProviderRef& provider, std::string_view, RecordNr) {
   Procedure("SetDigitalIO", [&] {
-    const TableRef inputs = provider.Table("55");
-    for (RecordNr count = inputs.RecordCount(); count < kRows; ++count) inputs.AppendRecord();
+    provider.Table("55").FillTo(kRows);
     provider.ClearTable("56");
     provider.Table("56").FillToCapacity();
     RowWriter(provider).WriteAll();
@@ -381,9 +381,8 @@ void GetActionParameters(const ProviderRef& provider, std::string_view fieldId, 
     const Variant value = provider.Field("55.GPIOActivation1").Value(input);
     const FieldRef field = provider.Field(parameter->field);
     if (parameter->stored.empty()) return field.SetValue(kOnly, value);
-    const FieldRef numbers = provider.Field(parameter->stored);
-    const RecordNr record = CLng(value) + 1;
-    if (numbers.HasRecord(record)) field.SetValue(kOnly, CStr(numbers.Value(record)));
+    const Variant number = ValueAtIndex(provider.Field(parameter->stored), CLng(value));
+    if (!number.IsEmpty()) field.SetValue(kOnly, CStr(number));
   });
 }
 

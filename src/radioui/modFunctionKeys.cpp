@@ -75,8 +75,8 @@ std::string ShownParameter(const ProviderRef& provider, Parameter parameter, std
   if (index >= 0 && index < std::ssize(texts)) return std::string(texts[static_cast<std::size_t>(index)]);
   const NamedRecord* named = RecordOf(parameter);
   if (named == nullptr) return std::string(kNone);
-  const FieldRef numbers = provider.Field(named->stored);
-  return index >= 0 && index < numbers.RecordCount() ? CStr(numbers.Value(index + 1)) : std::string(kNone);
+  const Variant number = ValueAtIndex(provider.Field(named->stored), index);
+  return number.IsEmpty() ? std::string(kNone) : CStr(number);
 }
 
 void ShowKey(const ProviderRef& provider, const FunctionKey& key, const StoredKey& stored) {

@@ -7,6 +7,7 @@
 #include "common/LibraryArray.h"
 #include "common/Procedure.h"
 #include "common/RadioCodes.h"
+#include "common/StoredValues.h"
 #include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
 
@@ -29,9 +30,8 @@ bool CurrentChannelAnswers(const ProviderRef& provider) {
 /// The number of the channel that the radio points at; "None" for an index outside the table.
 Variant PointedChannel(const ProviderRef& provider) {
   const std::int32_t index = CLng(provider.Field("69.GPSPollResponseChannel").Value(1));
-  const FieldRef numbers = provider.Field("7.CibChannelID");
-  if (index < 0 || index >= numbers.RecordCount()) return kNone;
-  return numbers.Value(index + 1);
+  Variant number = ValueAtIndex(provider.Field("7.CibChannelID"), index);
+  return number.IsEmpty() ? Variant(kNone) : number;
 }
 
 /// A row for each network; row 0 is unused.

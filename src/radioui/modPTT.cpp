@@ -5,6 +5,7 @@
 
 #include "common/Procedure.h"
 #include "common/RadioCodes.h"
+#include "common/StoredValues.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 
@@ -28,10 +29,8 @@ bool IsSet(const ProviderRef& provider) {
 /// The form has the source that the audio path of that index has. There is no way back: what the form has is
 /// stored as it stands.
 Variant MicSourceOf(const ProviderRef& provider, const Variant& stored) {
-  const FieldRef sources = provider.Field("59.AudioIOMicSource");
-  const std::int32_t index = CLng(stored);
-  const bool hasPath = index >= 0 && index < sources.RecordCount();
-  return hasPath ? sources.Value(index + 1) : stored;
+  const Variant path = ValueAtIndex(provider.Field("59.AudioIOMicSource"), CLng(stored));
+  return path.IsEmpty() ? stored : path;
 }
 
 void ShowSet(const ProviderRef& provider, const FieldRef& field, const FieldsRef& form) {
@@ -64,7 +63,7 @@ void ShowStandard(const FieldRef& field, const FieldsRef& form, bool isShort) {
 void GetGeneratePTT(const ProviderRef& provider, std::string_view, RecordNr) {
   Procedure("GetGeneratePTT", [&] {
     const TableRef form = provider.Table("1096");
-    if (!form.HasRecord(kOnly)) form.AppendRecord();
+    form.FillTo(kOnly);
     const FieldsRef shown = form.Fields();
     const TableRef sources = provider.Table("25");
     const bool isSet = IsSet(provider), isShort = !sources.HasRecord(kSources);

@@ -7,6 +7,7 @@
 
 #include "common/Handles.h"
 #include "common/Procedure.h"
+#include "common/RadioCodes.h"
 #include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
@@ -144,10 +145,7 @@ bool TapPointRxPath(std::int32_t tapPoint) {
   return point != nullptr && point->onRxPath;
 }
 
-void ProvideFlowControl(const ProviderRef& provider) {
-  const TableRef lines = provider.Table("1109");
-  if (lines.RecordCount() == 0) lines.AppendRecord();
-}
+void ProvideFlowControl(const ProviderRef& provider) { provider.Table("1109").FillTo(kOnly); }
 
 bool IsProgIOActionInList(const ProviderRef& provider, std::string_view fieldId,
                           std::string_view actionName) {

@@ -57,9 +57,6 @@ void CleanupRemovedBurstType(FormWrites& writes, const ProviderRef& provider, st
 /// too. A number that is in use is refused without a word.
 bool ValidateSelcallID(FieldEdit& edit);
 
-/// By network record, from index 0: whether its channels signal by the system of that number.
-std::vector<bool> NetworksOf(const ProviderRef& provider, const Variant& identity);
-
 /// On leaving the form of the systems: received sequences of another length are told, else statuses that are
 /// sent and received with different lengths are refused. `sort` brings the systems into order.
 bool ValidateSelcallForm(const ValidatorRef& validator, bool sort);

@@ -1,5 +1,6 @@
 #include "common/Procedure.h"
 #include "common/StoredValues.h"
+#include "common/SystemNetworks.h"
 #include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
 #include "selcall/modvalSelcall.h"
@@ -27,12 +28,8 @@ void Replace(FieldEdit& edit, const ProviderRef& provider, const Holder& holder,
 }
 
 void ReplaceInNetworks(FieldEdit& edit, const ProviderRef& provider, const Variant& old) {
-  const FieldRef types = provider.Field("21.SignallingType");
-  const FieldRef identities = provider.Field("NetworkSignallingID");
-  for (const RecordNr network : types.Records()) {
-    const bool isOfSystem = SameValue(types.Value(network), SignallingType::kSelcall) &&
-                            SameValue(identities.Value(network), old);
-    if (isOfSystem) edit.writes.Set("NetworkSignallingID", network, edit.value);
+  for (const RecordNr network : SystemNetworks::Of(provider, SignallingType::kSelcall, old)) {
+    edit.writes.Set("NetworkSignallingID", network, edit.value);
   }
 }
 

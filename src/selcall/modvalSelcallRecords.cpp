@@ -4,7 +4,9 @@
 #include "common/Messages.h"
 #include "common/Procedure.h"
 #include "common/StoredValues.h"
+#include "common/SystemNetworks.h"
 #include "common/modCommonGlobals.h"
+#include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
 #include "selcall/modControlStatus.h"
 #include "selcall/modSelcallRecords.h"
@@ -69,8 +71,7 @@ bool DeleteSelcall(const ValidatorRef& validator, RecordNr system) {
   return Procedure("DeleteSelcall", true, [&] {
     const ProviderRef provider = validator.CurrentProvider();
     const FieldRef identities = provider.Field(kIdentity);
-    const std::vector<bool> uses = NetworksOf(provider, identities.Value(system));
-    if (std::ranges::find(uses, true) != uses.end()) {
+    if (!SystemNetworks::Of(provider, SignallingType::kSelcall, identities.Value(system)).empty()) {
       return Refuse(validator,
                     "This Selcall System is being used on one or more Networks and can not be deleted");
     }

@@ -9,6 +9,7 @@
 #include "common/Procedure.h"
 #include "common/RadioCodes.h"
 #include "common/StoredValues.h"
+#include "common/SystemNetworks.h"
 #include "common/modProjectGlobals.h"
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
@@ -94,17 +95,6 @@ SentBursts SentBy(const ValidatorRef& validator, FormWrites& writes, std::string
 }
 }  // namespace
 
-std::vector<bool> NetworksOf(const ProviderRef& provider, const Variant& identity) {
-  const FieldRef types = provider.Field("21.SignallingType");
-  const FieldRef identities = provider.Field("21.NetworkSignallingID");
-  std::vector<bool> uses;
-  for (const RecordNr network : types.Records()) {
-    uses.push_back(SameValue(types.Value(network), SignallingType::kSelcall) &&
-                   SameValue(identities.Value(network), identity));
-  }
-  return uses;
-}
-
 bool TxSequencesValid(const ValidatorRef& validator, FormWrites& writes, std::string_view format,
                       RecordNr system, bool isFinal) {
   return Procedure("TxSequencesValid", true, [&] {
@@ -136,11 +126,10 @@ void CleanupRemovedBurstType(FormWrites& writes, const ProviderRef& provider, st
       if (isOfKind) writes.Set("UGBurstSeq", record, kUndefined);
     }
     const BurstUser& user = ChannelBurst(static_cast<Burst>(type));
-    const std::vector<bool> uses = NetworksOf(provider, identity);
+    const std::vector<RecordNr> users = SystemNetworks::Of(provider, SignallingType::kSelcall, identity);
     const ChannelNetworks networks(provider);
     for (const RecordNr channel : provider.Table("5").Records()) {
-      const RecordNr network = networks.FindNetworkOf(channel);
-      const bool isUser = network != 0 && uses[static_cast<std::size_t>(network - 1)];
+      const bool isUser = std::ranges::binary_search(users, networks.FindNetworkOf(channel));
       if (isUser) writes.Set(user.form, user.uiid, channel, kNone);
     }
     const RecordNr current = CurrentSelcallSystem(provider);
@@ -152,15 +141,8 @@ void CleanupRemovedBurstType(FormWrites& writes, const ProviderRef& provider, st
 bool ValidateANISequence(FieldEdit& edit) {
   return Procedure("ValidateANISequence", true, [&] {
     if (!CStr(edit.value).empty()) return true;
-    const ProviderRef provider = edit.validator.CurrentProvider();
-    const std::vector<bool> uses =
-        NetworksOf(provider, StoredValue(provider, "29.SignalSystemId", edit.record));
-    for (std::size_t i = 0; i < uses.size(); ++i) {
-      if (!uses[i] || !HoldsCode(provider, "EmCyclingANI", kOn, static_cast<RecordNr>(i) + 1)) continue;
-      return Refuse(edit.validator,
-                    "If you wish to have an empty ANI sequence you must first disable Emergency ANI.");
-    }
-    return true;
+    const Variant identity = StoredValue(edit.validator.CurrentProvider(), "29.SignalSystemId", edit.record);
+    return SystemNetworks::AllowEmptyANI(edit.validator, SignallingType::kSelcall, identity);
   });
 }
 }  // namespace modvalSelcall

@@ -9,7 +9,7 @@ namespace modSIBT {
 namespace {
 constexpr std::int32_t kTenthsPerHertz = 10;
 /// Half of what the decoder takes for the tone, in tenths of a hertz.
-constexpr std::int32_t kHalfWidth = 75;
+constexpr double kHalfWidth = 75;
 /// From here on the decoder mixes with the lower of its two frequencies; in tenths of a hertz.
 constexpr std::int32_t kHighTone = 15000;
 constexpr std::int32_t kMixingLowTones = 17130;
@@ -42,8 +42,8 @@ void SetGenerateSIBTFrequency(const ProviderRef& provider, std::string_view, Rec
     const double hertz = modCommonGlobals::CDblLocal(CStr(frequency.Value(record)));
     const std::int32_t tenths = RoundToLong(hertz * kTenthsPerHertz);  // a file may hold tenths
     frequency.SetValue(record, tenths);
-    provider.Field("75.SIBTLowerBound").SetValue(record, tenths - kHalfWidth);
-    provider.Field("75.SIBTUpperBound").SetValue(record, tenths + kHalfWidth);
+    provider.Field("75.SIBTLowerBound").SetValue(record, RoundToLong(tenths - kHalfWidth));
+    provider.Field("75.SIBTUpperBound").SetValue(record, RoundToLong(tenths + kHalfWidth));
     provider.Field("75.SIBTToneBandwidth").SetValue(record, 0);
     provider.Field("75.SIBTMixingFrequency")
         .SetValue(record, tenths < kHighTone ? kMixingLowTones : kMixingHighTones);

@@ -64,7 +64,8 @@ ArrayObject ColumnOf(const Tones& tones, ValueOf valueOf) {
 
 /// The limit of what the decoder takes for a tone; of one that it does not look for the tone itself.
 std::int32_t Bound(const Tone& tone, std::int32_t offset) {
-  return tone.tenths == kNoTone || tone.tenths == kOutOfReach ? tone.tenths : tone.tenths + offset;
+  if (tone.tenths == kNoTone || tone.tenths == kOutOfReach) return tone.tenths;
+  return RoundToLong(static_cast<double>(tone.tenths) + offset);
 }
 
 Tones ShownTones(const ProviderRef& provider, RecordNr record) {

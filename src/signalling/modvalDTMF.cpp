@@ -8,6 +8,7 @@
 #include "common/Procedure.h"
 #include "common/RadioCodes.h"
 #include "common/StoredValues.h"
+#include "common/SystemNetworks.h"
 #include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
 #include "signalling/SystemRecords.h"
@@ -32,22 +33,18 @@ Variant CurrentNumber(const ProviderRef& provider) {
   return StoredValue(provider, kIdentity, CurrentSystem(provider));
 }
 
-bool IsOfSystem(const StoredRecord& network, const Variant& number) {
-  return network.Holds("21.SignallingType", SignallingType::kDTMF) &&
-         SameValue(network.Value("21.NetworkSignallingID"), number);
-}
-
 // Presets
 
 /// The channels of the system on the form that use the preset.
 std::vector<RecordNr> UsersOf(const ProviderRef& provider, const std::string& preset) {
   std::vector<RecordNr> users;
   const FieldRef sequences = provider.Field(kChannelPreset);
-  const Variant number = CurrentNumber(provider);
+  const std::vector<RecordNr> networks =
+      SystemNetworks::Of(provider, SignallingType::kDTMF, CurrentNumber(provider));
   for (const RecordNr channel : sequences.Records()) {
     if (!ReadsAs(sequences.Value(channel), preset)) continue;
     const RecordNr network = modProjectGlobals::GetChannelNetworkRecordNr(provider, channel);
-    if (IsOfSystem({provider, network}, number)) users.push_back(channel);
+    if (std::ranges::binary_search(networks, network)) users.push_back(channel);
   }
   return users;
 }
@@ -117,16 +114,8 @@ bool ValidateDTMFSequence(FieldEdit& edit) {
       return Refuse(edit.validator, "The DTMF Sequence can not start or end with a gap.");
     }
     if (edit.uiid != kANISequence) return true;
-    const ProviderRef provider = edit.validator.CurrentProvider();
-    const Variant number = CurrentNumber(provider);
-    if (number.IsEmpty()) return true;
-    for (const RecordNr record : provider.Field("SignallingType").Records()) {
-      const StoredRecord network{provider, record};
-      if (!IsOfSystem(network, number) || !network.Holds("EmCyclingANI", kOn)) continue;
-      return Refuse(edit.validator,
-                    "If you wish to have an empty ANI sequence you must first disable Emergency ANI.");
-    }
-    return true;
+    const Variant number = CurrentNumber(edit.validator.CurrentProvider());
+    return number.IsEmpty() || SystemNetworks::AllowEmptyANI(edit.validator, SignallingType::kDTMF, number);
   });
 }
 
@@ -180,7 +169,7 @@ bool DeleteDTMF(const ValidatorRef& validator, RecordNr system) {
     const ProviderRef provider = validator.CurrentProvider();
     const FieldRef numbers = provider.Field(kIdentity);
     const Variant number = numbers.Value(system);
-    if (SystemRecords::IsInUse(provider, SignallingType::kDTMF, number)) {
+    if (!SystemNetworks::Of(provider, SignallingType::kDTMF, number).empty()) {
       return Refuse(validator,
                     "This DTMF System is being used on one or more Networks and can not be deleted");
     }

@@ -3,6 +3,7 @@
 #include "common/FormWrites.h"
 #include "common/Messages.h"
 #include "common/Procedure.h"
+#include "common/SystemNetworks.h"
 #include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
 #include "signalling/SystemRecords.h"
@@ -22,12 +23,8 @@ void LowerFirstNumber(FormWrites& writes, const ProviderRef& provider) {
                          modProjectGlobals::FindRecord(numbers, count - 1, kFirst + 1) == 0;
   if (!isLowered) return;
   writes.Set(kIdentity, kFirst, count - 1);
-  const FieldRef types = provider.Field("21.SignallingType");
-  const FieldRef systems = provider.Field("21.NetworkSignallingID");
-  for (const RecordNr network : types.Records()) {
-    const bool follows =
-        IsCode(types.Value(network), SignallingType::kMDC1200) && SameValue(systems.Value(network), count);
-    if (follows) writes.Set("21.NetworkSignallingID", "NetworkSignallingID", network, count - 1);
+  for (const RecordNr network : SystemNetworks::Of(provider, SignallingType::kMDC1200, count)) {
+    writes.Set("21.NetworkSignallingID", "NetworkSignallingID", network, count - 1);
   }
 }
 }  // namespace
@@ -41,7 +38,7 @@ bool DeleteMDC1200(const ValidatorRef& validator, RecordNr system) {
   return Procedure("DeleteMDC1200", true, [&] {
     const ProviderRef provider = validator.CurrentProvider();
     const Variant number = provider.Field(kIdentity).Value(system);
-    if (SystemRecords::IsInUse(provider, SignallingType::kMDC1200, number)) {
+    if (!SystemNetworks::Of(provider, SignallingType::kMDC1200, number).empty()) {
       return Refuse(validator,
                     "This MDC1200 System is being used on one or more Networks and can not be deleted");
     }

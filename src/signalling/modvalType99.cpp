@@ -7,6 +7,7 @@
 #include "common/Messages.h"
 #include "common/Procedure.h"
 #include "common/StoredValues.h"
+#include "common/SystemNetworks.h"
 #include "common/modCommonGlobals.h"
 #include "common/modProjectGlobals.h"
 #include "platform/Conversions.h"
@@ -194,10 +195,11 @@ bool ValidateType99Form(const ValidatorRef& validator) {
     const Tenths tones = CustomTones(provider, system.record);
     for (std::size_t i = 1; i < tones.size(); ++i) {
       if (tones[i - 1] == 0 || tones[i] == 0) continue;
-      if (tones[i] == tones[i - 1]) {
+      const std::int64_t apart = std::int64_t{tones[i]} - tones[i - 1];  // of tones as a file may hold them
+      if (apart == 0) {
         return Refuse(validator, "Each tone must have a unique frequency.");
       }
-      if (tones[i] - tones[i - 1] < distance) {
+      if (apart < distance) {
         return Refuse(validator, "Each tone must be %0:S%1:S or more apart.",
                       {CStr(distance / kTenthsPerHertz),
                        UnitsOf(validator, modType99::kCustomFrequencyFields[0].uiid)});
@@ -224,7 +226,7 @@ bool DeleteType99(const ValidatorRef& validator, RecordNr record) {
   return Procedure("DeleteType99", true, [&] {
     const ProviderRef provider = validator.CurrentProvider();
     const FieldRef identities = provider.Field(kIdentity);
-    if (SystemRecords::IsInUse(provider, SignallingType::kTwoTone, identities.Value(record))) {
+    if (!SystemNetworks::Of(provider, SignallingType::kTwoTone, identities.Value(record)).empty()) {
       return Refuse(validator,
                     "This Two Tone System is being used on one or more Networks and can not be deleted");
     }

@@ -27,7 +27,8 @@ TEST(ToneSequences, ComeBackAsTheyWereAndOtherCharactersAreNoTones) {
     EXPECT_EQ(NumarrayToString(StringToNumarray(text)), text);
   }
   EXPECT_EQ(NumarrayToString(Variant()), "");
-  for (const std::string_view text : {"a", "12f", "g", "H", " ", ".", "*", "1,2", "\x80", "1\x80", "1\xC3\xA4"}) {
+  for (const std::string_view text :
+       {"a", "12f", "g", "H", " ", ".", "*", "1,2", "\x80", "1\x80", "1\xC3\xA4"}) {
     EXPECT_EQ(ErrorNumberOf([&] { StringToNumarray(text); }), 13) << text;
   }
 }
