@@ -1,3 +1,5 @@
+#include <limits>
+
 #include "platform/XArrayDBObject.h"
 #include "radioui/modProgIO.h"
 #include "tests/channels/ChannelFixture.h"
@@ -149,8 +151,10 @@ TEST_F(DigitalIO, AParameterIsOfTheInputWithItsAction) {
   provider.Set("55.GPIOActivation1", 2, 1);
   EXPECT_EQ(shown("0.HomeChannel") + " " + shown("0.PresetGroup") + " " + shown("0.PresetChannel"),
             "12 102 5");
-  provider.Set("55.GPIOActivation1", 2, 3);
-  EXPECT_EQ(shown("0.HomeChannel"), "5") << "there is no such channel";
+  for (const int index : {-1, 3, std::numeric_limits<int>::max()}) {
+    provider.Set("55.GPIOActivation1", 2, index);
+    EXPECT_EQ(shown("0.HomeChannel"), "5") << "there is no such channel: " << index;
+  }
   provider.Set("55.DigitalIOInputDirection", 5, 2);
   EXPECT_EQ(shown("0.PresetGroup"), "5") << "an output keeps the code of an input that it was";
 }

@@ -47,6 +47,15 @@ TEST_F(InBandTone, TheRadioHoldsTenthsAndWhatTheDecoderNeeds) {
   EXPECT_EQ(Text("75.SIBTNetworkID", 3), Text("75.SIBTNetworkID", 1));
 }
 
+TEST_F(InBandTone, AFrequencyWhoseBoundsAreNoNumbersOfTheRadioIsAFault) {
+  ExpectTermination();
+  provider.Set("75.SIBTFrequency", 2, 214748364.7);
+  provider.Set("75.SIBTUpperBound", 2, 7);
+  EXPECT_TRUE(FromUI("75.SIBTFrequency", 2));
+  EXPECT_EQ(Terminations(), 1);
+  EXPECT_EQ(Text("75.SIBTUpperBound", 2), "7");
+}
+
 TEST_F(InBandTone, TheBoxAndThePositionAreOneNumberInTheRadio) {
   const std::tuple<int, const char*> shown[] = {{0, "0 1"}, {1, "1 0"}, {2, "1 1"}, {7, "1 1"}};
   for (const auto& [raw, form] : shown) {

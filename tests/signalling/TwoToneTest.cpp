@@ -108,6 +108,15 @@ TEST_F(TwoTone, TheRadioGetsTonesTheirBoundsAndTheirOrder) {
   }
 }
 
+TEST_F(TwoTone, AToneWhoseBoundsAreNoNumbersOfTheRadioIsAFault) {
+  ExpectTermination();
+  GiveSystem(kMOT, true);
+  SetTones(kCustom, {"214748364.7", "0", "0", "0"});
+  provider.Set("37.T99TableFreq", 2, Rows({1}));
+  EXPECT_TRUE(FromUI("37.T99TableFreq", 2));
+  EXPECT_EQ(Terminations(), 1);
+}
+
 TEST_F(TwoTone, TheFormsShowWhatTheFormatAllows) {
   const struct {
     int format;
@@ -269,6 +278,7 @@ TEST_F(TwoTone, TheFormIsLeftWithTonesThatCanBeToldApart) {
       {true, {"1000.0", "500", "700", "1000"}, unique},
       {true, {"1000.0", "1000", "1005", "700"}, unique},  // the first fault ends the walk
       {true, {"690.0", "1000", "1000", "700"}, apart},
+      {true, {"-214748364", "500", "214748364", "700"}, ""},  // of a file
       {false, {"1000.0", "1000", "1000", "1000"}, ""},
   };
   for (const auto& [custom, hertz, box] : cases) {
