@@ -80,6 +80,18 @@ bool Turn(const TierHost& host, Provider& content, const SchemaField& pointer, R
   return accepted != kFalse;
 }
 
+/// To a record for each of kCurrents. Where `mayStay` says so, a record that is shown is not turned to anew.
+template <typename MayStay>
+void TurnAll(const TierHost& host, Provider& content, const std::vector<RecordNr>& records, MayStay mayStay) {
+  auto record = records.begin();
+  for (const Forms::Current& current : kCurrents) {
+    const SchemaField* pointer = content.GetSchema().Find(current.field);
+    const bool stays = pointer == nullptr || (mayStay(current) && CLng(content.Get(*pointer, 1)) == *record);
+    if (!stays) Turn(host, content, *pointer, *record);
+    ++record;
+  }
+}
+
 bool HoldsWhateverTheGrid(const Form& form, const Control& control) {
   return IsOneOf(control.field.table, form.tables) ||
          (!form.prefix.empty() && FindIgnoringCase(control.uiid, form.prefix) == 0);
@@ -161,6 +173,11 @@ const Current* ViewedBy(std::int32_t table) {
   return current == std::end(kCurrents) ? nullptr : current;
 }
 
+const Current* CurrentOf(std::int32_t table) {
+  const Current* current = FindCurrent(table);
+  return current != nullptr ? current : ViewedBy(table);
+}
+
 std::int32_t TableBehind(std::int32_t table) {
   constexpr std::int32_t kShownMembers = 1119, kMembers = 18;
   return table == kShownMembers ? kMembers : table;
@@ -179,15 +196,8 @@ std::vector<RecordNr> Shown(const Provider& content) {
 }
 
 void Show(const TierHost& host, Provider& content, const std::vector<RecordNr>& records) {
-  auto record = records.begin();
-  for (const Current& current : kCurrents) {
-    const SchemaField* pointer = content.GetSchema().Find(current.field);
-    // The views of the record are filled by its rule alone.
-    const bool isShown =
-        pointer == nullptr || (current.views.empty() && CLng(content.Get(*pointer, 1)) == *record);
-    if (!isShown) Turn(host, content, *pointer, *record);
-    ++record;
-  }
+  // The views of the record are filled by its rule alone.
+  TurnAll(host, content, records, [](const Current& current) { return current.views.empty(); });
 }
 
 const SchemaField* PointerOf(const Schema& schema, std::int32_t table) {
@@ -218,6 +228,10 @@ bool TurnTo(Session& session, std::int32_t table, RecordNr record) {
   const SchemaField* pointer = PointerOf(content.GetSchema(), table);
   if (pointer == nullptr || CLng(content.Get(*pointer, 1)) == record) return true;
   return Turn(session.Host(), content, *pointer, record);
+}
+
+void TurnBack(Session& session, const std::vector<RecordNr>& shown) {
+  TurnAll(session.Host(), session.Content(), shown, [](const Current&) { return true; });
 }
 
 bool MayBeLeft(Session& session, const Form& form) {

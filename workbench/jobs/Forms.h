@@ -74,6 +74,9 @@ std::int32_t TableBehind(std::int32_t table);
 std::span<const Current> Currents();
 /// Whether the field holds the number of a record shown.
 bool IsPointer(const SchemaField& field);
+/// What the forms turn to for a record of the table, or for the rows of a view; null for a table that they
+/// show as a whole.
+const Current* CurrentOf(std::int32_t table);
 /// The subject of a view; null for a table that is none.
 const Current* ViewedBy(std::int32_t table);
 /// Asks the rule of the record shown once more: what stands in the views goes to the tables behind them, and
@@ -99,6 +102,8 @@ RecordNr RecordCount(const Provider& content, const Form& form);
 /// when the tier refuses; a table that the forms show as a whole needs no turning. With a free-format
 /// sequence they turn to its system.
 bool TurnTo(Session& session, std::int32_t table, RecordNr record);
+/// Turns the forms from wherever they stand to records that they have shown.
+void TurnBack(Session& session, const std::vector<RecordNr>& shown);
 /// Whether the form may be left as it stands, its list refreshed.
 bool MayBeLeft(Session& session, const Form& form);
 

@@ -174,30 +174,57 @@ void PersonalityCheck::RunRules() {
   NameRecords();
   TellLeftOut();
   CheckNumbers();
-  for (const SchemaField& field : session_.Content().GetSchema().Fields()) {
-    for (const std::string& uiid : field.uiids) RunRule(field, uiid);
+  for (const Subject& subject : Subjects()) {
+    subject.current == nullptr ? RunRulesOfAll(subject.rules) : RunRulesOfEach(subject);
   }
   RunForms();
   RunFinalRules();
 }
 
-void PersonalityCheck::RunRule(const SchemaField& field, const std::string& uiid) {
-  if (std::ranges::find(kRulesOfChange, uiid) != std::end(kRulesOfChange)) return;
-  if (Forms::ViewedBy(field.table) != nullptr) return RunRuleOfView(field, uiid);
+std::vector<PersonalityCheck::Subject> PersonalityCheck::Subjects() const {
+  std::vector<Subject> subjects;
+  for (const SchemaField& field : session_.Content().GetSchema().Fields()) {
+    const Forms::Current* current = Forms::CurrentOf(field.table);
+    auto subject = std::ranges::find(subjects, current, &Subject::current);
+    for (const std::string& uiid : field.uiids) {
+      if (std::ranges::find(kRulesOfChange, uiid) != std::end(kRulesOfChange)) continue;
+      if (subject == subjects.end()) subject = subjects.insert(subject, Subject{current, {}});
+      subject->rules.push_back({field, uiid});
+    }
+  }
+  return subjects;
+}
+
+void PersonalityCheck::RunRulesOfAll(const std::vector<Rule>& rules) {
+  for (const Rule& rule : rules) {
+    const RecordNr count = session_.Content().Count(rule.field.table);
+    for (RecordNr record = 1; record <= count; ++record) RunRule(rule, record, {}, [] {});
+  }
+}
+
+void PersonalityCheck::RunRulesOfEach(const Subject& subject) {
   Provider& content = session_.Content();
   const std::vector<RecordNr> shown = Forms::Shown(content);
-  const RecordNr count = content.Count(content.GetSchema().TableOf(field));
-  for (RecordNr record = 1; record <= count; ++record) {
+  RecordNr most = 0;
+  for (const std::int32_t table : subject.current->tables) most = std::max(most, content.Count(table));
+  for (RecordNr record = 1; record <= most; ++record) {
     // Rules read the fields beside the one that they judge from the record that the form shows.
-    Forms::TurnTo(session_, field.table, record);
-    RunRule(field, uiid, record, {}, [] {});
+    Forms::TurnTo(session_, subject.current->tables.front(), record);
+    for (const Rule& rule : subject.rules) {
+      if (Forms::ViewedBy(rule.field.table) != nullptr) {
+        RunRuleOfView(rule, record);
+      } else if (record <= content.Count(rule.field.table)) {
+        RunRule(rule, record, {}, [] {});
+      }
+    }
   }
-  Forms::Show(session_.Host(), content, shown);
+  Forms::TurnBack(session_, shown);
 }
 
 template <typename Prepare>
-void PersonalityCheck::RunRule(const SchemaField& field, const std::string& uiid, RecordNr record,
-                               const std::string& identity, Prepare prepare) {
+void PersonalityCheck::RunRule(const Rule& rule, RecordNr record, const std::string& identity,
+                               Prepare prepare) {
+  const auto& [field, uiid] = rule;
   Provider& content = session_.Content();
   TierHost& host = session_.Host();
   Journal journal(content);
@@ -215,26 +242,23 @@ void PersonalityCheck::RunRule(const SchemaField& field, const std::string& uiid
   messenger_.Clear();
 }
 
-void PersonalityCheck::RunRuleOfView(const SchemaField& field, const std::string& uiid) {
+void PersonalityCheck::RunRuleOfView(const Rule& rule, RecordNr shown) {
+  const SchemaField& field = rule.field;
   Provider& content = session_.Content();
-  const Schema& schema = content.GetSchema();
-  const std::int32_t subject = Forms::ViewedBy(field.table)->tables.front();
-  const std::vector<RecordNr> shown = Forms::Shown(content);
-  for (RecordNr record = 1; record <= content.Count(subject); ++record) {
-    Forms::TurnTo(session_, subject, record);
-    const std::vector<RecordNr> slots = BurstSlots::Of(content, field.table, record);
-    for (RecordNr row = 1; row <= content.Count(field.table); ++row) {
-      const bool isUnused = field.type == FieldType::Text && CStr(content.Get(field, row)).empty();
-      if (isUnused) continue;
-      // A burst is compared with all of its kind: it is not to meet itself.
-      RunRule(field, uiid, row, IdentityOf(*schema.FindTable(subject), record), [&] {
-        if (slots.empty()) return;
-        content.Set(field, row, "");
-        if (row <= std::ssize(slots)) content.Set("UGBurstSeq", slots[static_cast<std::size_t>(row - 1)], "");
-      });
-    }
+  const SchemaTable& subject = *content.GetSchema().FindTable(Forms::ViewedBy(field.table)->tables.front());
+  if (shown > content.Count(subject)) return;
+  const std::string identity = IdentityOf(subject, shown);
+  const std::vector<RecordNr> slots = BurstSlots::Of(content, field.table, shown);
+  for (RecordNr row = 1; row <= content.Count(field.table); ++row) {
+    const bool isUnused = field.type == FieldType::Text && CStr(content.Get(field, row)).empty();
+    if (isUnused) continue;
+    // A burst is compared with all of its kind: it is not to meet itself.
+    RunRule(rule, row, identity, [&] {
+      if (slots.empty()) return;
+      content.Set(field, row, "");
+      if (row <= std::ssize(slots)) content.Set("UGBurstSeq", slots[static_cast<std::size_t>(row - 1)], "");
+    });
   }
-  Forms::Show(session_.Host(), content, shown);
 }
 
 void PersonalityCheck::NoteToldTexts() {

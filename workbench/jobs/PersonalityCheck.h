@@ -15,6 +15,9 @@
 class Provider;
 class Session;
 struct Form;
+namespace Forms {
+struct Current;
+}
 struct SchemaField;
 struct SchemaTable;
 
@@ -60,8 +63,8 @@ class PersonalityCheck {
   /// The stored values against the limits of the schema. To be run on what the file holds, before the
   /// conversion for the forms.
   void CheckLimits();
-  /// The rule of each UIID, by table and record, then the check of each form with each record that it can
-  /// show, then the rules of a save. To be run on the forms.
+  /// The rule of each UIID, by what the forms turn to and its records, then the check of each form with each
+  /// record that it can show, then the rules of a save. To be run on the forms.
   void RunRules();
 
   const std::vector<Finding>& Findings() const { return findings_; }
@@ -79,13 +82,24 @@ class PersonalityCheck {
   void TellLeftOut();
   /// The records of findings that were made before the identities were converted for the forms.
   void NameRecords();
-  void RunRule(const SchemaField& field, const std::string& uiid);
-  /// The rule of a record of the field, with what `prepare` does to the content before; both are taken back.
+  struct Rule {
+    const SchemaField& field;
+    const std::string& uiid;
+  };
+  /// What the forms turn to as a whole: for all rules of a record they turn to it once.
+  struct Subject {
+    const Forms::Current* current;  // null for the tables that the forms show whole
+    std::vector<Rule> rules;
+  };
+  /// All rules that judge a value, in schema order.
+  std::vector<Subject> Subjects() const;
+  void RunRulesOfAll(const std::vector<Rule>& rules);
+  void RunRulesOfEach(const Subject& subject);
+  /// The rule of a record, with what `prepare` does to the content before; both are taken back.
   template <typename Prepare>
-  void RunRule(const SchemaField& field, const std::string& uiid, RecordNr record,
-               const std::string& identity, Prepare prepare);
-  /// The rule of each row of a view, for each record whose rows it can show.
-  void RunRuleOfView(const SchemaField& field, const std::string& uiid);
+  void RunRule(const Rule& rule, RecordNr record, const std::string& identity, Prepare prepare);
+  /// The rule of each row of a view of the record shown.
+  void RunRuleOfView(const Rule& rule, RecordNr shown);
   /// All texts that were found so far are told; forms and the rules of a save, which look at fields once
   /// more, do not tell them again.
   void NoteToldTexts();

@@ -135,8 +135,8 @@ TEST_F(SelcallCommands, CheckJudgesTheBurstsOfEverySystemAndNoneAgainstItself) {
     places.push_back(finding["rule"].get<std::string>() + " " + finding["identity"].get<std::string>() + "/" +
                      std::to_string(finding["record"].get<int>()));
   }
-  EXPECT_THAT(places, testing::ElementsAre("TxFormat_k6k 2/2", "BurstSequence2_k6k 1/1",
-                                           "BurstSequence2_k6k 1/2", "BurstSequence2_k6k 2/5"));
+  EXPECT_THAT(places, testing::ElementsAre("BurstSequence2_k6k 1/1", "BurstSequence2_k6k 1/2",
+                                           "TxFormat_k6k 2/2", "BurstSequence2_k6k 2/5"));
 }
 
 TEST_F(SelcallCommands, AMarkOfTheRadioThatNoSaveTakesIsNamedBeforeTheSaveBegins) {
