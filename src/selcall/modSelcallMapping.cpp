@@ -34,7 +34,7 @@ constexpr auto kToneCodes = [] {
   std::array<std::int32_t, 128> codes{};
   codes.fill(-1);
   for (std::size_t code = 0; code < kTones.size(); ++code) {
-    codes[static_cast<std::size_t>(kTones[code])] = static_cast<std::int32_t>(code);
+    codes[static_cast<unsigned char>(kTones[code])] = static_cast<std::int32_t>(code);
   }
   return codes;
 }();
