@@ -54,15 +54,12 @@ build_sanitized() {
   build "$folder" -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Debug -DKD4410_SANITIZE=ON "$@"
 }
 
-# run_shards EXECUTABLE: all tests of the executable, in one process a core. For builds whose processes take longer to
-# start or to end than most tests to run.
+# run_shards EXECUTABLE: all tests of the executable, in a few processes a core, one after the other: the long tests
+# stand together. For builds whose processes take longer to start or to end than most tests to run.
 run_shards() {
-  local count shard result=0 shards=()
-  count=$(nproc)
-  for ((shard = 0; shard < count; ++shard)); do
-    GTEST_BRIEF=1 GTEST_TOTAL_SHARDS=$count GTEST_SHARD_INDEX=$shard "$1" &
-    shards+=($!)
-  done
-  for shard in "${shards[@]}"; do wait "$shard" || result=1; done
-  return $result
+  local cores count
+  cores=$(nproc)
+  count=$((8 * cores))
+  seq 0 $((count - 1)) |
+    GTEST_BRIEF=1 GTEST_TOTAL_SHARDS=$count xargs -P "$cores" -I '{}' env GTEST_SHARD_INDEX='{}' "$1"
 }

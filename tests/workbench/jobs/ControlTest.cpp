@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "platform/Conversions.h"
 #include "tests/support/BuiltFiles.h"
 #include "tests/support/TierFixture.h"
@@ -166,8 +168,8 @@ TEST_F(ControlTest, TakesWhatIsStoredAndEachEntryOfEveryList) {
     Open(sample);
     for (const SchemaField& field : content->GetSchema().Fields()) {
       const RecordNr last = field.uiids.empty() ? 0 : content->Count(field.table);
-      for (const RecordNr record : {1, 2, (last + 1) / 2, last}) {
-        if (record < 1 || record > last) continue;
+      for (const RecordNr record : std::set<RecordNr>{1, last}) {
+        if (record > last || last == 0) continue;
         const auto list = ListOffered(session->Host(), *content, field.uiids.front(), record);
         if (!list) break;
         SCOPED_TRACE(std::string(sample) + " " + field.id + " " + std::to_string(record));
