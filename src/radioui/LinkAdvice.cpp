@@ -32,15 +32,10 @@ constexpr Link kLinks[] = {
      "High", true},
     {"AUX_GPI2", "SEND_EMERGENCY_CALL",
      "To set the radio to enter Emergency Mode from a powered off state, the hardware link LK3 must be "
-     "fitted "
-     "(default factory configuration).",
+     "fitted (default factory configuration).",
      "To select an action other than Emergency Mode for AUX_GPI2, the hardware link LK3 must be removed.",
      "Low", false},
 };
-bool IsOfPower(std::string_view action) {
-  return std::ranges::any_of(kPowerActions,
-                             [&](std::string_view key) { return InputAction(key).strName == action; });
-}
 
 /// Null for a pin without link.
 const Link* Find(std::string_view pin) {
@@ -59,6 +54,7 @@ std::string_view TellUsed(const ValidatorRef& validator, std::string_view pin, s
   const Link* link = Find(pin);
   if (link == nullptr) return {};
   Notify(validator, InputAction(link->action).strName == action ? link->fitted : link->removed);
-  return link->onlyForPower && !IsOfPower(action) ? std::string_view() : link->state;
+  return link->onlyForPower && !modProgIO::IsInputAction(action, kPowerActions) ? std::string_view()
+                                                                                : link->state;
 }
 }  // namespace LinkAdvice

@@ -11,7 +11,6 @@ namespace {
 using namespace modProgIO;
 
 constexpr RecordNr kPaths = kAudioPaths.size();
-constexpr RecordNr kReceiverPath = 1;
 
 /// One side of a path.
 struct Tap {

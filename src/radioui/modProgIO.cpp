@@ -145,6 +145,10 @@ bool TapPointRxPath(std::int32_t tapPoint) {
   return point != nullptr && point->onRxPath;
 }
 
+bool IsInputAction(std::string_view name, std::span<const std::string_view> keys) {
+  return std::ranges::any_of(keys, [&](std::string_view key) { return InputAction(key).strName == name; });
+}
+
 void ProvideFlowControl(const ProviderRef& provider) { provider.Table("1109").FillTo(kOnly); }
 
 bool IsProgIOActionInList(const ProviderRef& provider, std::string_view fieldId,

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 class ProviderRef;
@@ -45,6 +46,7 @@ inline constexpr std::string_view kNoAction = "No Action";
 inline constexpr std::string_view kControlHead = "CH";
 /// The audio paths, as the forms call them: the receiver's and those of three microphones.
 inline constexpr std::array<std::string_view, 4> kAudioPaths = {"Rx", "Mic PTT", "EPTT1", "EPTT2"};
+inline constexpr RecordNr kReceiverPath = 1;
 /// Signal types of an output that reflects a key.
 inline constexpr std::string_view kMomentary = "Momentary";
 inline constexpr std::string_view kLatching = "Latching";
@@ -105,6 +107,8 @@ std::int32_t GetUnmuteConditionID(std::string_view name);
 /// Whether a tap point lies on the receive path; so does no unknown one.
 bool TapPointRxPath(std::int32_t tapPoint);
 
+/// Whether the name is that of one of the input actions, which their keys tell.
+bool IsInputAction(std::string_view name, std::span<const std::string_view> keys);
 /// Gives the lines of flow control (table 1109) their record where it lacks.
 void ProvideFlowControl(const ProviderRef& provider);
 

@@ -138,9 +138,6 @@ constexpr ListOfField kDigitalLists[] = {
 
 // The audio paths
 
-/// Path 1 is the receiver's, 2 to 4 are those of the microphones.
-constexpr RecordNr kReceiverPath = 1;
-
 enum class PointKind { None, Rx, Other };
 
 PointKind PointOf(const FieldRef& points, RecordNr path) {

@@ -37,34 +37,40 @@ constexpr BarredState kBarredStates[] = {
      "The Active State can not be set to 'Low' for this Action."},
 };
 
-bool IsOneOf(std::string_view action, std::span<const std::string_view> keys) {
-  return std::ranges::any_of(keys, [&](std::string_view key) { return InputAction(key).strName == action; });
-}
-
 // Flow control
 
-/// What a row of the grid takes for a line, and an unused one holds.
-struct LineCells {
-  std::string_view direction, label, action, debounceTime, activeState;
+struct Cell {
+  std::string_view fieldId, uiid, text;
 };
-constexpr LineCells kUnusedCells = {kNone, kNone, kNoAction, kNone, kNone};
+using Cells = std::array<Cell, 7>;
+/// What an unused row holds, in the order of the writes.
+constexpr Cells kUnusedCells = {{
+    {"1108.Direction", "DigitalIODirection", kNone},
+    {"1108.Label", "DigitalIOLabel", kNone},
+    {"1108.Action", "DigitalIOAction", kNoAction},
+    {"1108.ActiveState", "DigitalIOActiveState", kNone},
+    {"1108.DebounceTime", "DigitalIODebounceTime", kNone},
+    {"1108.SignalType", "DigitalIOSignalType", kNone},
+    {"1108.MirroredTo", "DigitalIOMirroredTo", kNone},
+}};
 
-void SetCells(FieldEdit& edit, RecordNr row, const LineCells& cells) {
-  const auto set = [&](std::string_view fieldId, std::string_view uiid, std::string_view text) {
-    edit.writes.Set(fieldId, uiid, row, text);
-  };
-  set("1108.Direction", "DigitalIODirection", cells.direction);
-  set("1108.Label", "DigitalIOLabel", cells.label);
-  set("1108.Action", "DigitalIOAction", cells.action);
-  set("1108.DebounceTime", "DigitalIODebounceTime", cells.debounceTime);
-  set("1108.SignalType", "DigitalIOSignalType", kNone);
-  set("1108.ActiveState", "DigitalIOActiveState", cells.activeState);
-  set("1108.MirroredTo", "DigitalIOMirroredTo", kNone);
+/// What a row takes for a line; likewise.
+Cells CellsOf(bool isRTS) {
+  const std::string_view action =
+      isRTS ? InputAction("RTS_CONTROL").strName : OutputAction("CTS_CONTROL").strName;
+  return {{
+      {"1108.Direction", "DigitalIODirection", isRTS ? kInput : kOutput},
+      {"1108.Label", "DigitalIOLabel", isRTS ? "RTS" : "CTS"},
+      {"1108.Action", "DigitalIOAction", action},
+      {"1108.DebounceTime", "DigitalIODebounceTime", isRTS ? "10" : kNone},
+      {"1108.SignalType", "DigitalIOSignalType", kNone},
+      {"1108.ActiveState", "DigitalIOActiveState", "Low"},
+      {"1108.MirroredTo", "DigitalIOMirroredTo", kNone},
+  }};
 }
 
-LineCells CellsOf(bool isRTS) {
-  if (isRTS) return {kInput, "RTS", InputAction("RTS_CONTROL").strName, "10", "Low"};
-  return {kOutput, "CTS", OutputAction("CTS_CONTROL").strName, kNone, "Low"};
+void SetCells(FieldEdit& edit, RecordNr row, const Cells& cells) {
+  for (const auto& [fieldId, uiid, text] : cells) edit.writes.Set(fieldId, uiid, row, text);
 }
 
 RecordNr RowOfPin(const Variant& pinId) {
@@ -73,8 +79,6 @@ RecordNr RowOfPin(const Variant& pinId) {
 
 // Audio taps
 
-constexpr RecordNr kReceiverPath = 1;
-constexpr RecordNr kPaths = 4;
 constexpr std::string_view kSplice = "E - Splice";
 
 /// Where a tap point may not lie, and what is told: the texts name fewer points than the rules hold; wanted
@@ -140,14 +144,14 @@ bool IsSplicedSoundly(const ProviderRef& provider, RecordNr path) {
 bool CheckSplices(const ValidatorRef& validator) {
   const ProviderRef provider = validator.CurrentProvider();
   bool isSound = true;
-  for (RecordNr path = 1; path <= kPaths; ++path) isSound = isSound && IsSplicedSoundly(provider, path);
+  for (RecordNr path = 1; path <= std::ssize(kAudioPaths); ++path)
+    isSound = isSound && IsSplicedSoundly(provider, path);
   return isSound ||
          Refuse(
              validator,
              "If a Tap Type is set to Splice then the corresponding In or Out Tap Type must be Splice.  Both "
              "Tap Points must also be identical, as well as both Unmute Conditions.  One or more Audio "
-             "Sources "
-             "needs correcting.");
+             "Sources needs correcting.");
 }
 
 // Before a save
@@ -169,7 +173,7 @@ bool ValidateDigitalIOActiveState(FieldEdit& edit) {
     const ProgIOGrid grid(edit.validator.CurrentProvider());
     const std::string pin = grid.Pin(edit.record), action = grid.Action(edit.record);
     for (const BarredState& barred : kBarredStates) {
-      if (pin != barred.pin || !ReadsAs(edit.value, barred.state) || !IsOneOf(action, barred.actions))
+      if (pin != barred.pin || !ReadsAs(edit.value, barred.state) || !IsInputAction(action, barred.actions))
         continue;
       return Refuse(edit.validator, barred.message);
     }
@@ -325,11 +329,10 @@ bool CheckFlowControlPins(const ValidatorRef& validator) {
     return IsNumeric(pin) && !SameValue(pin, 0);
   };
   if (!UsesHardwareFlowControl(provider) || (isDefined("IOPCTS") && isDefined("IOPRTS"))) return true;
-  return Refuse(validator,
-                "CTS and RTS hardware flow control lines must be defined when Command Mode, or FFSK or VHSD "
-                "Transparent Mode "
-                "hardware flow control is used. Either set the CTS and RTS fields, or ensure none of the "
-                "flow controls use "
-                "hardware.");
+  return Refuse(
+      validator,
+      "CTS and RTS hardware flow control lines must be defined when Command Mode, or FFSK or VHSD "
+      "Transparent Mode hardware flow control is used. Either set the CTS and RTS fields, or ensure "
+      "none of the flow controls use hardware.");
 }
 }  // namespace modvalProgIO

@@ -7,8 +7,7 @@ using testing::IsEmpty;
 
 const std::string kLosesCells = QuestionBox(
     "Changing the direction will cause one or more fields to be set back to their default values. Do you "
-    "wish to "
-    "continue?");
+    "wish to continue?");
 const std::string kUnusedLink =
     NoticeBox("If a link is fitted for this pin, please ensure you remove it or leave the pin unconnected.");
 std::string OnlyOne(std::string_view fill, std::string_view end = ".") {
@@ -222,14 +221,12 @@ TEST_F(ProgIORules, ABankOfChannelBitsOnTwoInterfacesIsToldAndAllowed) {
 TEST_F(ProgIORules, AdviceOnLinksComesBeforeARefusalAndItsStateStays) {
   const auto fitted = NoticeBox(
       "To set the radio to enter Emergency Mode from a powered off state, the hardware link LK3 must be "
-      "fitted "
-      "(default factory configuration).");
+      "fitted (default factory configuration).");
   const auto removed = NoticeBox(
       "To select an action other than Emergency Mode for AUX_GPI2, the hardware link LK3 must be removed.");
   const auto internal = NoticeBox(
       "To select an action other than 'Power Sense (Internal)' for IOP_GPI07, the hardware link LK4 must be "
-      "removed "
-      "(default factory configuration).");
+      "removed (default factory configuration).");
   const auto offWithIt =
       NoticeBox("'Enter Emergency Mode' will not be supported on this pin if the radio is turned off.");
   const std::tuple<RecordNr, const char*, const char*, std::vector<std::string>> cases[] = {
@@ -260,8 +257,7 @@ TEST_F(ProgIORules, AdviceOnLinksComesBeforeARefusalAndItsStateStays) {
 TEST_F(ProgIORules, LeavingTheIgnitionAsksAlsoForNoActionAndForTheSame) {
   const auto asks = QuestionBox(
       "Disable On/Off Control must be unticked if no I/O line actions are set to Power Sense (Ignition).  "
-      "Set "
-      "Disable On/Off Control to unticked?");
+      "Set Disable On/Off Control to unticked?");
   for (const char* action : {"No Action", "Power Sense (Ignition)"}) {
     GiveRow(5, {"Input", "Power Sense (Ignition)", "High", "10"});
     provider.Set("DisableOnOffControl", 1, 1);
@@ -338,7 +334,14 @@ TEST_F(ProgIORules, ALineOfFlowControlTakesItsPinAndFreesTheOld) {
   EXPECT_FALSE(Edit("IOPCTS", 1, "29", {}));
   EXPECT_THAT(Boxes(), ElementsAre(ErrorBox("The Pin %0:s is already assigned to the Action %1:S.",
                                             "IOP_GPIO1|RTS Control (DCE)")));
-  EXPECT_TRUE(Edit("IOPRTS", 1, "31", {}));
+  StartTrail();
+  EXPECT_TRUE(Validate("IOPRTS", "31"));
+  EXPECT_EQ(Trail().substr(0, Trail().find(" refresh")),
+            "1108.Direction[8] 1108.Label[8] 1108.Action[8] 1108.ActiveState[8] 1108.DebounceTime[8] "
+            "1108.SignalType[8] 1108.MirroredTo[8] "
+            "1108.Direction[10] 1108.Label[10] 1108.Action[10] 1108.DebounceTime[10] 1108.SignalType[10] "
+            "1108.ActiveState[10] 1108.MirroredTo[10]");
+  provider.Set("IOPRTS", 1, validated);
   EXPECT_EQ(RowOf(8) + "," + Text("1108.Label", 8), "None,No Action,None,None,None,None,None");
   EXPECT_TRUE(Edit("IOPCTS", 1, "0", {}));
   EXPECT_EQ(RowOf(9) + RowOf(10).substr(0, 9), "None,No Action,None,None,None,NoneInput,RTS");
@@ -375,12 +378,11 @@ TEST_F(ProgIORules, TapPointsLieWhereThePathAllowsAndBringTheirTypes) {
 TEST_F(ProgIORules, TheFormIsLeftWithSoundSplicesAndAlikeSignals) {
   const auto splice = ErrorBox(
       "If a Tap Type is set to Splice then the corresponding In or Out Tap Type must be Splice.  Both Tap "
-      "Points must "
-      "also be identical, as well as both Unmute Conditions.  One or more Audio Sources needs correcting.");
+      "Points must also be identical, as well as both Unmute Conditions.  One or more Audio Sources needs "
+      "correcting.");
   const auto signals = ErrorBox(
       "The Signal States for Digital Prog IO Action's 'F%0:s Key Status' cannot be different while Function "
-      "Key %0:s is "
-      "set to 'Action Digital Output Line'.",
+      "Key %0:s is set to 'Action Digital Output Line'.",
       "3");
   const auto leave = [&](const char* in, const char* out, int pointIn, int pointOut, const char* condition) {
     provider.Set("TapInType", 2, in);

@@ -29,5 +29,5 @@ class TemporaryFolder {
   }
 
  private:
-  std::string path_ = testing::TempDir() + "kd4410-XXXXXX";
+  std::string path_ = testing::TempDir() + "kd4410-" + std::string(6, 'X');  // mkdtemp replaces them
 };

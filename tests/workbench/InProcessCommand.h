@@ -4,6 +4,7 @@
 
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/BuiltFiles.h"
@@ -22,6 +23,11 @@ class InProcessCommand : public testing::Test {
     messages = testing::internal::GetCapturedStderr();
     workplace.options = {};
     return code;
+  }
+  /// What a command prints that has to be done.
+  std::string Told(std::vector<std::string> words) {
+    EXPECT_EQ(Run(std::move(words)), ExitCode::Done) << messages << out.str();
+    return out.str();
   }
 
   TemporaryFolder folder;

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/Conversions.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/jobs/ComboList.h"
@@ -55,11 +54,11 @@ class Sheet {
   Json AsJson() const {
     Json json = {{"pins", Rows(kPins)}, {"audioPaths", Rows(kPaths)}};
     Json lines = Json::Object();
-    for (const Column& line : kLines) lines[std::string(line.key)] = Shown(line.uiid, 1);
+    for (const Column& line : kLines) lines[line.key] = Shown(line.uiid, 1);
     json["flowControl"] = std::move(lines);
     Json parameters = Json::Object();
     for (const std::string_view uiid : kParameters) {
-      if (IsInUse(uiid)) parameters[std::string(uiid)] = Shown(uiid, 1);
+      if (IsInUse(uiid)) parameters[uiid] = Shown(uiid, 1);
     }
     json["parameters"] = std::move(parameters);
     return json;
@@ -89,12 +88,7 @@ class Sheet {
     const std::string text = ValueText::At(content_, uiid, record);
     const SchemaField& field = content_.FieldOf(uiid);
     if (field.type != FieldType::Integer || text.empty()) return text;
-    const ComboList list = ComboListOf(session_.Host(), content_, uiid, record);
-    for (const ComboItem& item : list.items) {
-      const auto row = static_cast<std::int32_t>(&item - list.items.data());
-      if (SameValue(text, item.code.value_or(row))) return item.text;
-    }
-    return text;
+    return EntryHeld(session_.Host(), content_, uiid, record).value_or(text);
   }
   bool IsInUse(std::string_view parameter) const {
     Boolean enabled = kFalse;
@@ -106,7 +100,7 @@ class Sheet {
     Json rows = Json::List();
     for (RecordNr record = 1; record <= RowsOf(columns); ++record) {
       Json row = {{"record", record}};
-      for (const Column& column : columns) row[std::string(column.key)] = Shown(column.uiid, record);
+      for (const Column& column : columns) row[column.key] = Shown(column.uiid, record);
       rows.Add(std::move(row));
     }
     return rows;

@@ -44,7 +44,7 @@ class Sheet {
           {{"record", record}, {"indicator", Text(kIndicator, record)}, {"sounds", Text(kSounds, record)}});
     }
     Json cadences = Json::Object();
-    for (const Call& call : kCalls) cadences[std::string(call.key)] = Text(call.cadence, 1);
+    for (const Call& call : kCalls) cadences[call.key] = Text(call.cadence, 1);
     Json networks = Json::List();
     for (RecordNr network = 1; network <= CountOf(kNetwork); ++network) networks.Add(NetworkAsJson(network));
     return {{"indicators", std::move(indicators)},
@@ -68,8 +68,7 @@ class Sheet {
   Json NetworkAsJson(RecordNr network) const {
     Json alerts = Json::Object();
     for (const Call& call : kCalls) {
-      alerts[std::string(call.key)] = {{"type", Text(call.type, network)},
-                                       {"seconds", Text(call.duration, network)}};
+      alerts[call.key] = {{"type", Text(call.type, network)}, {"seconds", Text(call.duration, network)}};
     }
     return {{"record", network}, {"network", Text(kNetwork, network)}, {"alerts", std::move(alerts)}};
   }

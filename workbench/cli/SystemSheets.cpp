@@ -105,7 +105,7 @@ class Sheet {
   Json AsJson() const {
     Json json = {{"record", record_}, {"system", Text(kind_.identity)}};
     for (const Fact& fact : kind_.facts) {
-      if (IsTold(fact)) json[std::string(fact.key)] = Text(fact.uiid);
+      if (IsTold(fact)) json[fact.key] = Text(fact.uiid);
     }
     json["networks"] = ListOfTexts(Networks());
     if (!HasPresets()) return json;

@@ -99,10 +99,8 @@ std::string CellOf(Session& session, const View& view, const ViewColumn& column,
   if (view.numbered > 0) field.replace(field.find('#'), 1, std::to_string(row));
   const RecordNr record = view.numbered > 0 ? 1 : row;
   std::string text = CodeWords::Worded(field, ValueText::At(session.Content(), field, record));
-  if (!column.isChosen || !IsNumeric(text)) return text;
-  const ComboList list = ComboListOf(session.Host(), session.Content(), field, record);
-  const auto entry = static_cast<std::size_t>(CLng(text));
-  return entry < list.items.size() ? list.items[entry].text : text;
+  if (!column.isChosen) return text;
+  return EntryHeld(session.Host(), session.Content(), field, record).value_or(text);
 }
 
 void ShowView(const View& view, Session& session, Workplace& workplace) {
@@ -116,18 +114,18 @@ void ShowView(const View& view, Session& session, Workplace& workplace) {
   for (RecordNr record = 1; record <= rows; ++record) {
     std::vector<std::string> row = {std::to_string(record)};
     Json item = Json::Object();
-    item[std::string(view.rowKey)] = record;
+    item[view.rowKey] = record;
     for (const ViewColumn& column : view.columns) {
       if (column.list == nullptr) {
         row.push_back(CellOf(session, view, column, record));
-        item[std::string(column.key)] = row.back();
+        item[column.key] = row.back();
         continue;
       }
       Json members = Json::List();
       const std::vector<std::string> texts = column.list(content, record);
       for (const std::string& text : texts) members.Add(text);
       row.push_back(ListOf(texts));
-      item[std::string(column.key)] = std::move(members);
+      item[column.key] = std::move(members);
     }
     table.Add(std::move(row));
     list.Add(std::move(item));
@@ -138,7 +136,7 @@ void ShowView(const View& view, Session& session, Workplace& workplace) {
 Json RecordAsJson(const Provider& content, const SchemaTable& table, RecordNr record) {
   Json fields = Json::Object();
   for (const SchemaField& field : content.GetSchema().FieldsOf(table)) {
-    fields[std::string(field.Name())] = Report::JsonOf(content.Get(field, record));
+    fields[field.Name()] = Report::JsonOf(content.Get(field, record));
   }
   return fields;
 }
@@ -208,7 +206,7 @@ class SystemView {
 
   Json AsJson() const {
     Json json = {{"record", record_}, {"system", Text("SignalSystemID_k6k")}};
-    for (const auto& [key, uiid] : kFacts) json[std::string(key)] = Text(uiid);
+    for (const auto& [key, uiid] : kFacts) json[key] = Text(uiid);
     Json bursts = Json::List();
     for (const BurstSlots::Entry& entry : entries_) {
       Json channels = Json::List();

@@ -36,7 +36,8 @@ std::string NumericCategory(char symbol) {
 }  // namespace
 
 DecimalLocale::DecimalLocale(char symbol) : symbol_(symbol) {
-  std::string pattern = std::filesystem::temp_directory_path() / "kd4410-locale-XXXXXX";
+  const std::string replaced(6, 'X');  // by mkdtemp
+  std::string pattern = std::filesystem::temp_directory_path() / ("kd4410-locale-" + replaced);
   if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error(pattern + ": can not be made");
   folder_ = pattern;
   const std::filesystem::path locale = std::filesystem::path(folder_) / kName;

@@ -68,9 +68,22 @@ std::string TroubleOf(const Answer& answer, bool before, bool mayLeaveAutoUpdate
 enum class Rounds { Sample, FirstAndLast, All };
 constexpr std::size_t kSampledOneIn = 10;
 
+/// How often a call is to fail, from its first round on; its last round comes on top.
+int MostOf(Rounds rounds) {
+  switch (rounds) {
+    case Rounds::Sample:
+      return 1;
+    case Rounds::FirstAndLast:
+      return 8;
+    case Rounds::All:
+      break;
+  }
+  return std::numeric_limits<int>::max();
+}
+
 /// The host calls that are to fail, from 1.
 std::vector<std::size_t> FailingCalls(const std::vector<std::string>& hostCalls, Rounds rounds) {
-  const int most = rounds == Rounds::All ? std::numeric_limits<int>::max() : rounds == Rounds::Sample ? 1 : 8;
+  const int most = MostOf(rounds);
   struct Made {
     int times = 0;
     std::size_t last = 0;

@@ -33,3 +33,7 @@ ComboList ComboListOf(const TierHost& host, const Provider& content, std::string
 /// No value for a field without list, and where the tier does not have it yet.
 std::optional<ComboList> ListOffered(const TierHost& host, const Provider& content, std::string_view uiid,
                                      RecordNr record);
+/// The text of the entry that the record holds, by its code or, in a list without codes, by its row from 0.
+/// No value where the list has no such entry.
+std::optional<std::string> EntryHeld(const TierHost& host, const Provider& content, std::string_view uiid,
+                                     RecordNr record);

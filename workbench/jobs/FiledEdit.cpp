@@ -143,9 +143,8 @@ std::vector<CellDifference> StoredChanges(const FiledEdit& edit) {
   std::vector<CellDifference> cells =
       changes.IsRenamed(table, edit.record) ? changes.ByPlace() : changes.ByKey();
   std::erase_if(cells, [&](const CellDifference& cell) {
-    const bool isFilled =
-        cell.storedA.IsEmpty() || RecordKeys::AwaitsFirstSave(*edit.before.stored, *cell.table);
-    return isFilled && IsCompleted(edit, *cell.table);
+    return RecordKeys::AwaitsFirstSave(*edit.before.stored, *cell.table) ||
+           (cell.storedA.IsEmpty() && IsCompleted(edit, *cell.table));
   });
   return cells;
 }

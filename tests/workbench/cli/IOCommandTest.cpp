@@ -15,10 +15,6 @@ using testing::Not;
 class IOCommands : public InProcessCommand {
  protected:
   const std::string file = folder.Write("hospital.json", ContentOf(Sample("hospital-paging")));
-  std::string Told(const std::vector<std::string>& words) {
-    EXPECT_EQ(Run(words), ExitCode::Done) << messages << out.str();
-    return out.str();
-  }
 };
 
 TEST_F(IOCommands, PinsPathsAndLinesAreShown) {

@@ -16,10 +16,6 @@ using testing::Not;
 class KeyCommands : public InProcessCommand {
  protected:
   const std::string city = folder.Write("city.json", ContentOf(Sample("city-fleet")));
-  std::string Told(const std::vector<std::string>& words) {
-    EXPECT_EQ(Run(words), ExitCode::Done) << messages << out.str();
-    return out.str();
-  }
   /// The city fleet with what `change` makes of its tables.
   template <typename Change>
   std::string Damaged(Change change) {

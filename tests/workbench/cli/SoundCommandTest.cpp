@@ -15,10 +15,6 @@ using testing::Not;
 class SoundCommands : public InProcessCommand {
  protected:
   const std::string full = folder.Write("full.json", ContentOf(Sample("full")));
-  std::string Told(const std::vector<std::string>& words) {
-    EXPECT_EQ(Run(words), ExitCode::Done) << messages << out.str();
-    return out.str();
-  }
 };
 
 TEST_F(SoundCommands, ShowWhatSoundsAndHowNetworksAlert) {

@@ -17,10 +17,6 @@ class SystemCommands : public InProcessCommand {
  protected:
   const std::string city = folder.Write("city.json", ContentOf(Sample("city-fleet")));
   const std::string hospital = folder.Write("hospital.json", ContentOf(Sample("hospital-paging")));
-  std::string Told(const std::vector<std::string>& words) {
-    EXPECT_EQ(Run(words), ExitCode::Done) << messages << out.str();
-    return out.str();
-  }
 };
 
 TEST_F(SystemCommands, AreShownAsATechnicianReadsThem) {
