@@ -5,6 +5,8 @@
 #include <span>
 #include <string_view>
 
+#include "platform/Types.h"
+
 class ProviderRef;
 
 /// One of the radio's general-purpose digital lines.
