@@ -168,8 +168,8 @@ TEST_F(ControlTest, TakesWhatIsStoredAndEachEntryOfEveryList) {
     Open(sample);
     for (const SchemaField& field : content->GetSchema().Fields()) {
       const RecordNr last = field.uiids.empty() ? 0 : content->Count(field.table);
-      for (const RecordNr record : std::set<RecordNr>{1, last}) {
-        if (record > last || last == 0) continue;
+      for (const RecordNr record : std::set<RecordNr>{1, 2, (last + 1) / 2, last}) {
+        if (record > last || record < 1) continue;
         const auto list = ListOffered(session->Host(), *content, field.uiids.front(), record);
         if (!list) break;
         SCOPED_TRACE(std::string(sample) + " " + field.id + " " + std::to_string(record));
