@@ -70,18 +70,20 @@ bool ValidatePresetSelcallAgainstTxFormat(const ValidatorRef& validator, RecordN
   });
 }
 
-bool ValidatePresetsForAllChannels(const ValidatorRef& validator) {
-  return Procedure("ValidatePresetsForAllChannels", true, [&] {
-    const ProviderRef provider = validator.CurrentProvider();
+void ValidatePresetsForAllChannels(FinalReport& report) {
+  Procedure("ValidatePresetsForAllChannels", [&] {
+    const ProviderRef provider = report.Provider();
     const FieldRef numbers = provider.Field("ChannelID_k6k");
     for (const RecordNr channel : numbers.Records()) {
-      const RecordNr system = FindChannelsSignallingRecordNr(validator, channel);
+      const RecordNr system = FindChannelsSignallingRecordNr(report.Validator(), channel);
       if (system == 0) continue;
       const std::string format = CStr(provider.Field("TxFormat_k6k").Value(system));
       const NeededBurst* burst = FindMissingBurst(provider, channel, format);
-      if (burst != nullptr) return Refuse(validator, burst->missing, {CStr(numbers.Value(channel))});
+      if (burst == nullptr) continue;
+      const bool looksOn = report.Refuse({std::string(burst->fieldId), channel}, burst->missing,
+                                         {CStr(numbers.Value(channel))});
+      if (!looksOn) return;
     }
-    return true;
   });
 }
 

@@ -11,19 +11,18 @@ namespace {
 
 /// The walk over all transmit frequencies. The first channel in the maritime range ends it with a notice,
 /// without a look at later ones.
-bool CheckReservedFrequencies(const ValidatorRef& validator) {
+void CheckReservedFrequencies(FinalReport& report) {
   using namespace modProjectGlobals;
-  const FieldRef txFrequency = validator.CurrentProvider().Field("TxFreq_k6k");
+  const FieldRef txFrequency = report.Provider().Field("TxFreq_k6k");
   for (const RecordNr channel : txFrequency.Records()) {
     const std::int32_t hertz = RoundToLong(CDbl(txFrequency.Value(channel)) * kHertzPerMHz);
-    if (const auto warning = GetMaritimeFrequencyWarning(hertz); !warning.empty()) {
-      Notify(validator, warning);
-      return true;
-    }
+    const auto warning = GetMaritimeFrequencyWarning(hertz);
+    if (!warning.empty()) report.Notify({"TxFreq_k6k", channel}, warning);
     const auto error = GetDistressBeaconFrequencyError(hertz);
-    if (!error.empty()) return Refuse(validator, error);
+    if (!error.empty()) report.Refuse({"TxFreq_k6k", channel}, error);
+    const bool isTold = !warning.empty() || !error.empty();
+    if (isTold && !report.LooksOn()) return;
   }
-  return true;
 }
 /// Turns the other of two options off with the user's consent.
 bool Replaces(FieldEdit& edit, std::string_view other, std::string_view question) {
@@ -66,25 +65,27 @@ bool ValidateTxPower(FieldEdit& edit) {
   });
 }
 
-bool ValidateTxPowerForAllChannels(const ValidatorRef& validator) {
-  return Procedure("ValidateTxPowerForAllChannels", true, [&] {
-    const ProviderRef provider = validator.CurrentProvider();
-    if (provider.FactoryMode() || CStr(provider.Field("0.RadioTier").Value(1)) == "KE2210 Rx") return true;
+void ValidateTxPowerForAllChannels(FinalReport& report) {
+  Procedure("ValidateTxPowerForAllChannels", [&] {
+    const ProviderRef provider = report.Provider();
+    if (provider.FactoryMode() || CStr(provider.Field("0.RadioTier").Value(1)) == "KE2210 Rx") return;
     const FieldRef power = provider.Field("TxPower_k6k");
     for (const RecordNr channel : provider.Field("ChannelID_k6k").Records()) {
       if (CLng(power.Value(channel)) != TxPower::kOff) continue;
-      return AskYesNo(validator,
+      report.AskYesNo({"TxPower_k6k", channel},
                       "There is at least one channel with a Tx power setting of 'Off'  Do you wish to "
-                      "proceed?") == Button::Yes;
+                      "proceed?");
+      if (!report.LooksOn()) return;
     }
-    return true;
   });
 }
 
-bool ChannelsFinalValidation(const ValidatorRef& validator) {
-  return Procedure("ChannelsFinalValidation", true, [&] {
-    return ValidatePresetsForAllChannels(validator) && ValidateTxPowerForAllChannels(validator) &&
-           CheckReservedFrequencies(validator);
+void ChannelsFinalValidation(FinalReport& report) {
+  Procedure("ChannelsFinalValidation", [&] {
+    for (const auto check :
+         {ValidatePresetsForAllChannels, ValidateTxPowerForAllChannels, CheckReservedFrequencies}) {
+      if (report.HasPassed() || report.LooksOn()) check(report);
+    }
   });
 }
 

@@ -4,6 +4,7 @@
 
 #include "channels/modBandLimits.h"
 #include "common/FieldEdit.h"
+#include "common/FinalReport.h"
 
 /// The rules of the channel form. True lets the host keep the change.
 namespace modvalChannels {
@@ -32,14 +33,14 @@ bool ValidateCompanding(FieldEdit& edit);
 bool ValidateForm(const ValidatorRef& validator, bool refresh);
 
 /// What holds over all channels before a save.
-bool ChannelsFinalValidation(const ValidatorRef& validator);
+void ChannelsFinalValidation(FinalReport& report);
 /// A notice when bursts that the Tx format needs are missing. Only for channels of the first Selcall
 /// system. Always true.
 bool ValidatePresetSelcallAgainstTxFormat(const ValidatorRef& validator, RecordNr channel);
 /// Each Selcall channel has either no bursts or all that its system's Tx format needs.
-bool ValidatePresetsForAllChannels(const ValidatorRef& validator);
+void ValidatePresetsForAllChannels(FinalReport& report);
 /// A channel that can not transmit needs consent.
-bool ValidateTxPowerForAllChannels(const ValidatorRef& validator);
+void ValidateTxPowerForAllChannels(FinalReport& report);
 
 /// Sets the channel's six bursts to "None". Always true.
 bool ResetChannelSelcallPresets(FormWrites& writes, RecordNr channel);

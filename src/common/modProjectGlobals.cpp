@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <set>
 #include <vector>
 
 #include "common/Procedure.h"
@@ -36,43 +35,14 @@ constexpr std::size_t kDCSDigits = 3;
 bool IsWithin(std::int32_t value, std::int32_t lowest, std::int32_t highest) {
   return lowest <= value && value <= highest;
 }
-
-/// The numbers of the channels that are members of the group.
-std::set<std::int32_t> MembersOf(const ProviderRef& provider, const Variant& groupId) {
-  const FieldRef groups = provider.Field("18.GroupIDNumber");
-  const FieldRef channels = provider.Field("GroupChannelUI_k6k");
-  std::set<std::int32_t> members;
-  for (const RecordNr member : groups.Records()) {
-    if (!SameValue(groups.Value(member), groupId)) continue;
-    const Variant channel = channels.Value(member);
-    if (IsNumeric(channel)) members.insert(CLng(channel));
-  }
-  return members;
-}
 }  // namespace
 
-bool MultipleChannelMembers(const ProviderRef& provider, RecordNr scanGroup) {
-  return Procedure("MultipleChannelMembers", false, [&] {
-    const Variant groupId = provider.Field("16.GroupIDTracker").Value(scanGroup);
-    const FieldRef groupOfMember = provider.Field("18.GroupIDNumber");
-    std::int32_t members = 0;
-    for (const RecordNr member : provider.Field("GroupChannelUI_k6k").Records()) {
-      if (SameValue(groupOfMember.Value(member), groupId)) ++members;
-    }
-    return members > 1;
-  });
+bool MultipleChannelMembers(const GroupMembers& members, RecordNr scanGroup) {
+  return Procedure("MultipleChannelMembers", false, [&] { return members.CountOf(scanGroup) > 1; });
 }
 
-bool AllChannelsAreMembers(const ProviderRef& provider, RecordNr scanGroup) {
-  return Procedure("AllChannelsAreMembers", false, [&] {
-    const Variant groupId = provider.Field("16.GroupIDTracker").Value(scanGroup);
-    const std::set<std::int32_t> members = MembersOf(provider, groupId);
-    const FieldRef channels = provider.Field("ChannelID_k6k");
-    for (const RecordNr channel : channels.Records()) {
-      if (!members.contains(CLng(channels.Value(channel)))) return false;
-    }
-    return true;
-  });
+bool AllChannelsAreMembers(const GroupMembers& members, RecordNr scanGroup) {
+  return Procedure("AllChannelsAreMembers", false, [&] { return members.AreAllChannels(scanGroup); });
 }
 
 std::string_view SystemIdentityField(std::int32_t signallingType) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "common/GroupMembers.h"
 #include "common/Handles.h"
 
 /// Signalling types of a network, as stored in 21.SignallingType.
@@ -21,9 +22,9 @@ inline constexpr std::string_view kUndefined = "Undefined";
 
 namespace modProjectGlobals {
 /// Whether the scan group has more than one member.
-bool MultipleChannelMembers(const ProviderRef& provider, RecordNr scanGroup);
+bool MultipleChannelMembers(const GroupMembers& members, RecordNr scanGroup);
 /// Whether every channel is a member of the scan group; so it is when there are no channels.
-bool AllChannelsAreMembers(const ProviderRef& provider, RecordNr scanGroup);
+bool AllChannelsAreMembers(const GroupMembers& members, RecordNr scanGroup);
 
 /// The field that identifies the systems of a signalling type; empty for a type without systems.
 std::string_view SystemIdentityField(std::int32_t signallingType);

@@ -1,19 +1,22 @@
 #pragma once
 
-#include "common/ValidatorRef.h"
+#include "common/FinalReport.h"
 
-/// What holds over all networks before a save. Each tells the user of the first network that it finds; false
-/// ends the walk.
+/// What holds over all networks before a save.
 namespace modvalNetworkChecks {
 /// An emergency callout needs the emergency sequence of the network's system.
-bool CheckEmergencySequences(const ValidatorRef& validator);
+void CheckSelcallEmergency(FinalReport& report);
+void CheckDTMFEmergency(FinalReport& report);
+void CheckMDC1200Emergency(FinalReport& report);
 /// Acknowledgement and the alerts that use it go together, in both directions: questions.
-bool CheckAckHasAlerts(const ValidatorRef& validator);
-bool CheckAlertsHaveAck(const ValidatorRef& validator);
+void CheckAckHasAlerts(FinalReport& report);
+void CheckAlertsHaveAck(FinalReport& report);
 /// Acknowledgement by a sequence, and ANI on PTT, need their sequences.
-bool CheckAckAndANISequences(const ValidatorRef& validator);
+void CheckSelcallAck(FinalReport& report);
+void CheckSelcallANI(FinalReport& report);
+void CheckDTMFANI(FinalReport& report);
 /// A call that the PTT sets up is to be heard: on consent every network gets side tones.
-bool OfferSideTones(const ValidatorRef& validator);
+void OfferSideTones(FinalReport& report);
 /// The fast FFSK modem does not go with single in-band tones on Selcall.
-bool CheckFFSKBaudRate(const ValidatorRef& validator);
+void CheckFFSKBaudRate(FinalReport& report);
 }  // namespace modvalNetworkChecks

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "common/GroupMembers.h"
 #include "common/Messages.h"
 #include "common/Procedure.h"
 #include "common/RadioCodes.h"
@@ -161,7 +162,7 @@ bool HasGroups(const FieldEdit& edit, std::int32_t) {
 /// Whether a group hides every channel that the radio has.
 bool HidesAllChannels(const ProviderRef& provider, RecordNr group) {
   return HoldsCode(provider, "HiddenChannels_k6k", kOn, group) &&
-         modProjectGlobals::AllChannelsAreMembers(provider, group);
+         modProjectGlobals::AllChannelsAreMembers(GroupMembers(provider), group);
 }
 
 /// By the first group, which is the parameter so far.
@@ -268,38 +269,33 @@ bool Scans(const ProviderRef& provider, const FunctionKey& key) {
   return FunctionKeyActions::Of(ActionOf(provider, key)).parameter == Parameter::Group;
 }
 
-/// A group of one scans when it is in the background and has the current channel beside it.
-bool HasEnoughMembers(const ValidatorRef& validator, const StoredRecord& group) {
-  if (modProjectGlobals::MultipleChannelMembers(group.provider, group.record)) return true;
-  if (!group.Holds("ScanType_k6k", ScanType::kBackground)) {
-    return Refuse(validator,
-                  "There must be at least two Channels in the Scan Group members to activate scanning.  You "
-                  "must add another Channel to the Group Membership list or remove 'Group Scanning Activity' "
-                  "from the Function Keys or change the Scan Type to 'Background' and enable 'Hidden "
-                  "Channels' before proceeding");
-  }
-  return (group.Holds("HiddenChannels_k6k", kOn) && group.Holds("ScanInclCurrentChan_k6k", kOn)) ||
-         Refuse(
-             validator,
-             "There must be at least two Scan Group members to activate scanning.  You must add another "
-             "Channel to the Group Membership list or enable 'Hidden Channels' and 'Include Current Channel "
-             "In Scan Regime' or remove 'Group Scanning Activity' from the Function Keys before "
-             "proceeding");
-}
-
-bool MayScan(const ValidatorRef& validator, const StoredRecord& group) {
+/// Why a key can not scan the group; empty when it can. A group of one scans when it is in the background and
+/// has the current channel beside it.
+std::string_view WhyNotScan(const StoredRecord& group, const GroupMembers& members) {
   if (group.provider.Table("5").RecordCount() < 2) {
-    return Refuse(
-        validator,
-        "Scanning requires at least two channels in the Channels form. You must add another channel "
-        "in the Channels form to enable 'Group Scanning Activity' on a Function Key");
+    return "Scanning requires at least two channels in the Channels form. You must add another channel "
+           "in the Channels form to enable 'Group Scanning Activity' on a Function Key";
   }
-  if (!HasEnoughMembers(validator, group)) return false;
-  return !HidesAllChannels(group.provider, group.record) ||
-         Refuse(validator,
-                "Function Keys can not be assigned to 'Activate Scanning' or 'Scanning/Nuisance Delete' when "
-                "all of the Channels are included as Scan Group members and the Group's 'Hidden Channels' "
-                "option is enabled.");
+  const bool isOne = !modProjectGlobals::MultipleChannelMembers(members, group.record);
+  if (isOne && !group.Holds("ScanType_k6k", ScanType::kBackground)) {
+    return "There must be at least two Channels in the Scan Group members to activate scanning.  You "
+           "must add another Channel to the Group Membership list or remove 'Group Scanning Activity' "
+           "from the Function Keys or change the Scan Type to 'Background' and enable 'Hidden "
+           "Channels' before proceeding";
+  }
+  const bool hides = group.Holds("HiddenChannels_k6k", kOn);
+  if (isOne && !(hides && group.Holds("ScanInclCurrentChan_k6k", kOn))) {
+    return "There must be at least two Scan Group members to activate scanning.  You must add another "
+           "Channel to the Group Membership list or enable 'Hidden Channels' and 'Include Current Channel "
+           "In Scan Regime' or remove 'Group Scanning Activity' from the Function Keys before "
+           "proceeding";
+  }
+  if (hides && modProjectGlobals::AllChannelsAreMembers(members, group.record)) {
+    return "Function Keys can not be assigned to 'Activate Scanning' or 'Scanning/Nuisance Delete' when "
+           "all of the Channels are included as Scan Group members and the Group's 'Hidden Channels' "
+           "option is enabled.";
+  }
+  return {};
 }
 }  // namespace
 
@@ -332,17 +328,18 @@ bool FormIsValid(const ValidatorRef& validator) {
   });
 }
 
-bool ValidateFunctionKeyFinalValidation(const ValidatorRef& validator) {
-  return Procedure("ValidateFunctionKeyFinalValidation", true, [&] {
-    const ProviderRef provider = validator.CurrentProvider();
+void ValidateFunctionKeyFinalValidation(FinalReport& report) {
+  Procedure("ValidateFunctionKeyFinalValidation", [&] {
+    const ProviderRef provider = report.Provider();
+    const GroupMembers members(provider);
     for (const FunctionKey& key : kFunctionKeys) {
       if (!Scans(provider, key)) continue;
       const RecordNr group = modProjectGlobals::FindRecord(provider.Field("16.GroupIDTracker"),
                                                            StoredValue(provider, key.parameter1, kOnly));
-      if (group != 0 && !MayScan(validator, {provider, group})) return false;
+      if (group == 0) continue;
+      const std::string_view reason = WhyNotScan({provider, group}, members);
+      if (!reason.empty() && !report.Refuse({std::string(key.action), kOnly}, reason)) return;
     }
-    return true;
   });
 }
-
 }  // namespace modvalFunctionKeys

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/FieldEdit.h"
+#include "common/FinalReport.h"
 
 /// The rules of the function keys' form.
 namespace modvalFunctionKeys {
@@ -12,6 +13,6 @@ bool ValidateFunctionKeys(FieldEdit& edit);
 bool FormIsValid(const ValidatorRef& validator);
 
 /// Before a save: a key that scans needs channels to scan, and one that is heard.
-bool ValidateFunctionKeyFinalValidation(const ValidatorRef& validator);
+void ValidateFunctionKeyFinalValidation(FinalReport& report);
 
 }  // namespace modvalFunctionKeys

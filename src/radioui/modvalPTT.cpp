@@ -35,6 +35,15 @@ bool RefuseSamePriority(const ValidatorRef& validator) {
   return Refuse(validator, "The same PTT Priority has been assigned to more than one PTT.");
 }
 
+void CheckTap(FinalReport& report, const Source& source) {
+  constexpr std::int32_t kNoTap = 0;
+  const ProviderRef provider = report.Provider();
+  const bool lacksTap = HoldsCode(provider, source.transmission, PTTTransmission::kVoice, kOnly) &&
+                        HoldsCode(provider, source.mic, MicSource::kAudioTapIn, kOnly) &&
+                        HoldsCode(provider, "AudioIOTapIn", kNoTap, source.audioPath);
+  if (lacksTap) report.Refuse({std::string(source.mic), kOnly}, source.withoutTap);
+}
+
 void ReloadFieldsOf(FieldEdit& edit) {
   for (const Source& source : kSources) {
     if (!EqualsIgnoringCase(edit.uiid, source.transmission)) continue;
@@ -74,15 +83,7 @@ bool FormIsValid(const ValidatorRef& validator) {
                    [&] { return PTTPrioritiesAreUnique(validator) || RefuseSamePriority(validator); });
 }
 
-bool CheckMicTaps(const ValidatorRef& validator) {
-  constexpr std::int32_t kNoTap = 0;
-  const ProviderRef provider = validator.CurrentProvider();
-  for (const Source& source : kSources) {
-    const bool lacksTap = HoldsCode(provider, source.transmission, PTTTransmission::kVoice, kOnly) &&
-                          HoldsCode(provider, source.mic, MicSource::kAudioTapIn, kOnly) &&
-                          HoldsCode(provider, "AudioIOTapIn", kNoTap, source.audioPath);
-    if (lacksTap) return Refuse(validator, source.withoutTap);
-  }
-  return true;
-}
+void CheckMicTap(FinalReport& report) { CheckTap(report, kSources[0]); }
+void CheckExternalTap1(FinalReport& report) { CheckTap(report, kSources[1]); }
+void CheckExternalTap2(FinalReport& report) { CheckTap(report, kSources[2]); }
 }  // namespace modvalPTT

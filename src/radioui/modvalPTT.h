@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/FieldEdit.h"
+#include "common/FinalReport.h"
 
 /// Rules of the push-to-talk sources.
 namespace modvalPTT {
@@ -11,6 +12,8 @@ bool ValidatePTTTransmissionType(FieldEdit& edit);
 /// The check of the form.
 bool FormIsValid(const ValidatorRef& validator);
 
-/// Before a save: who speaks into a tap of the programmable I/O has one.
-bool CheckMicTaps(const ValidatorRef& validator);
+// Before a save: who speaks into a tap of the programmable I/O has one.
+void CheckMicTap(FinalReport& report);
+void CheckExternalTap1(FinalReport& report);
+void CheckExternalTap2(FinalReport& report);
 }  // namespace modvalPTT

@@ -269,9 +269,9 @@ bool ProgIOSignalStatesIdentical(const ProviderRef& provider, int key) {
   });
 }
 
-bool CheckSimulatedKeys(const ValidatorRef& validator) {
+void CheckSimulatedKeys(FinalReport& report) {
   constexpr std::array<std::string_view, 4> kKeys = {"FN1_KEY", "FN2_KEY", "FN3_KEY", "FN4_KEY"};
-  const ProviderRef provider = validator.CurrentProvider();
+  const ProviderRef provider = report.Provider();
   const ProgIOGrid grid(provider);
   for (const RecordNr row : grid.Rows()) {
     for (std::size_t key = 0; key < std::size(kKeys); ++key) {
@@ -280,30 +280,31 @@ bool CheckSimulatedKeys(const ValidatorRef& validator) {
       const std::string_view text =  // the first key's has no stroke between its letters
           key == 0 ? "Programmable IO pin %0:S is set to %1:S, but Function Key %2:S is Unassigned."
                    : "Programmable I/O pin %0:S is set to %1:S, but Function Key %2:S is Unassigned.";
-      return Refuse(validator, text, {grid.Pin(row), grid.Action(row), std::to_string(key + 1)});
+      const bool looksOn = report.Refuse({std::string(kFunctionKeys[key].action), kOnly}, text,
+                                         {grid.Pin(row), grid.Action(row), std::to_string(key + 1)});
+      if (!looksOn) return;
     }
   }
-  return true;
 }
 
-bool CheckPTTInhibit(const ValidatorRef& validator) {
+void CheckPTTInhibit(FinalReport& report) {
   constexpr std::string_view kInhibited[] = {"PTTInhibitedByExternalControl1_k6k",
                                              "PTTInhibitedByExternalControl2_k6k",
                                              "PTTInhibitedByExternalControl3_k6k"};
-  const ProviderRef provider = validator.CurrentProvider();
+  const ProviderRef provider = report.Provider();
   const ProgIOGrid grid(provider);
-  const RecordNr row = grid.RowWith(InputAction("TOGGLE_PTT_INHIBIT").strName);
   const auto isOn = [&](std::string_view box) { return HoldsCode(provider, box, kOn, kOnly); };
-  if (row == 0 || std::ranges::any_of(kInhibited, isOn)) return true;
-  return Refuse(
-      validator,
+  const RecordNr row = grid.RowWith(InputAction("TOGGLE_PTT_INHIBIT").strName);
+  if (row == 0 || std::ranges::any_of(kInhibited, isOn)) return;
+  report.Refuse(
+      {std::string(kInhibited[0]), kOnly},
       "Programmable I/O pin %0:S is set to %1:S.  This setting requires that 'Inhibit PTT When External "
       "PTT Active' be enabled on the PTT, External PTT(1), or External PTT(2).",
       {grid.Pin(row), grid.Action(row)});
 }
 
-bool WarnOfIdlePins(const ValidatorRef& validator) {
-  const ProgIOGrid grid(validator.CurrentProvider());
+void WarnOfIdlePins(FinalReport& report) {
+  const ProgIOGrid grid(report.Provider());
   const auto isMirrored = [&](const std::string& pin) {
     for (const RecordNr other : grid.Rows()) {
       if (grid.Direction(other) == kInput && grid.Cell("DigitalIOMirroredTo", other) == pin) return true;
@@ -313,26 +314,27 @@ bool WarnOfIdlePins(const ValidatorRef& validator) {
   for (const RecordNr row : grid.Rows()) {
     const bool isIdle = grid.Direction(row) != kNone && grid.Action(row) == kNoAction;
     if (!isIdle || isMirrored(grid.Pin(row))) continue;
-    Warn(
-        validator,
+    report.Warn(
+        {"DigitalIOAction", row},
         "One or more Digital IO Pins has a direction set, but no Action associated with it and no Input pins "
         "mirroring to it.");
-    break;
+    if (!report.LooksOn()) return;
   }
-  return true;
 }
 
-bool CheckFlowControlPins(const ValidatorRef& validator) {
-  const ProviderRef provider = validator.CurrentProvider();
+void CheckFlowControlPins(FinalReport& report) {
+  const ProviderRef provider = report.Provider();
+  constexpr std::string_view kLines[] = {"IOPCTS", "IOPRTS"};
   const auto isDefined = [&](std::string_view line) {
     const Variant pin = StoredValue(provider, line, kOnly);
     return IsNumeric(pin) && !SameValue(pin, 0);
   };
-  if (!UsesHardwareFlowControl(provider) || (isDefined("IOPCTS") && isDefined("IOPRTS"))) return true;
-  return Refuse(
-      validator,
-      "CTS and RTS hardware flow control lines must be defined when Command Mode, or FFSK or VHSD "
-      "Transparent Mode hardware flow control is used. Either set the CTS and RTS fields, or ensure "
-      "none of the flow controls use hardware.");
+  if (!UsesHardwareFlowControl(provider)) return;
+  const auto* missing = std::ranges::find_if_not(kLines, isDefined);
+  if (missing == std::end(kLines)) return;
+  report.Refuse({std::string(*missing), kOnly},
+                "CTS and RTS hardware flow control lines must be defined when Command Mode, or FFSK or VHSD "
+                "Transparent Mode hardware flow control is used. Either set the CTS and RTS fields, or ensure "
+                "none of the flow controls use hardware.");
 }
 }  // namespace modvalProgIO

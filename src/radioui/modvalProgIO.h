@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/FieldEdit.h"
+#include "common/FinalReport.h"
 
 /// The rules of programmable I/O: what one pin does decides what its neighbours may do. The record of a rule
 /// of the grid is its row.
@@ -22,11 +23,11 @@ bool ProgIOSignalStatesIdentical(const ProviderRef& provider, int key);
 
 // Before a save.
 /// Pins that simulate a key that does nothing.
-bool CheckSimulatedKeys(const ValidatorRef& validator);
+void CheckSimulatedKeys(FinalReport& report);
 /// A pin that inhibits PTTs of which none can be inhibited.
-bool CheckPTTInhibit(const ValidatorRef& validator);
+void CheckPTTInhibit(FinalReport& report);
 /// Pins that have a direction and nothing to do; never refuses.
-bool WarnOfIdlePins(const ValidatorRef& validator);
+void WarnOfIdlePins(FinalReport& report);
 /// Hardware flow control needs its two lines.
-bool CheckFlowControlPins(const ValidatorRef& validator);
+void CheckFlowControlPins(FinalReport& report);
 }  // namespace modvalProgIO

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <string>
 
+#include "common/GroupMembers.h"
 #include "common/Messages.h"
 #include "common/Procedure.h"
 #include "common/RadioCodes.h"
@@ -154,22 +155,70 @@ bool DeleteScanGroup(const ValidatorRef& validator, RecordNr group) {
   return Procedure("DeleteScanGroup", true, [&] { return GroupDeletion(validator, group).Run(); });
 }
 
-bool ValidateHiddenChannels(const ValidatorRef& validator) {
-  return Procedure("ValidateHiddenChannels", true, [&] {
-    const ProviderRef provider = validator.CurrentProvider();
+void CheckBackgroundGroups(FinalReport& report) {
+  const ProviderRef provider = report.Provider();
+  for (const RecordNr record : provider.Field("ScanType_k6k").Records()) {
+    const StoredRecord group{provider, record};
+    const bool isSound = !group.Holds("ScanType_k6k", ScanType::kBackground) ||
+                         (group.Holds("ScanGroupDisplayIndicator_k6k", GroupDisplay::kTxChannel) &&
+                          group.Holds("ScanDefaultTxChannel_k6k", InitiateCallChannel::kSelected));
+    if (isSound) continue;
+    const bool looksOn = report.Refuse(
+        {"ScanType_k6k", record},
+        "When the Scan Type is set to 'Background', the Scan Group Display Indicator must be set to 'Tx "
+        "Channel' and the Initiate Call Channel must be set to 'Selected'.  Please correct the group that "
+        "is set to 'Background'.");
+    if (!looksOn) return;
+  }
+}
+
+void CheckGroupMembers(FinalReport& report) {
+  const ProviderRef provider = report.Provider();
+  const GroupMembers members(provider);
+  for (const RecordNr group : provider.Field("16.GroupIDTracker").Records()) {
+    if (HoldsCode(provider, "ScanType_k6k", ScanType::kBackground, group)) continue;
+    if (modProjectGlobals::MultipleChannelMembers(members, group)) continue;
+    const bool looksOn =
+        report.Refuse({"ScanType_k6k", group},
+                      "There must be at least two Channels in the Scan Group members unless the Scan Type is "
+                      "'Background'.");
+    if (!looksOn) return;
+  }
+}
+
+void CheckStartUpChannel(FinalReport& report) {
+  const ProviderRef provider = report.Provider();
+  if (!HoldsCode(provider, "GroupActivityOnPowerUp_k6k", kOn, kOnly)) return;
+  const Variant channel = StoredValue(provider, "17.ChannelGroupIDForRadioStartup", kOnly);
+  const FieldRef hidden = provider.Field("16.HiddenChannels");
+  const GroupMembers members(provider);
+  for (const RecordNr group : hidden.Records()) {
+    if (!IsTicked(hidden.Value(group)) || !members.HasChannel(group, channel)) continue;
+    report.Refuse(
+        {"ChannelGroupIDForRadioStartup", kOnly},
+        "The Channel set for 'Channel/Group Active on Power Up' can not be contained in a group with "
+        "the 'Hidden Channels' flag set.");
+    return;
+  }
+}
+
+void ValidateHiddenChannels(FinalReport& report) {
+  Procedure("ValidateHiddenChannels", [&] {
+    const ProviderRef provider = report.Provider();
     const FieldRef hidden = provider.Field("16.HiddenChannels");
+    const GroupMembers members(provider);
     for (const RecordNr group : hidden.Records()) {
-      if (!IsTicked(hidden.Value(group)) || !modProjectGlobals::AllChannelsAreMembers(provider, group))
+      if (!IsTicked(hidden.Value(group)) || !modProjectGlobals::AllChannelsAreMembers(members, group))
         continue;
       const bool starts = HoldsCode(provider, "GroupActivityOnPowerUp_k6k", kOn, kOnly);
       if (starts && !HoldsCode(provider, "StopScanOnPTT_k6k", kOn, group)) continue;
-      return Refuse(
-          validator,
+      const bool looksOn = report.Refuse(
+          {"HiddenChannels_k6k", group},
           "When all of the Channels are included as Scan Group members and 'Hidden Channels' is enabled "
           "you must activate 'Channel/Group Active on Power Up' and deactivate 'Suspend Scan On PTT "
           "Release' before proceeding");
+      if (!looksOn) return;
     }
-    return true;
   });
 }
 }  // namespace modvalScanGroups

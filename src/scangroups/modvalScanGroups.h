@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/FieldEdit.h"
+#include "common/FinalReport.h"
 
 /// The rules of the scan group form. A record of table 16 is a scan or a vote group; table 18 holds the
 /// members of all groups, table 1119 shows those of the one on the form.
@@ -39,6 +40,14 @@ void AddScanGroupK6000(const ValidatorRef& validator, const ProviderRef& provide
 /// Whether a group may go: no key and no pin uses it. Its members go with it.
 bool DeleteScanGroup(const ValidatorRef& validator, RecordNr group);
 
-/// Before a save: a radio that hides all its channels starts with a group, and scans on.
-bool ValidateHiddenChannels(const ValidatorRef& validator);
+// Before a save.
+
+/// A group in the background shows and calls on the channel selected.
+void CheckBackgroundGroups(FinalReport& report);
+/// Any other group has two members.
+void CheckGroupMembers(FinalReport& report);
+/// A radio does not start on a channel that a group hides.
+void CheckStartUpChannel(FinalReport& report);
+/// A radio that hides all its channels starts with a group, and scans on.
+void ValidateHiddenChannels(FinalReport& report);
 }  // namespace modvalScanGroups

@@ -97,23 +97,25 @@ bool AreInRange(const ProviderRef& provider, const Formats& formats, RecordNr sy
 }  // namespace
 
 bool ValidateControlStatusTone(const ValidatorRef& validator, std::string_view format, RecordNr system,
-                               bool isFinal) {
+                               FinalReport* beforeSave) {
   return Procedure("ValidateControlStatusTone", true, [&] {
     if (!format.empty() && system != kEverySystem) {
-      return ValidateCtrlStatusTonesBySigSys(validator, kEverySystem, format, system, isFinal);
+      return ValidateCtrlStatusTonesBySigSys(validator, kEverySystem, format, system, beforeSave);
     }
     const ProviderRef provider = validator.CurrentProvider();
     const FieldRef identities = provider.Field("29.SignalSystemId");
+    bool areValid = true;
     for (const RecordNr one : identities.Records()) {
-      if (!ValidateCtrlStatusTonesBySigSys(validator, identities.Value(one), format, system, isFinal))
-        return false;
+      const Variant identity = identities.Value(one);
+      areValid = ValidateCtrlStatusTonesBySigSys(validator, identity, format, system, beforeSave) && areValid;
+      if (!areValid && (beforeSave == nullptr || !beforeSave->LooksOn())) break;
     }
-    return true;
+    return areValid;
   });
 }
 
 bool ValidateCtrlStatusTonesBySigSys(const ValidatorRef& validator, const Variant& identity,
-                                     std::string_view format, RecordNr system, bool isFinal) {
+                                     std::string_view format, RecordNr system, FinalReport* beforeSave) {
   return Procedure("ValidateCtrlStatusTonesBySigSys", true, [&] {
     const ProviderRef provider = validator.CurrentProvider();
     Formats formats{format, {}, {}};
@@ -125,17 +127,21 @@ bool ValidateCtrlStatusTonesBySigSys(const ValidatorRef& validator, const Varian
       formats.rx = CStr(StoredValue(provider, "29.DerivedRxFormat", place));
       formats.tx = CStr(StoredValue(provider, "29.DerivedTxFormat", place));
     }
-    if (isFinal && HasTwins(provider, place)) {
-      return Refuse(validator,
-                    "Two or more Control Status Values in the same Selcall System have the same value. They "
-                    "must be unique before saving to file or programming a radio.");
+    const FinalPlace origin{"SignalSystemId_k6k", place};
+    if (beforeSave != nullptr && HasTwins(provider, place)) {
+      beforeSave->Refuse(
+          origin,
+          "Two or more Control Status Values in the same Selcall System have the same value. They "
+          "must be unique before saving to file or programming a radio.");
+      return false;
     }
     if (AreInRange(provider, formats, place)) return true;
     const std::string text =
         "One or more Control Status Values are outside of the allowed range. These must be updated before "
         "saving to file or programming a radio.";
-    if (isFinal) return Refuse(validator, text);
-    return AskYesNo(validator, text + " Do you wish to continue?") == Button::Yes;
+    if (beforeSave == nullptr) return AskYesNo(validator, text + " Do you wish to continue?") == Button::Yes;
+    beforeSave->Refuse(origin, text);
+    return false;
   });
 }
 
@@ -215,14 +221,14 @@ void AddControlStatus(const ValidatorRef&, const ProviderRef& provider, RecordNr
   });
 }
 
-bool ValidateControlStatusesFinal(const ValidatorRef& validator) {
+void ValidateControlStatusesFinal(FinalReport& report) {
   {
-    const ProviderRef provider = validator.CurrentProvider();
+    const ProviderRef provider = report.Provider();
     const ScopedAutoUpdate silent(provider, false);
     // Values that stand twice are looked for among those of all systems.
     modControlStatus::CopyFromControlUI(provider, CurrentSelcallSystem(provider));
   }
-  return ValidateControlStatusTone(validator, {}, kEverySystem, true);
+  ValidateControlStatusTone(report.Validator(), {}, kEverySystem, &report);
 }
 
 void DeleteCurrentSystemControlStatuses(const ProviderRef& provider) {

@@ -99,7 +99,7 @@ bool AreStatusesInRange(const ValidatorRef& validator, const Format& format, std
                         RecordNr system) {
   const std::string checked = format.Has('S') ? std::string(format.text)
                                               : CStr(StoredValue(validator.CurrentProvider(), other, system));
-  return modvalControlStatus::ValidateControlStatusTone(validator, checked, system, false);
+  return modvalControlStatus::ValidateControlStatusTone(validator, checked, system, nullptr);
 }
 
 void EndThirdToneReset(FieldEdit& edit, const ProviderRef& provider, std::string_view format) {
@@ -150,7 +150,7 @@ bool ValidateTxFormat6000(const ValidatorRef& validator, FormWrites& writes, std
     if (!format.Has('R')) {
       return Refuse(validator, "You must have at least one burst of type 'R' in the Tx Format.");
     }
-    if (checkSequences && !TxSequencesValid(validator, writes, text, kCurrentSystem, false)) return false;
+    if (checkSequences && !TxSequencesValid(validator, writes, text, kCurrentSystem)) return false;
     return AreStatusesInRange(validator, format, kRxFormat, system);
   });
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "common/FieldEdit.h"
+#include "common/FinalReport.h"
 
 /// The rules of the Selcall systems: formats and the sequences that they hold. A record of table 29 is a
 /// system; what belongs to it has its place.
@@ -48,7 +49,8 @@ bool RxSequencesValid(const ValidatorRef& validator, std::string_view format, Re
 /// The bursts of a system against a Tx format. Those of a kind that the format lacks go, on consent; of
 /// another length the first is told, before a save as an error.
 bool TxSequencesValid(const ValidatorRef& validator, FormWrites& writes, std::string_view format,
-                      RecordNr system, bool isFinal);
+                      RecordNr system);
+void TxSequencesValid(FinalReport& report, FormWrites& writes, std::string_view format, RecordNr system);
 /// Takes all bursts of a kind away from the system of that identity, and from the channels that use them.
 void CleanupRemovedBurstType(FormWrites& writes, const ProviderRef& provider, std::int32_t type,
                              const Variant& identity);
@@ -68,12 +70,12 @@ bool DeleteSelcall(const ValidatorRef& validator, RecordNr system);
 
 // Before a save, over all systems.
 
-/// A call that another one hides: a warning for each system. Always true.
-bool CheckRMRSequences(const ValidatorRef& validator);
+/// A call that another one hides: a warning for each system.
+void CheckRMRSequences(FinalReport& report);
 /// The bursts of each system against its Tx format.
-bool ValidateTxSequences(const ValidatorRef& validator);
-/// A warning of the first burst in which a tone follows a group tone, in the Sigtec format. Always true.
-bool ValidateGroupFormatFinal(const ValidatorRef& validator);
+void ValidateTxSequences(FinalReport& report);
+/// A warning of the first burst in which a tone follows a group tone, in the Sigtec format.
+void ValidateGroupFormatFinal(FinalReport& report);
 
 /// A group format: the user is told what it asks of bursts with group tones, where there are any.
 bool ValidateGroupFormat(FieldEdit& edit);

@@ -16,28 +16,28 @@ namespace modvalSelcall {
 namespace {
 using modSelcallMapping::SequenceText;
 
-/// The burst of the system in which a tone follows a group tone, told as a warning; false for none.
-bool TellFixedBurst(const ValidatorRef& validator, const ProviderRef& provider, RecordNr system) {
+/// The bursts of the system in which a tone follows a group tone, told as warnings. Whether to look on.
+bool TellFixedBursts(FinalReport& report, const ProviderRef& provider, RecordNr system) {
   const BurstLayout& layout = BurstLayoutOf(provider);
   const FieldRef bursts = provider.Field("UGBurstSeq");
   const RecordNr last = std::min(layout.RecordOf(system + 1, 0), bursts.RecordCount());
   for (RecordNr record = layout.RecordOf(system, 1); record <= last; ++record) {
     const std::string burst = SequenceText(bursts.Value(record));
     if (HasGroupsLast(burst)) continue;
-    Warn(
-        validator,
+    report.Warn(
+        {"UGBurstSeq", record},
         "There is a Fixed Format %0:S Burst of '%1:S' in Selcall System %2:S with an invalid 'G' tone "
         "sequence.  You must correct this burst to follow the Sigtec Group Format by placing all 'G's at the "
         "end of the burst.",
         {FieldsOf(layout.KindOf(layout.SlotOf(record))).name, burst,
          CStr(StoredValue(provider, kIdentity, system))});
-    return true;
+    if (!report.LooksOn()) return false;
   }
-  return false;
+  return true;
 }
 
 /// Likewise of the first sequences, those of the presets.
-bool TellFreeBurst(const ValidatorRef& validator, const ProviderRef& provider, RecordNr system) {
+bool TellFreeBursts(FinalReport& report, const ProviderRef& provider, RecordNr system) {
   constexpr RecordNr kChecked = 4;  // of seven; wanted so
   const FieldRef sequences = provider.Field("FreeFormSequence");
   const RecordNr before = (system - 1) * modFreeFormat::kSequencesPerSystem;
@@ -46,19 +46,20 @@ bool TellFreeBurst(const ValidatorRef& validator, const ProviderRef& provider, R
     const std::string sequence = CStr(sequences.Value(record));
     const std::string_view burst = FindBurstWithoutGroupsLast(sequence);
     if (burst.empty()) continue;
-    Warn(validator,
-         "The Free Format Burst '%0:S' in Selcall System %1:S has an invalid 'G' tone sequence.  You must "
-         "correct this burst to follow the Sigtec Group Format by placing 'G's at the end of the burst they "
-         "occur in.",
-         {burst, CStr(StoredValue(provider, kIdentity, system))});
-    return true;
+    report.Warn(
+        {"FreeFormSequence", record},
+        "The Free Format Burst '%0:S' in Selcall System %1:S has an invalid 'G' tone sequence.  You must "
+        "correct this burst to follow the Sigtec Group Format by placing 'G's at the end of the burst they "
+        "occur in.",
+        {burst, CStr(StoredValue(provider, kIdentity, system))});
+    if (!report.LooksOn()) return false;
   }
-  return false;
+  return true;
 }
 }  // namespace
 
-bool CheckRMRSequences(const ValidatorRef& validator) {
-  const ProviderRef provider = validator.CurrentProvider();
+void CheckRMRSequences(FinalReport& report) {
+  const ProviderRef provider = report.Provider();
   for (const RecordNr system : provider.Field(kIdentity).Records()) {
     const std::string rmr = SequenceText(StoredValue(provider, kRMRSequence, system));
     if (rmr.empty()) continue;
@@ -66,35 +67,34 @@ bool CheckRMRSequences(const ValidatorRef& validator) {
       return CStr(StoredValue(provider, uiid, system)) == rmr;
     });
     if (same == std::end(kDecodeSequences)) continue;
-    Warn(
-        validator,
+    report.Warn(
+        {std::string(kRMRSequence), system},
         "The RMR sequence for Selcall system %0:S is the same as the %1:S sequence so you will never receive "
         "the RMR call. You should change one of these sequences.",
-        {CStr(StoredValue(provider, kIdentity, system)), validator.LabelOf(*same)});
+        {CStr(StoredValue(provider, kIdentity, system)), report.Validator().LabelOf(*same)});
   }
-  return true;
 }
 
-bool ValidateTxSequences(const ValidatorRef& validator) {
-  return Procedure("ValidateTxSequences", true, [&] {
-    const ProviderRef provider = validator.CurrentProvider();
-    FormWrites writes(validator);
+void ValidateTxSequences(FinalReport& report) {
+  Procedure("ValidateTxSequences", [&] {
+    const ProviderRef provider = report.Provider();
+    FormWrites writes(report.Validator());
     for (const RecordNr system : provider.Field(kIdentity).Records()) {
       const std::string format = modSelcallMapping::TxFormatOf(provider, system);
-      if (!TxSequencesValid(validator, writes, format, system, true)) return writes.Follow(false);
+      TxSequencesValid(report, writes, format, system);
+      if (!report.HasPassed() && !report.LooksOn()) break;
     }
-    return writes.Follow(true);
+    writes.Follow(report.HasPassed());
   });
 }
 
-bool ValidateGroupFormatFinal(const ValidatorRef& validator) {
-  return Procedure("ValidateGroupFormatFinal", true, [&] {
-    const ProviderRef provider = validator.CurrentProvider();
+void ValidateGroupFormatFinal(FinalReport& report) {
+  Procedure("ValidateGroupFormatFinal", [&] {
+    const ProviderRef provider = report.Provider();
     for (const RecordNr system : provider.Field(kIdentity).Records()) {
       if (!HoldsCode(provider, "GroupFormat", GroupFormat::kSigtec, system)) continue;
-      if (TellFixedBurst(validator, provider, system) || TellFreeBurst(validator, provider, system)) break;
+      if (!TellFixedBursts(report, provider, system) || !TellFreeBursts(report, provider, system)) return;
     }
-    return true;
   });
 }
 

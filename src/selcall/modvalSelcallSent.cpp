@@ -23,15 +23,18 @@ namespace modvalSelcall {
 namespace {
 /// The bursts of one system while a Tx format is held against them.
 struct SentBursts {
-  const ValidatorRef& validator;
+  FinalReport& report;  // of an edit, too
   FormWrites& writes;
   const ProviderRef provider;
   std::string_view format;
   Variant identity;
   std::array<std::int32_t, kBurstKinds> lengths;  // by kind; 0 for one that the format lacks
 
-  std::string Label(std::size_t kind) const { return validator.LabelOf(kBurstFields[kind].uiid); }
+  std::string Label(std::size_t kind) const { return report.Validator().LabelOf(kBurstFields[kind].uiid); }
 };
+
+/// One of them, a record of table 30.
+FinalPlace PlaceOf(RecordNr burst) { return {"UGBurstSeq", burst}; }
 
 /// The highest that has one hexadecimal digit.
 constexpr double kHighestTone = 15;
@@ -43,18 +46,19 @@ bool IsWrong(std::size_t kind, const std::string& text, std::int32_t length) {
 }
 
 /// Whether the kind, which the format lacks, may go; it is gone then.
-bool RemoveKind(const SentBursts& sent, std::size_t kind) {
-  if (AskYesNo(sent.validator,
-               "There are one or more %0:s for signalling system %1:s. The format (%2:s) does not contain "
-               "any %0:s. Continuing will clear all references to these bursts. Do you wish to continue?",
-               {sent.Label(kind), CStr(sent.identity), sent.format}) != Button::Yes) {
+bool RemoveKind(const SentBursts& sent, RecordNr burst, std::size_t kind) {
+  if (sent.report.AskYesNo(
+          PlaceOf(burst),
+          "There are one or more %0:s for signalling system %1:s. The format (%2:s) does not contain "
+          "any %0:s. Continuing will clear all references to these bursts. Do you wish to continue?",
+          {sent.Label(kind), CStr(sent.identity), sent.format}) != Button::Yes) {
     return false;
   }
   CleanupRemovedBurstType(sent.writes, sent.provider, static_cast<std::int32_t>(kind), sent.identity);
   return true;
 }
 
-void TellWrong(const SentBursts& sent, std::size_t kind, bool isFinal) {
+void TellWrong(const SentBursts& sent, RecordNr burst, std::size_t kind, bool isFinal) {
   constexpr std::string_view kText =
       "The length of one or more %0:s for signalling system %1:s is different from the number of '%2:s's "
       "specified in the Tx Format. The Tx Format is '%3:s'";
@@ -63,14 +67,14 @@ void TellWrong(const SentBursts& sent, std::size_t kind, bool isFinal) {
   const std::string letter(1, kBurstFields[kind].letter);
   const Parameters parameters = {label, identity, letter, sent.format};
   if (isFinal) {
-    Refuse(sent.validator, kText, parameters);
+    sent.report.Refuse(PlaceOf(burst), kText, parameters);
   } else {
-    Warn(sent.validator, kText, parameters);
+    sent.report.Warn(PlaceOf(burst), kText, parameters);
   }
 }
 
 enum class Walk { GoOn, Refused, Wrong };
-Walk Judge(const SentBursts& sent, const Variant& type, const Variant& stored) {
+Walk Judge(const SentBursts& sent, RecordNr burst, const Variant& type, const Variant& stored) {
   if (EqualsIgnoringCase(CStr(stored), kUndefined) || !IsNumeric(type)) return Walk::GoOn;
   const std::int32_t code = CLng(type);
   if (code < 0 || code > static_cast<std::int32_t>(Burst::Status)) return Walk::GoOn;
@@ -78,42 +82,48 @@ Walk Judge(const SentBursts& sent, const Variant& type, const Variant& stored) {
   std::string text = CStr(stored);
   std::erase(text, '|');
   if (text.empty()) return Walk::GoOn;
-  if (sent.lengths[kind] == 0) return RemoveKind(sent, kind) ? Walk::GoOn : Walk::Refused;
+  if (sent.lengths[kind] == 0) return RemoveKind(sent, burst, kind) ? Walk::GoOn : Walk::Refused;
   return IsWrong(kind, text, sent.lengths[kind]) ? Walk::Wrong : Walk::GoOn;
 }
 
-SentBursts SentBy(const ValidatorRef& validator, FormWrites& writes, std::string_view format,
-                  RecordNr system) {
-  const ProviderRef provider = validator.CurrentProvider();
-  SentBursts sent{validator, writes, provider, format, StoredValue(provider, "SignalSystemId_k6k", system),
-                  {}};
+SentBursts SentBy(FinalReport& report, FormWrites& writes, std::string_view format, RecordNr system) {
+  const ProviderRef provider = report.Provider();
+  SentBursts sent{report, writes, provider, format, StoredValue(provider, "SignalSystemId_k6k", system), {}};
   for (std::size_t kind = 0; kind < kBurstKinds; ++kind) {
     const char letter = kBurstFields[kind].letter;
     if (letter != '\0') sent.lengths[kind] = TxBurstLength(provider, format, letter);
   }
   return sent;
 }
-}  // namespace
 
-bool TxSequencesValid(const ValidatorRef& validator, FormWrites& writes, std::string_view format,
-                      RecordNr system, bool isFinal) {
-  return Procedure("TxSequencesValid", true, [&] {
-    const ProviderRef provider = validator.CurrentProvider();
-    const SentBursts sent = SentBy(validator, writes, format, SystemShown(provider, system));
+void CheckSent(FinalReport& report, FormWrites& writes, std::string_view format, RecordNr system,
+               bool isFinal) {
+  Procedure("TxSequencesValid", [&] {
+    const ProviderRef provider = report.Provider();
+    const SentBursts sent = SentBy(report, writes, format, system);
     const FieldRef owners = provider.Field("30.FixedFormatSigSystemID");
     const FieldRef types = provider.Field("UGBurstType");
     const FieldRef bursts = provider.Field("UGBurstSeq");
     for (const RecordNr record : owners.Records()) {
       if (!SameValue(owners.Value(record), sent.identity)) continue;
       const Variant type = types.Value(record);
-      const Walk walk = Judge(sent, type, bursts.Value(record));
-      if (walk == Walk::GoOn) continue;
-      if (walk == Walk::Refused) return false;
-      TellWrong(sent, static_cast<std::size_t>(CLng(type)), isFinal);
-      return !isFinal;
+      const Walk walk = Judge(sent, record, type, bursts.Value(record));
+      if (walk == Walk::Wrong) TellWrong(sent, record, static_cast<std::size_t>(CLng(type)), isFinal);
+      if (walk != Walk::GoOn && !report.LooksOn()) return;
     }
-    return true;
   });
+}
+}  // namespace
+
+bool TxSequencesValid(const ValidatorRef& validator, FormWrites& writes, std::string_view format,
+                      RecordNr system) {
+  FinalReport report(validator, FinalReport::Scope::FirstFinding);
+  CheckSent(report, writes, format, SystemShown(validator.CurrentProvider(), system), false);
+  return report.HasPassed();
+}
+
+void TxSequencesValid(FinalReport& report, FormWrites& writes, std::string_view format, RecordNr system) {
+  CheckSent(report, writes, format, system, true);
 }
 
 void CleanupRemovedBurstType(FormWrites& writes, const ProviderRef& provider, std::int32_t type,

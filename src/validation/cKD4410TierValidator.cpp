@@ -87,6 +87,15 @@ Status cKD4410TierValidator::RunFinalValidation(Boolean& out) {
   });
 }
 
+Status cKD4410TierValidator::FinalRuleCount(std::int32_t& out) {
+  return GuardedCall([&](Itier*) { out = modvalKD4410FinalValidation::RuleCount(); });
+}
+
+Status cKD4410TierValidator::RunFinalRule(std::int32_t rule, FinalOutcome& out) {
+  return GuardedCall(
+      [&](Itier* tier) { out = modvalKD4410FinalValidation::RunRule(ValidatorRef(tier), rule); });
+}
+
 Status cKD4410TierValidator::ValidateByUIID(std::string_view uiid, Variant& value, RecordNr record,
                                             Boolean& out) {
   return Guarded(out, [&](const ValidatorRef& validator) {

@@ -3,10 +3,12 @@
 #include "common/LibraryObject.h"
 #include "common/TierChild.h"
 #include "host/IenablementReasons.h"
+#include "host/IfinalRules.h"
 #include "host/ItierValidator.h"
 
 class cKD4410TierValidator final : public ItierValidator,
                                    public IenablementReasons,
+                                   public IfinalRules,
                                    public TierChild,
                                    private LibraryObject {
  public:
@@ -28,6 +30,8 @@ class cKD4410TierValidator final : public ItierValidator,
   Status SetValidator(std::shared_ptr<IvalidatorHost> host) override;
   Status Initialize(Itier* tier, std::shared_ptr<IvalidatorHost> host) override;
   Status ReasonByUIID(std::string_view uiid, RecordNr record, EnablementReason& out) override;
+  Status FinalRuleCount(std::int32_t& out) override;
+  Status RunFinalRule(std::int32_t rule, FinalOutcome& out) override;
 
  private:
   /// Runs a rule operation behind the guard, which takes a validator whose tier is gone for one without a

@@ -112,12 +112,12 @@ TEST_F(Globals, MembersOfAScanGroupAreCountedByItsNumber) {
   provider.Fill("16.GroupIDTracker", {7, 8});
   provider.Fill("18.GroupIDNumber", {"7", 8, 7});
   provider.Fill("GroupChannelUI_k6k", {1, 1, 2});
-  EXPECT_TRUE(MultipleChannelMembers(ref, 1));
-  EXPECT_FALSE(MultipleChannelMembers(ref, 2));
+  EXPECT_TRUE(MultipleChannelMembers(GroupMembers(ref), 1));
+  EXPECT_FALSE(MultipleChannelMembers(GroupMembers(ref), 2));
   for (const auto& channels : {std::vector<Variant>{}, {2, "1"}}) {
     provider.Fill("ChannelID_k6k", channels);
-    EXPECT_TRUE(AllChannelsAreMembers(ref, 1));
-    EXPECT_EQ(AllChannelsAreMembers(ref, 2), channels.empty());
+    EXPECT_TRUE(AllChannelsAreMembers(GroupMembers(ref), 1));
+    EXPECT_EQ(AllChannelsAreMembers(GroupMembers(ref), 2), channels.empty());
   }
 }
 

@@ -69,8 +69,10 @@ class ControlStatus : public BurstFixture {
   }
   bool Passes(std::string_view format, RecordNr system, bool isFinal = false) {
     messenger.Clear();
-    return modvalControlStatus::ValidateControlStatusTone(ValidatorRef(Tier().get()), format, system,
-                                                          isFinal);
+    const ValidatorRef validator(Tier().get());
+    FinalReport report(validator, FinalReport::Scope::FirstFinding);
+    return modvalControlStatus::ValidateControlStatusTone(validator, format, system,
+                                                          isFinal ? &report : nullptr);
   }
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "host/IfinalRules.h"
 #include "platform/Conversions.h"
 #include "workbench/jobs/BurstSlots.h"
 #include "workbench/jobs/Control.h"
@@ -295,6 +296,39 @@ void PersonalityCheck::RunForm(const Form& form, RecordNr record) {
 void PersonalityCheck::RunFinalRules() {
   NoteToldTexts();
   TierHost& host = session_.Host();
+  auto* rules = dynamic_cast<IfinalRules*>(&host.Validator());
+  if (rules == nullptr) return RunFinalWalk();
+  std::int32_t count = 0;
+  host.Require(rules->FinalRuleCount(count));
+  for (std::int32_t rule = 1; rule <= count; ++rule) {
+    Journal journal(session_.Content());
+    FinalOutcome outcome;
+    host.Require(rules->RunFinalRule(rule, outcome));
+    journal.Rollback();
+    CollectFinal(outcome);
+    messenger_.Clear();
+  }
+}
+
+void PersonalityCheck::CollectFinal(const FinalOutcome& outcome) {
+  const std::string rule = "final " + outcome.name;
+  for (std::size_t i = 0; i < messenger_.Boxes().size(); ++i) {
+    Finding finding;
+    finding.rule = rule;
+    finding.label = "Before a save";
+    if (i < outcome.places.size()) {
+      const auto& [uiid, record] = outcome.places[i];
+      const SchemaField& field = session_.Content().FieldOf(uiid);
+      const bool isThere = record >= 1 && record <= session_.Content().Count(field.table);
+      finding = Origin(field, rule, session_.LabelOf(uiid), record,
+                       isThere ? session_.Content().Get(field, record) : Variant());
+    }
+    Tell(std::move(finding), messenger_.Boxes()[i]);
+  }
+}
+
+void PersonalityCheck::RunFinalWalk() {
+  TierHost& host = session_.Host();
   Journal journal(session_.Content());
   Boolean accepted = kFalse;
   host.Require(host.Validator().RunFinalValidation(accepted));
@@ -307,16 +341,17 @@ void PersonalityCheck::RunFinalRules() {
 }
 
 void PersonalityCheck::Collect(const Finding& origin, bool accepted, std::string_view silence) {
-  for (const Shown& box : messenger_.Boxes()) {
-    Finding finding = origin;
-    finding.kind = KindOf(box);
-    finding.text = box.text;
-    if (IsQuestion(box.style)) finding.answer = box.answer == Button::Yes ? "Yes" : "No";
-    Add(std::move(finding));
-  }
+  for (const Shown& box : messenger_.Boxes()) Tell(origin, box);
   if (accepted || !messenger_.Boxes().empty()) return;
   Finding finding = origin;
   finding.text = silence;
+  Add(std::move(finding));
+}
+
+void PersonalityCheck::Tell(Finding finding, const Shown& box) {
+  finding.kind = KindOf(box);
+  finding.text = box.text;
+  if (IsQuestion(box.style)) finding.answer = box.answer == Button::Yes ? "Yes" : "No";
   Add(std::move(finding));
 }
 

@@ -18,6 +18,7 @@ struct Form;
 namespace Forms {
 struct Current;
 }
+struct FinalOutcome;
 struct SchemaField;
 struct SchemaTable;
 
@@ -30,7 +31,7 @@ struct Finding {
   FindingKind kind = FindingKind::Error;
   /// The UIID whose rule spoke, "range" for the schema's limits, "number" for one that is in use, "chain" for
   /// the members of a group and how they are linked, "presets" for those of DTMF, "forms" for what the forms
-  /// did not take, "form NAME" for the check of a form, "final" for the rules of a save.
+  /// did not take, "form NAME" for the check of a form, "final NAME" for a rule of a save.
   std::string rule;
   std::string label;
   std::int32_t table = -1;  // -1: no single record
@@ -106,9 +107,14 @@ class PersonalityCheck {
   void RunForms();
   /// Record 0: the form has none to show.
   void RunForm(const Form& form, RecordNr record);
+  /// Each rule by itself; of a tier that can not do that, the walk of a save.
   void RunFinalRules();
+  void CollectFinal(const FinalOutcome& outcome);
+  void RunFinalWalk();
   /// The messages of the rule that has just run, or `silence` when it refused without one.
   void Collect(const Finding& origin, bool accepted, std::string_view silence);
+  /// What a box told of what the finding names.
+  void Tell(Finding finding, const Shown& box);
   void Add(Finding finding);
   Finding Origin(const SchemaField& field, std::string rule, std::string label, RecordNr record,
                  const Variant& value) const;

@@ -4,6 +4,7 @@
 #include <tuple>
 
 #include "host/IenablementReasons.h"
+#include "host/IfinalRules.h"
 #include "host/TierLibrary.h"
 
 /// The interfaces of the border as a trace names them.
@@ -291,6 +292,15 @@ struct Contract<IenablementReasons> {
   static constexpr std::string_view kName = "IenablementReasons";
   static constexpr Side kSide = Side::Tier;
   static constexpr std::tuple kOperations{Named<&IenablementReasons::ReasonByUIID>{"ReasonByUIID"}};
+};
+
+/// Likewise.
+template <>
+struct Contract<IfinalRules> {
+  static constexpr std::string_view kName = "IfinalRules";
+  static constexpr Side kSide = Side::Tier;
+  static constexpr std::tuple kOperations{Named<&IfinalRules::FinalRuleCount>{"FinalRuleCount"},
+                                          Named<&IfinalRules::RunFinalRule>{"RunFinalRule"}};
 };
 
 /// The interface that has the operation.

@@ -76,8 +76,8 @@ Answer AnswerWith(Status status, std::span<const Argument> held, Objects& object
 /// Null when the object does not have the interface.
 template <typename I>
 std::shared_ptr<I> ObjectOf(std::int32_t number, const Objects& objects) {
-  if constexpr (std::is_same_v<I, IenablementReasons>) {
-    return std::dynamic_pointer_cast<IenablementReasons>(objects.OfTier<ItierValidator>(number));
+  if constexpr (std::is_same_v<I, IenablementReasons> || std::is_same_v<I, IfinalRules>) {
+    return std::dynamic_pointer_cast<I>(objects.OfTier<ItierValidator>(number));
   } else {
     return objects.OfTier<I>(number);
   }
@@ -128,7 +128,7 @@ std::optional<Answer> Invoke(const std::string& operation, std::int32_t number, 
                              Objects& objects) {
   static const Invokers kInvokers =
       InvokersOf<IentryPoints, IclassFactory, Itier, Iterminator, ItierSchema, IcolProvInfo,
-                 ItierUserInterface, IproviderOwner, ItierValidator, IenablementReasons>();
+                 ItierUserInterface, IproviderOwner, ItierValidator, IenablementReasons, IfinalRules>();
   const auto found = kInvokers.find(operation);
   if (found == kInvokers.end()) throw BadValue("the tier has no operation " + operation);
   return found->second(number, arguments, objects);

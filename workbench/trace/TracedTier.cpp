@@ -260,12 +260,16 @@ class TracedTierValidator : public Traced<ItierValidator> {
   }
 };
 
-/// A validator with the extra.
-class TracedReasons final : public TracedTierValidator, public IenablementReasons {
+/// A validator with the extras.
+class TracedExtras final : public TracedTierValidator, public IenablementReasons, public IfinalRules {
  public:
   using TracedTierValidator::TracedTierValidator;
   Status ReasonByUIID(std::string_view uiid, RecordNr record, EnablementReason& out) override {
     return Call<&IenablementReasons::ReasonByUIID>(uiid, record, out);
+  }
+  Status FinalRuleCount(std::int32_t& out) override { return Call<&IfinalRules::FinalRuleCount>(out); }
+  Status RunFinalRule(std::int32_t rule, FinalOutcome& out) override {
+    return Call<&IfinalRules::RunFinalRule>(rule, out);
   }
 };
 
@@ -296,8 +300,9 @@ std::shared_ptr<IproviderOwner> MakeTraced(Place place, std::shared_ptr<Iprovide
   return Make<TracedProviderOwner>(place, real);
 }
 std::shared_ptr<ItierValidator> MakeTraced(Place place, std::shared_ptr<ItierValidator> real) {
-  const bool hasReasons = dynamic_cast<const IenablementReasons*>(real.get()) != nullptr;
-  return hasReasons ? Make<TracedReasons>(place, real) : Make<TracedTierValidator>(place, real);
+  const bool hasExtras = dynamic_cast<const IenablementReasons*>(real.get()) != nullptr &&
+                         dynamic_cast<const IfinalRules*>(real.get()) != nullptr;
+  return hasExtras ? Make<TracedExtras>(place, real) : Make<TracedTierValidator>(place, real);
 }
 
 }  // namespace Trace

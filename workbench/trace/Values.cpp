@@ -189,6 +189,12 @@ Json ToJson(const EnablementReason& value) {
           {"missing", value.missing}};
 }
 
+Json ToJson(const FinalPlace& value) { return {{"uiid", value.uiid}, {"record", value.record}}; }
+
+Json ToJson(const FinalOutcome& value) {
+  return {{"name", value.name}, {"passed", value.passed}, {"places", ToJson(value.places)}};
+}
+
 Json ToJson(const Fault& value) {
   return {{"number", value.number}, {"source", value.source}, {"description", value.description}};
 }
@@ -286,6 +292,17 @@ void FromJson(const Json& json, EnablementReason& out) {
   FromJson(Member(json, "condition"), out.condition);
   FromJson(Member(json, "readings"), out.readings);
   FromJson(Member(json, "missing"), out.missing);
+}
+
+void FromJson(const Json& json, FinalPlace& out) {
+  FromJson(Member(json, "uiid"), out.uiid);
+  FromJson(Member(json, "record"), out.record);
+}
+
+void FromJson(const Json& json, FinalOutcome& out) {
+  FromJson(Member(json, "name"), out.name);
+  FromJson(Member(json, "passed"), out.passed);
+  FromJson(Member(json, "places"), out.places);
 }
 
 void FromJson(const Json& json, Fault& out) {

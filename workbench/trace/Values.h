@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "host/IenablementReasons.h"
+#include "host/IfinalRules.h"
 #include "platform/Status.h"
 #include "platform/XArrayDBObject.h"
 
@@ -38,6 +39,8 @@ Json ToJson(const XArrayDBObject& value);
 Json ToJson(const std::shared_ptr<XArrayDBObject>& value);
 Json ToJson(const EnablementReading& value);
 Json ToJson(const EnablementReason& value);
+Json ToJson(const FinalPlace& value);
+Json ToJson(const FinalOutcome& value);
 Json ToJson(const Fault& value);
 template <typename Element>
 Json ToJson(const std::vector<Element>& values);
@@ -53,6 +56,8 @@ void FromJson(const Json& json, XArrayDBObject& out);
 void FromJson(const Json& json, std::shared_ptr<XArrayDBObject>& out);
 void FromJson(const Json& json, EnablementReading& out);
 void FromJson(const Json& json, EnablementReason& out);
+void FromJson(const Json& json, FinalPlace& out);
+void FromJson(const Json& json, FinalOutcome& out);
 void FromJson(const Json& json, Fault& out);
 template <typename Element>
 void FromJson(const Json& json, std::vector<Element>& out);

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "common/Handles.h"
+
+/// The members of the scan groups, which are records of table 16. Members and channels are read when they are
+/// first asked for, and once for all groups; to be made anew after they have changed.
+class GroupMembers {
+ public:
+  explicit GroupMembers(const ProviderRef& provider) : provider_(provider) {}
+
+  std::int32_t CountOf(RecordNr group) const;
+  /// Whether the channel with that number is a member.
+  bool HasChannel(RecordNr group, const Variant& channel) const;
+  /// Whether every channel is a member; so it is when there are no channels.
+  bool AreAllChannels(RecordNr group) const;
+
+ private:
+  struct Members {
+    std::vector<Variant> groups, channels;  // by record
+  };
+  const Members& Read() const;
+  /// What the group has of them, in order.
+  template <typename Take>
+  void ForEach(RecordNr group, Take take) const;
+
+  ProviderRef provider_;
+  mutable std::optional<Members> members_;
+  mutable std::optional<std::vector<Variant>> channels_;  // the numbers of all
+};
