@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -212,6 +213,12 @@ class MessengerRef {
                      std::string_view parameters) const {
     return static_cast<Button>(
         Ask<std::int32_t>(Host(), &Imessenger::ShowMessage, message, style, title, parameters));
+  }
+  /// The model of the control head of the attached radio; "Unknown" when it is not known.
+  std::string ControlHead() const {
+    std::array<std::string, 8> radio;
+    RaiseIfFailed(Host().GetRadioInformation(radio));
+    return radio[6];
   }
   void RefreshField(std::string_view uiid) const { RaiseIfFailed(Host().RefreshField(uiid)); }
   void SetFieldEnabled(std::string_view uiid, bool enabled) const {

@@ -48,13 +48,6 @@ bool Transform(const ProviderRef& provider, std::string_view fieldId, RecordNr r
   return true;
 }
 
-/// The grid belongs to a subject that the tier does not have yet: an honest failure, so that no host takes a
-/// record for complete that nobody has completed.
-[[noreturn]] void RaiseNotSupported(std::string_view operation, std::string_view gridName) {
-  throw Error(
-      ErrorNumber::kNotSupported, "IproviderOwner",
-      "Object doesn't support this action: " + std::string(operation) + " of " + std::string(gridName));
-}
 }  // namespace
 
 Status clsKD4410ProvOwn::BackwardsCompatibility(std::shared_ptr<Iprovider> source,
@@ -103,8 +96,6 @@ Status clsKD4410ProvOwn::PostAddProcessing(std::shared_ptr<Iprovider> provider, 
 Status clsKD4410ProvOwn::PostInsertProcessing(std::shared_ptr<Iprovider> provider, std::string_view gridName,
                                               RecordNr record, Boolean& out) {
   return Call([&](Itier* tier) {
-    if (!modPostAddProcessing::CanCompleteInserted(gridName))
-      RaiseNotSupported("PostInsertProcessing", gridName);
     out = ToBoolean(Procedure("PostInsertProcessing", true, [&] {
       modPostAddProcessing::CheckInsertedRecord(ValidatorRef(tier), ProviderRef(provider), gridName, record);
       return true;

@@ -13,7 +13,7 @@ namespace modComboItems {
 /// Fills `items` with what the field offers at the record, which may be one that is still to come: nothing is
 /// its own then. An empty reference receives an array with the one item "Undefined". A field without
 /// transformation and an unknown UIID leave the array as it is, a transformation without list makes it
-/// "Undefined". The result is true. Raises 445 for a list whose data the tier does not have.
+/// "Undefined". The result is true.
 bool GetComboItemsByUIID(const ProviderRef& provider, std::string_view uiid, RecordNr record,
                          std::shared_ptr<XArrayDBObject>& items);
 }  // namespace modComboItems

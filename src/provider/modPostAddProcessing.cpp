@@ -43,9 +43,6 @@ constexpr Completion kInserted[] = {
     {1115, modvalControlStatus::AddControlStatus},
 };
 
-/// Tables of grids whose subject the tier does not have yet.
-constexpr std::int32_t kInsertedToCome[] = {5};
-
 void TellUnknown(std::string_view gridName) {
   modCommonErrorHandler::ShowMessageBox(
       "The " + std::string(gridName) + " grid is not handled in post add processing", MessageStyle::kCritical,
@@ -67,10 +64,6 @@ std::string_view KeyField(std::string_view name) {
   return name;
 }
 }  // namespace
-
-bool CanCompleteInserted(std::string_view gridName) {
-  return std::ranges::find(kInsertedToCome, Grids::TableOf(gridName)) == std::end(kInsertedToCome);
-}
 
 void CheckAddedRecord(const ValidatorRef& validator, const ProviderRef& provider, std::string_view gridName) {
   Procedure("CheckAddedRecord", [&] {

@@ -6,9 +6,6 @@
 
 /// What follows when the host has added, inserted or deleted a record.
 namespace modPostAddProcessing {
-/// False for a grid whose processing the tier does not have yet.
-bool CanCompleteInserted(std::string_view gridName);
-
 /// Completes the last record of the grid's table. A grid that is not known changes nothing; a box tells.
 void CheckAddedRecord(const ValidatorRef& validator, const ProviderRef& provider, std::string_view gridName);
 /// Likewise for an inserted record; most grids know no insert.

@@ -7,15 +7,8 @@
 #include "validation/modvalFields.h"
 #include "validation/modvalForms.h"
 #include "validation/modvalKD4410FinalValidation.h"
+#include "validation/modvalKD4410PreProgramValidation.h"
 #include "validation/modvalRecords.h"
-
-namespace {
-/// The rules of the operation are not there yet: an honest failure, no answer that a host could trust.
-[[noreturn]] void RaiseNotSupported(std::string_view operation) {
-  throw Error(ErrorNumber::kNotSupported, "ItierValidator",
-              "Object doesn't support this action: " + std::string(operation));
-}
-}  // namespace
 
 void cKD4410TierValidator::Guard() const {
   if (host_ != nullptr && !IsOver()) return;
@@ -78,7 +71,9 @@ Status cKD4410TierValidator::PermissionToOpenFormByFormName(std::string_view, Bo
 }
 
 Status cKD4410TierValidator::RunPreProgramValidation(Boolean& out) {
-  return Guarded(out, [](const ValidatorRef&) -> bool { RaiseNotSupported("RunPreProgramValidation"); });
+  return Guarded(out, [](const ValidatorRef& validator) {
+    return modvalKD4410PreProgramValidation::RunPreProgramValidation(validator);
+  });
 }
 
 Status cKD4410TierValidator::RunFinalValidation(Boolean& out) {

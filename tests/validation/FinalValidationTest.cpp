@@ -1,3 +1,4 @@
+#include "host/IfinalRules.h"
 #include "tests/channels/ChannelFixture.h"
 
 namespace {
@@ -112,6 +113,8 @@ TEST_F(FinalRules, ThePTTThatCallsIsToBeHeardOnEveryNetwork) {
 
 TEST_F(FinalRules, ABackgroundGroupShowsAndCallsOnTheSelectedChannel) {
   provider.SetCount(16, 2);
+  provider.Fill("16.GroupIDTracker", {201, 202});
+  provider.Fill("18.GroupIDNumber", {201, 201, 202, 202});
   const std::tuple<std::int32_t, std::int32_t, std::int32_t, bool> cases[] = {
       {0, 0, 0, true}, {1, 2, 4, true}, {1, 1, 4, false}, {1, 2, 0, false}, {2, 1, 0, true}};
   for (const auto& [scanType, display, callChannel, passes] : cases) {
@@ -123,6 +126,73 @@ TEST_F(FinalRules, ABackgroundGroupShowsAndCallsOnTheSelectedChannel) {
     if (passes) continue;
     EXPECT_THAT(messenger.Texts(), ElementsAre(StartsWith("When the Scan Type is set to 'Background'")));
   }
+}
+
+TEST_F(FinalRules, AGroupHasTwoMembersUnlessItScansInTheBackground) {
+  const auto fewMembers = StartsWith("There must be at least two Channels in the Scan Group members unless");
+  provider.Fill("16.GroupIDTracker", {201, 202});
+  provider.Fill("18.GroupIDNumber", {201, 202, 201});
+  provider.Fill("GroupChannelUI_k6k", {"11", "11", "12"});
+  provider.Set("ScanGroupDisplayIndicator_k6k", 2, 2);
+  provider.Set("ScanDefaultTxChannel_k6k", 2, 4);
+  for (const int scanType : {0, 1, 2}) {
+    provider.Set("ScanType_k6k", 2, scanType);
+    messenger.Clear();
+    EXPECT_EQ(FinalValidation(), scanType == 1);
+    EXPECT_EQ(messenger.Texts().empty(), scanType == 1);
+  }
+  provider.Fill("18.GroupIDNumber", {201, 202, 202});
+  messenger.Clear();
+  EXPECT_FALSE(FinalValidation());
+  EXPECT_THAT(messenger.Texts(), ElementsAre(fewMembers));
+}
+
+TEST_F(FinalRules, ARadioDoesNotStartOnAChannelThatAGroupHides) {
+  GiveChannels({11, 12, 13});
+  provider.Fill("16.GroupIDTracker", {201, 202});
+  provider.Fill("18.GroupIDNumber", {201, 201, 202, 202});
+  provider.Fill("GroupChannelUI_k6k", {"11", "12", "12", "13"});
+  provider.Set("16.HiddenChannels", 2, 1);
+  const std::tuple<int, const char*, bool> cases[] = {{1, "13", false}, {1, "12", false}, {1, "11", true},
+                                                      {0, "13", true},  {1, "202", true}, {1, "None", true}};
+  for (const auto& [activity, channel, passes] : cases) {
+    provider.Set("GroupActivityOnPowerUp_k6k", 1, activity);
+    provider.Set("ChannelGroupIDForRadioStartup", 1, channel);
+    messenger.Clear();
+    EXPECT_EQ(FinalValidation(), passes) << channel;
+    EXPECT_EQ(Boxes(),
+              passes ? std::vector<std::string>()
+                     : std::vector<std::string>{ErrorBox(
+                           "The Channel set for 'Channel/Group Active on Power Up' can not be contained "
+                           "in a group with the 'Hidden Channels' flag set.")});
+  }
+}
+
+TEST_F(FinalRules, EachRuleCanBeRunByItselfAndNamesItsPlaces) {
+  auto& rules = dynamic_cast<IfinalRules&>(*Validator());
+  std::int32_t count = 0;
+  ASSERT_TRUE(rules.FinalRuleCount(count).Ok());
+  EXPECT_EQ(count, 31);
+  FinalOutcome outcome;
+  for (const std::int32_t wrong : {0, count + 1}) {
+    EXPECT_EQ(rules.RunFinalRule(wrong, outcome).Reason().number, 9);
+  }
+  provider.Fill("FreeFormSequence7", {"", "1"});
+  for (const RecordNr network : {1, 3}) {
+    provider.Set("EmergencyEnabled", network, 1);
+    provider.Set("EmCalloutType", network, 1);
+  }
+  std::string found;
+  for (std::int32_t rule = 1; rule <= count; ++rule) {
+    messenger.Clear();
+    ASSERT_TRUE(rules.RunFinalRule(rule, outcome).Ok());
+    EXPECT_EQ(outcome.places.size(), messenger.Boxes().size()) << outcome.name;
+    EXPECT_EQ(outcome.passed != kFalse, outcome.places.empty()) << outcome.name;
+    for (const auto& [uiid, record] : outcome.places) {
+      found += outcome.name + ":" + uiid + "[" + std::to_string(record) + "] ";
+    }
+  }
+  EXPECT_EQ(found, "5:EmCalloutType[1] 5:EmCalloutType[3] ");
 }
 
 TEST_F(FinalRules, AnUnknownPowerLevelIsMended) {

@@ -56,8 +56,8 @@ class RecordingMessenger : public Imessenger {
   /// Forgets what was told so far.
   void Clear();
 
-  /// The model of the connected control head; "Unknown" until it is set.
-  void SetControlHead(std::string model) { radioInformation_[6] = std::move(model); }
+  /// The radio that is attached; none, whose control head is "Unknown", until it is set.
+  void SetRadioInformation(std::array<std::string, 8> radio) { radioInformation_ = std::move(radio); }
   void SetMonitor(std::shared_ptr<CallMonitor> monitor) { monitor_ = std::move(monitor); }
 
  protected:

@@ -17,10 +17,10 @@ namespace {
 
 // clang-format off
 constexpr Grid kGrids[] = {
-    {"Channels6000",      "channel",           5},
+    {"Channels6000",      "channel",           5, true},
     {"GroupMembership",   "member",         1119},
     {"Network",           "network",          21},
-    {"ControlStatus6000", "control-status", 1115},
+    {"ControlStatus6000", "control-status", 1115, true},
     {"ScanGroup",         "scan-group",         16},
     {"Selcall6000",       "selcall",          29},
     {"DTMF",              "dtmf",             64},
@@ -119,23 +119,31 @@ std::string FullRefusal(const Provider& content, const SchemaTable& table) {
 /// They link the members of a group, and are meant to point at another one when one goes.
 constexpr std::string_view kLinks[] = {"16.FirstGroupMember", "18.GroupNextMemberRecordNum"};
 
-/// What a deletion has led astray: a pointer that does not point any more at what it pointed at, though that
-/// is still there, or a record that is told by such a pointer. Empty when there is nothing of that kind.
+/// The records that a status on the form and its twin in the radio are.
+bool AreOne(const SchemaTable& shown, const SchemaTable& stored) {
+  return shown.number == stored.number ||
+         (shown.number == kShownStatuses && stored.number == kStoredStatuses);
+}
+
+/// What a deletion, or an insertion of the record `inserted`, has led astray: a pointer that does not point
+/// any more at what it pointed at, though that is still there, or a record that is told by such a pointer.
+/// Empty when there is nothing of that kind.
 std::string Stray(const ComparedPersonality& before, const ComparedPersonality& after,
-                  const SchemaTable& table, RecordNr deleted) {
+                  const SchemaTable& table, RecordNr deleted, RecordNr inserted) {
   const Difference difference = Compare(before, after);
   RecordKeys keysAfter(after);
   for (const auto& [of, key] : difference.onlyInB) {
+    if (inserted != 0 && AreOne(table, *of)) continue;
     const bool isLeftOver =  // a companion of nothing: it is no longer read
         keysAfter.OwnerOf(*of) != nullptr && keysAfter.OwnerKey(*of, keysAfter.Find(*of, key)).empty();
     if (!isLeftOver) return of->title + " " + key;
   }
   RecordKeys keys(before);
-  const std::string gone = keys.Of(table)[static_cast<std::size_t>(deleted - 1)];
+  const std::string gone = deleted == 0 ? "" : keys.Of(table)[static_cast<std::size_t>(deleted - 1)];
   for (const CellDifference& cell : difference.cells) {
     if (std::ranges::find(kLinks, cell.field->id) != std::end(kLinks)) continue;
     const auto target = keys.Target(*cell.field, keys.Find(*cell.table, cell.record));
-    const bool isGone = target && (*target == gone || target->starts_with(gone + "/"));
+    const bool isGone = deleted != 0 && target && (*target == gone || target->starts_with(gone + "/"));
     if (target && !isGone) return cell.field->id + " of " + cell.record;
   }
   return {};
@@ -201,6 +209,35 @@ RecordResult RecordEdits::Add(RecordNr count, RecordNr from) {
   return result;
 }
 
+RecordResult RecordEdits::Insert(RecordNr record) {
+  RecordResult result;
+  Provider& content = session_.Content();
+  if (!grid_.inserts)
+    throw UsageError("records of " + table_.title + " are added at the end alone (kd4410 add)");
+  TypedNames::RequireRecord(content, table_, record);
+  const std::string isFull = FullRefusal(content, table_);
+  if (!isFull.empty()) {
+    Refuse(result, RecordStep::Capacity, isFull);
+    return result;
+  }
+  const ComparedPersonality before = Snapshot();
+  bool isInserted = false;
+  {
+    const Journal journal(content);
+    result.record = record;
+    isInserted = InsertCompleted(result);
+    result.others = journal.Changes();
+  }
+  if (isInserted && !Forms::TurnTo(session_, table_.number, record)) {
+    Refuse(result, RecordStep::Show, "after it was inserted, the tier refuses to show it on its form");
+    return result;
+  }
+  result.accepted = isInserted && IsKept(result) && KeepsPointers(before, result, true);
+  result.count = 1;
+  if (result.accepted) LeaveOut(result.others, table_);
+  return result;
+}
+
 RecordResult RecordEdits::Delete(RecordNr record) {
   RecordResult result;
   Provider& content = session_.Content();
@@ -220,7 +257,7 @@ RecordResult RecordEdits::Delete(RecordNr record) {
     isDeleted = DeleteCompleted(result);
     result.others = journal.Changes();
   }
-  result.accepted = isDeleted && IsKept(result) && KeepsPointers(before, result);
+  result.accepted = isDeleted && IsKept(result) && KeepsPointers(before, result, false);
   if (result.accepted) LeaveOut(result.others, table_);
   return result;
 }
@@ -232,7 +269,8 @@ void RecordEdits::CopyValues(RecordNr from, RecordNr to) const {
   }
 }
 
-bool RecordEdits::AddCompleted(RecordResult& result, RecordNr from) const {
+template <typename Make, typename Complete>
+bool RecordEdits::MakeCompleted(RecordResult& result, Make make, Complete complete) const {
   const TierHost& host = session_.Host();
   const std::shared_ptr<Provider>& provider = session_.SharedContent();
   Boolean accepted = kFalse;
@@ -240,15 +278,32 @@ bool RecordEdits::AddCompleted(RecordResult& result, RecordNr from) const {
   if (accepted == kFalse) return Refuse(result, RecordStep::Permission, "the tier refuses to add it");
 
   host.Require(provider->SetAutoUpdate(kTrue));
-  host.Require(OpenTable()->NewRecord(result.record));
+  host.Require(make(*OpenTable()));
   accepted = kFalse;
-  host.Require(host.Owner().PostAddProcessing(provider, grid_.name, accepted));
-  if (from != 0) CopyValues(from, result.record);
+  host.Require(complete(provider, accepted));
   if (Forms::TableBehind(table_.number) != table_.number)
     Forms::FillViews(session_, *Forms::ViewedBy(table_.number));
   result.identity = IdentityOf(result.record);
   return accepted != kFalse ||
          Refuse(result, RecordStep::PostProcessing, "after it was added, the tier refuses it");
+}
+
+bool RecordEdits::AddCompleted(RecordResult& result, RecordNr from) const {
+  const auto make = [&](Itable& table) { return table.NewRecord(result.record); };
+  const auto complete = [&](const std::shared_ptr<Provider>& provider, Boolean& accepted) {
+    Status status = session_.Host().Owner().PostAddProcessing(provider, grid_.name, accepted);
+    if (from != 0) CopyValues(from, result.record);
+    return status;
+  };
+  return MakeCompleted(result, make, complete);
+}
+
+bool RecordEdits::InsertCompleted(RecordResult& result) const {
+  const auto make = [&](Itable& table) { return table.InsertRecord(result.record); };
+  const auto complete = [&](const std::shared_ptr<Provider>& provider, Boolean& accepted) {
+    return session_.Host().Owner().PostInsertProcessing(provider, grid_.name, result.record, accepted);
+  };
+  return MakeCompleted(result, make, complete);
 }
 
 bool RecordEdits::DeleteCompleted(RecordResult& result) const {
@@ -276,8 +331,10 @@ bool RecordEdits::IsKept(RecordResult& result) const {
                 "a save would lose the change, for the tier does not convert the table for the radio");
 }
 
-bool RecordEdits::KeepsPointers(const ComparedPersonality& before, RecordResult& result) const {
-  const std::string stray = Stray(before, Snapshot(), table_, result.record);
+bool RecordEdits::KeepsPointers(const ComparedPersonality& before, RecordResult& result,
+                                bool isInserted) const {
+  const std::string stray =
+      Stray(before, Snapshot(), table_, isInserted ? 0 : result.record, isInserted ? result.record : 0);
   return stray.empty() ||
          Refuse(result, RecordStep::Save,
                 "a save would let " + stray +

@@ -22,6 +22,7 @@ struct Grid {
   std::string_view name;
   std::string_view word;  // by which the command line calls it
   std::int32_t table;
+  bool inserts = false;  // also before a record
 };
 
 namespace Grids {
@@ -41,7 +42,7 @@ enum class RecordStep {
 };
 std::string_view NameOf(RecordStep step);
 
-/// What became of a record that was to be added or deleted.
+/// What became of a record that was to be added, inserted or deleted.
 struct RecordResult {
   bool accepted = false;
   /// Why not, and at which step; of no meaning when it was accepted.
@@ -56,11 +57,11 @@ struct RecordResult {
   std::vector<Change> others;
 };
 
-/// Adds and deletes records of one grid the way a host's grid does: it asks the tier for permission, on which
-/// companions come and go, changes the table, and lets the tier complete what follows. The session is on its
-/// forms. What was written before a refusal stays in the content, so a refused session is not to be saved.
-/// A fault of the tier leaves by a TierFault, an operation that the tier does not have
-/// yet by an UnsupportedByTier.
+/// Adds, inserts and deletes records of one grid the way a host's grid does: it asks the tier for permission,
+/// on which companions come and go, changes the table, and lets the tier complete what follows. The session
+/// is on its forms. What was written before a refusal stays in the content, so a refused session is not to be
+/// saved. A fault of the tier leaves by a TierFault, an operation that the tier does not have yet by an
+/// UnsupportedByTier.
 class RecordEdits {
  public:
   RecordEdits(Session& session, const Grid& grid);
@@ -69,19 +70,26 @@ class RecordEdits {
   /// to be kept. `from` is a record whose values the new ones take, all but its number; 0 for none, a
   /// UsageError for one that is not there, and in a grid whose records have others beside them.
   RecordResult Add(RecordNr count = 1, RecordNr from = 0);
+  /// Before a record, to which the forms are turned. A record that is not there is a UsageError, and so is a
+  /// grid that adds at the end alone.
+  RecordResult Insert(RecordNr record);
   /// The forms go on showing what they show. A record that is not there is a UsageError.
   RecordResult Delete(RecordNr record);
 
   const SchemaTable& Table() const { return table_; }
 
  private:
-  /// What permission, the table and the completion by the tier make of it; false for a refusal.
+  /// What permission, the table and the completion by the tier make of it; false for a refusal. `make` puts
+  /// the record into the table, `complete` has the tier complete it.
+  template <typename Make, typename Complete>
+  bool MakeCompleted(RecordResult& result, Make make, Complete complete) const;
   bool AddCompleted(RecordResult& result, RecordNr from) const;
+  bool InsertCompleted(RecordResult& result) const;
   void CopyValues(RecordNr from, RecordNr to) const;
   bool DeleteCompleted(RecordResult& result) const;
   /// Whether a save would keep the change; later records have moved, and with them what points at them.
   bool IsKept(RecordResult& result) const;
-  bool KeepsPointers(const ComparedPersonality& before, RecordResult& result) const;
+  bool KeepsPointers(const ComparedPersonality& before, RecordResult& result, bool isInserted) const;
   ComparedPersonality Snapshot() const;
 
   std::shared_ptr<Itable> OpenTable() const;

@@ -1,61 +1,16 @@
 #include <algorithm>
 #include <charconv>
-#include <iterator>
 #include <nlohmann/json.hpp>
 #include <vector>
 
 #include "platform/XArrayDBObject.h"
 #include "workbench/files/FileError.h"
+#include "workbench/files/JsonReading.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 
 namespace {
-
-/// Walks the document for the parser and tells how far it has come. It leaves out the indentation of a line,
-/// a fifth of a large file; a text can not hold a line break, so none is changed by that.
-class Cursor {
- public:
-  using iterator_category = std::input_iterator_tag;
-  using value_type = char;
-  using difference_type = std::ptrdiff_t;
-  using pointer = const char*;
-  using reference = const char&;
-
-  Cursor(const char* place, const char* end, const char** reached)
-      : place_(place), end_(end), reached_(reached) {}
-  reference operator*() const { return *place_; }
-  Cursor& operator++() {
-    const bool endsLine = *place_ == '\n';
-    *reached_ = ++place_;
-    while (endsLine && place_ != end_ && *place_ == ' ') ++place_;
-    return *this;
-  }
-  Cursor operator++(int) {
-    const Cursor before = *this;
-    ++*this;
-    return before;
-  }
-  friend bool operator!=(const Cursor& a, const Cursor& b) { return a.place_ != b.place_; }
-
- private:
-  const char* place_;
-  const char* end_;
-  const char** reached_;
-};
-
-/// What of the library's message a person needs: the part behind its identifier and position.
-std::string Readable(std::string_view message) {
-  for (const std::string_view mark : {"column ", "at line "}) {
-    const auto place = message.find(mark);
-    const auto colon = message.find(": ", place == std::string_view::npos ? 0 : place);
-    if (place != std::string_view::npos && colon != std::string_view::npos) {
-      return std::string(message.substr(colon + 2));
-    }
-  }
-  const auto bracket = message.find("] ");
-  return std::string(bracket == std::string_view::npos ? message : message.substr(bracket + 2));
-}
 
 /// Takes the parser's events and fills a provider. Every level of the document opens only where the format
 /// has it, so that a nesting deeper than the format's ends the reading at once.
@@ -67,7 +22,8 @@ class Reader {
   std::shared_ptr<Provider> Read() {
     if (document_.find_first_not_of(" \t\r\n") == std::string_view::npos) Refuse("the file is empty");
     const char* end = document_.data() + document_.size();
-    nlohmann::json::sax_parse(Cursor(document_.data(), end, &reached_), Cursor(end, end, &reached_), this);
+    nlohmann::json::sax_parse(JsonCursor(document_.data(), end, &reached_), JsonCursor(end, end, &reached_),
+                              this);
     return provider_;
   }
 
@@ -179,7 +135,7 @@ class Reader {
   bool binary(nlohmann::json::binary_t&) { Mismatch("binary data"); }
 
   bool parse_error(std::size_t, const std::string&, const nlohmann::json::exception& error) {
-    Refuse(Readable(error.what()));
+    Refuse(ReadableJsonError(error.what()));
   }
 
  private:
@@ -323,13 +279,8 @@ class Reader {
 
   /// The line of the last character that belongs to the event in hand; behind a number the parser has read
   /// one more.
-  int Line() const {
-    const char* last = reached_ == document_.data() ? reached_ : reached_ - 1;
-    return 1 + static_cast<int>(std::count(document_.data(), last, '\n'));
-  }
-
   [[noreturn]] void Refuse(const std::string& reason) const {
-    throw FileError(file_, Line(), Place(), reason);
+    throw FileError(file_, LineReached(document_, reached_), Place(), reason);
   }
 
   const std::string& file_;

@@ -12,19 +12,21 @@
 
 namespace {
 
-/// The two verbs differ in this alone.
-enum class Action { Add, Delete };
+/// The verbs differ in this alone.
+enum class Action { Add, Insert, Delete };
+constexpr const char* kWords[] = {"add", "insert", "delete"};
+constexpr const char* kDone[] = {"added", "inserted", "deleted"};
 
 struct RecordArguments {
   std::string file;
   std::string grid;
-  RecordNr record = 0;  // to be deleted
+  RecordNr record = 0;  // to be deleted, or to insert before
   bool dryRun = false;
   std::int64_t count = 1;  // to be added
   RecordNr from = 0;       // whose values they take
 };
 
-/// An addition or deletion and what came of it.
+/// What was asked for and what came of it.
 struct Edited {
   Action action;
   const Grid& grid;
@@ -59,8 +61,7 @@ void Print(const Edited& edited, const Session& session, std::ostream& out) {
   } else if (identity != nullptr) {
     out << " (" << session.LabelOf(*identity) << ' ' << ValueText::Of(result.identity) << ')';
   }
-  const char* done = edited.action == Action::Add ? "added" : "deleted";
-  out << ": " << (result.accepted ? done : result.refusal) << '\n';
+  out << ": " << (result.accepted ? kDone[static_cast<std::size_t>(edited.action)] : result.refusal) << '\n';
   Report::Print(edited.Outcome(), session, out);
 }
 
@@ -68,12 +69,12 @@ Json JsonOf(const Edited& edited, const Session& session, const std::vector<Show
   const RecordResult& result = edited.result;
   Json data = {{"accepted", result.accepted},
                {"saved", edited.saved},
-               {"action", edited.action == Action::Add ? "add" : "delete"},
+               {"action", kWords[static_cast<std::size_t>(edited.action)]},
                {"grid", edited.grid.name},
                {"table", edited.table.number},
                {"title", edited.table.title}};
   if (result.record != 0) data["record"] = result.record;
-  if (edited.action == Action::Add) data["count"] = result.count;
+  if (edited.action != Action::Delete) data["count"] = result.count;
   if (const SchemaField* identity = edited.Identity(session)) {
     data["identity"] = {{"name", identity->CommonName()},
                         {"label", session.LabelOf(*identity)},
@@ -87,6 +88,18 @@ Json JsonOf(const Edited& edited, const Session& session, const std::vector<Show
   return data;
 }
 
+RecordResult Carried(RecordEdits& edits, Action action, const RecordArguments& arguments) {
+  switch (action) {
+    case Action::Add:
+      return edits.Add(static_cast<RecordNr>(arguments.count), arguments.from);
+    case Action::Insert:
+      return edits.Insert(arguments.record);
+    case Action::Delete:
+      break;
+  }
+  return edits.Delete(arguments.record);
+}
+
 ExitCode Carry(Action action, const RecordArguments& arguments, Workplace& workplace) {
   const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
   OpenedFile opened(workplace, arguments.file, messenger);
@@ -96,9 +109,7 @@ ExitCode Carry(Action action, const RecordArguments& arguments, Workplace& workp
 
   messenger->Clear();
   RecordEdits edits(session, grid);
-  Edited edited{action, grid, edits.Table(),
-                action == Action::Add ? edits.Add(static_cast<RecordNr>(arguments.count), arguments.from)
-                                      : edits.Delete(arguments.record)};
+  Edited edited{action, grid, edits.Table(), Carried(edits, action, arguments)};
   const std::vector<Shown> boxes = messenger->Boxes();
   if (edited.result.accepted && !arguments.dryRun) {
     opened.Save();
@@ -113,7 +124,7 @@ template <Action action>
 void Take(Words& words, RecordArguments& given) {
   words.Required("FILE", given.file, "The personality");
   words.Required("GRID", given.grid, "The grid");
-  if (action == Action::Delete) words.Required("RECORD", given.record, "Record, from 1");
+  if (action != Action::Add) words.Required("RECORD", given.record, "Record, from 1");
   if (action == Action::Add) {
     constexpr std::int64_t kMost = 100;
     words.NumberOption("--count", given.count, 1, kMost, "So many records, all or none");
@@ -136,6 +147,10 @@ const Verb kAdd({.name = "add",
                  .about = "Add a record as in a grid: ask the tier, add, complete, list what changed, save",
                  .details = kGridNames},
                 Take<Action::Add>, Run<Action::Add>);
+const Verb kInsert({.name = "insert",
+                    .about = "Insert a channel or a control status before a record, as in a grid",
+                    .details = kGridNames},
+                   Take<Action::Insert>, Run<Action::Insert>);
 const Verb kDelete({.name = "delete",
                     .about = "Delete a record as in a grid: ask the tier, delete, list what changed, save",
                     .details = kGridNames},
