@@ -25,6 +25,14 @@ void CompleteBlocks(const ProviderRef& provider, const RecordBlocks& blocks, Rec
   table.FillTo(std::min(blocks.CountFor(owners), table.MaxRecords()));
 }
 
+void AlignBlocks(const ProviderRef& provider, const RecordBlocks& blocks, RecordNr owners) {
+  const TableRef table = provider.Table(blocks.table);
+  for (RecordNr record = table.RecordCount(); record > blocks.CountFor(owners); --record) {
+    table.DeleteRecord(record);
+  }
+  CompleteBlocks(provider, blocks, owners);
+}
+
 void ReorderBlocks(const ProviderRef& provider, const RecordBlocks& blocks, const RecordOrder& order) {
   const auto perOwner = static_cast<std::size_t>(blocks.perOwner);
   const auto head = static_cast<std::size_t>(blocks.ownerless);

@@ -29,6 +29,8 @@ std::int32_t NewIndex(const RecordOrder& order, std::int32_t index);
 
 /// Gives a damaged table the records that so many owners need, as far as it takes them.
 void CompleteBlocks(const ProviderRef& provider, const RecordBlocks& blocks, RecordNr owners);
+/// Likewise, and deletes what lies behind the block of the last owner: a new one would take it for its own.
+void AlignBlocks(const ProviderRef& provider, const RecordBlocks& blocks, RecordNr owners);
 /// Brings the blocks into the order of their owners. What lies behind the last one stays.
 void ReorderBlocks(const ProviderRef& provider, const RecordBlocks& blocks, const RecordOrder& order);
 /// Deletes the block of an owner, as far as it is there.

@@ -88,9 +88,11 @@ void Reorder(const ProviderRef& provider, const RecordBlocks& blocks, const Reco
 }
 }  // namespace
 
-void AppendCompanions(const ProviderRef& provider) {
+void AppendCompanions(const ValidatorRef&, const ProviderRef& provider) {
   const ScopedAutoUpdate silent(provider, false);
+  const RecordNr networks = provider.Table("21").RecordCount();
   for (const Companion& companion : kCompanions) {
+    AlignBlocks(provider, {companion.table}, networks);
     const RecordNr added = provider.Table(companion.table).AppendRecord();
     if (companion.table != "36") continue;
     provider.Field("DCSTxPolarity").SetValue(added, 0);

@@ -5,8 +5,9 @@
 /// The records of a network. Record n of several other tables, or a block of their records, belongs to record
 /// n of table 21: they come, go and move together.
 namespace modNetworkRecords {
-/// Gives a network that is about to come its companions, at the end of their tables.
-void AppendCompanions(const ProviderRef& provider);
+/// Gives a network that is about to come its companions. Tables that do not go with the networks there are,
+/// are made to go with them first.
+void AppendCompanions(const ValidatorRef& validator, const ProviderRef& provider);
 /// Completes the new network `record`, whose companions stand: a free number, which they take too, its
 /// defaults, and no signalling system. The forms reload their lists.
 void AddNetwork(const ValidatorRef& validator, const ProviderRef& provider, RecordNr record);

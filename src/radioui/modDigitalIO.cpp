@@ -261,9 +261,6 @@ class RowWriter {
 
 /// Of two pins with the same bit the last one counts; a bit without pin keeps what a new record has.
 void WriteReverseBCD(const ProviderRef& provider) {
-  constexpr std::array<std::string_view, 8> kBits = {"BCD_INPUT_0", "BCD_INPUT_1", "BCD_INPUT_2",
-                                                     "BCD_INPUT_3", "BCD_INPUT_4", "BCD_INPUT_5",
-                                                     "BCD_INPUT_6", "BCD_INPUT_7"};
   provider.ClearTable("57");
   provider.Table("57").FillToCapacity();
   const GridFields grid(provider);
@@ -274,7 +271,7 @@ void WriteReverseBCD(const ProviderRef& provider) {
     codes[static_cast<std::size_t>(number - 1)] = row.IsInput() ? GetDigitalIOActionID(row.action) : 0;
   }
   RecordNr record = 0;
-  for (const std::string_view bit : kBits) {
+  for (const std::string_view bit : kBCDInputs) {
     ++record;
     const std::int32_t code = InputAction(bit).bytActionID;
     for (std::size_t i = 0; i < codes.size(); ++i) {

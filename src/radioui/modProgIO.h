@@ -49,6 +49,10 @@ inline constexpr std::string_view kControlHead = "CH";
 /// The audio paths, as the forms call them: the receiver's and those of three microphones.
 inline constexpr std::array<std::string_view, 4> kAudioPaths = {"Rx", "Mic PTT", "EPTT1", "EPTT2"};
 inline constexpr RecordNr kReceiverPath = 1;
+/// Keys of the input actions that give the bits of a number, from the lowest.
+inline constexpr std::array<std::string_view, 8> kBCDInputs = {"BCD_INPUT_0", "BCD_INPUT_1", "BCD_INPUT_2",
+                                                               "BCD_INPUT_3", "BCD_INPUT_4", "BCD_INPUT_5",
+                                                               "BCD_INPUT_6", "BCD_INPUT_7"};
 /// Signal types of an output that reflects a key.
 inline constexpr std::string_view kMomentary = "Momentary";
 inline constexpr std::string_view kLatching = "Latching";

@@ -332,9 +332,10 @@ void CheckFlowControlPins(FinalReport& report) {
   if (!UsesHardwareFlowControl(provider)) return;
   const auto* missing = std::ranges::find_if_not(kLines, isDefined);
   if (missing == std::end(kLines)) return;
-  report.Refuse({std::string(*missing), kOnly},
-                "CTS and RTS hardware flow control lines must be defined when Command Mode, or FFSK or VHSD "
-                "Transparent Mode hardware flow control is used. Either set the CTS and RTS fields, or ensure "
-                "none of the flow controls use hardware.");
+  report.Refuse(
+      {std::string(*missing), kOnly},
+      "CTS and RTS hardware flow control lines must be defined when Command Mode, or FFSK or VHSD "
+      "Transparent Mode hardware flow control is used. Either set the CTS and RTS fields, or ensure "
+      "none of the flow controls use hardware.");
 }
 }  // namespace modvalProgIO

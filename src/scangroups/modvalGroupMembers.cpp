@@ -106,10 +106,6 @@ Variant FreeChannel(const ProviderRef& provider, RecordNr newRow) {
   return {};
 }
 
-void FillIfEmpty(const ValidatorRef& validator, const ProviderRef& provider) {
-  if (provider.Table("1119").RecordCount() > 0) return;
-  UpdateFilteredScanGroupMembersList(validator, provider, CurrentScanGroup(provider));
-}
 }  // namespace
 
 bool UpdateGroupMemberRefs(FieldEdit& edit) {
@@ -192,13 +188,11 @@ void UpdateFilteredScanGroupMembersList(const ValidatorRef& validator, const Pro
   });
 }
 
-bool MayAddMember(const ValidatorRef& validator, const ProviderRef& provider) {
-  if (provider.Table("16").RecordCount() == 0) {
-    Warn(validator, "Unable to Add Scan Group Members as there is no Scan Groups defined.");
-    return false;
-  }
-  FillIfEmpty(validator, provider);  // or the members there are would be taken for deleted
-  return true;
+bool HasGroups(const ProviderRef& provider) { return provider.Table("16").RecordCount() > 0; }
+
+void ShowMembers(const ValidatorRef& validator, const ProviderRef& provider) {
+  if (provider.Table("1119").RecordCount() > 0) return;
+  UpdateFilteredScanGroupMembersList(validator, provider, CurrentScanGroup(provider));
 }
 
 void AddGroupMembershipK6000(const ValidatorRef& validator, const ProviderRef& provider, RecordNr row) {

@@ -28,8 +28,10 @@ void UpdateUnfilteredScanGroupMembersList(const ProviderRef& provider);
 void UpdateFilteredScanGroupMembersList(const ValidatorRef& validator, const ProviderRef& provider,
                                         RecordNr group);
 
-/// Whether the group on the form may have another member.
-bool MayAddMember(const ValidatorRef& validator, const ProviderRef& provider);
+/// Whether there are any, and one may have another member.
+bool HasGroups(const ProviderRef& provider);
+/// Fills the form that has not been filled: the members there are would else be taken for deleted.
+void ShowMembers(const ValidatorRef& validator, const ProviderRef& provider);
 /// Completes a new row of the form: the first channel that is no member yet.
 void AddGroupMembershipK6000(const ValidatorRef& validator, const ProviderRef& provider, RecordNr row);
 /// Whether a row may go: a group keeps one member, and what refers to the channel follows.

@@ -26,15 +26,6 @@ std::array<RecordBlocks, 4> Companions(const ProviderRef& provider) {
            {"49", modFreeFormat::kSequencesPerSystem}}};
 }
 
-/// Gives the records what new ones hold.
-void Blank(const TableRef& table, RecordNr first, RecordNr last) {
-  if (first > last) return;
-  for (const FieldRef& field : table.Fields().NewEnum()) {
-    const Variant standard = field.Default();
-    for (RecordNr record = first; record <= last; ++record) field.SetValue(record, standard);
-  }
-}
-
 /// `newSystem` gives the new index of a system for its old one, both from 0, and -1 for none.
 template <typename NewSystem>
 void MoveBurstPointers(const ProviderRef& provider, const NewSystem& newSystem) {
@@ -98,14 +89,12 @@ void BringToneSet(const ProviderRef& provider, RecordNr system) {
 }
 }  // namespace
 
-void AppendCompanions(const ProviderRef& provider) {
+void AppendCompanions(const ValidatorRef&, const ProviderRef& provider) {
   const ScopedAutoUpdate silent(provider, false);
-  const RecordNr system = provider.Table("29").RecordCount() + 1;
+  const RecordNr systems = provider.Table("29").RecordCount();
   for (const RecordBlocks& blocks : Companions(provider)) {
-    const TableRef table = provider.Table(blocks.table);
-    const RecordNr before = table.RecordCount();
-    CompleteBlocks(provider, blocks, system);
-    Blank(table, blocks.First(system), std::min(before, blocks.CountFor(system)));
+    AlignBlocks(provider, blocks, systems);
+    CompleteBlocks(provider, blocks, systems + 1);
   }
 }
 

@@ -5,9 +5,9 @@
 /// The records of a Selcall system. Record n of tables 31 and 48, a block of table 30 and seven records of
 /// table 49 belong to record n of table 29: they come, go and move together.
 namespace modSelcallRecords {
-/// Gives a system that is about to come its companions. Tables that are too short for the systems there are
-/// get what they lack, and a block that lies behind the last system is blanked for the new one.
-void AppendCompanions(const ProviderRef& provider);
+/// Gives a system that is about to come its companions. Tables that do not go with the systems there are, are
+/// made to go with them first.
+void AppendCompanions(const ValidatorRef& validator, const ProviderRef& provider);
 /// Completes the new system `record`, whose companions stand: a free number, which they take too, numbered
 /// slots, empty sequences, the tone set of its record. The forms reload their list.
 void AddSelcall6000(const ValidatorRef& validator, const ProviderRef& provider, RecordNr record);

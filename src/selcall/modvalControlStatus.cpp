@@ -199,13 +199,9 @@ bool ValidateControlStatusType(FieldEdit& edit) {
   });
 }
 
-bool MayAddControlStatus(const ValidatorRef& validator, const ProviderRef& provider) {
-  const std::string format = CStr(StoredValue(provider, "RxFormat_k6k", CurrentSelcallSystem(provider)));
-  if (format.find('S') != std::string::npos) return true;
-  Warn(validator,
-       "There is no 'S' burst present in the Rx Format for the current signalling system. Please add an 'S' "
-       "burst before adding a control status.");
-  return false;
+bool HasStatusBurst(const ProviderRef& provider) {
+  const RecordNr system = CurrentSelcallSystem(provider);
+  return CStr(StoredValue(provider, "RxFormat_k6k", system)).find('S') != std::string::npos;
 }
 
 void AddControlStatus(const ValidatorRef&, const ProviderRef& provider, RecordNr record) {

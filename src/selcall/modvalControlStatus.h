@@ -29,7 +29,7 @@ bool ValidateControlStatusForm(const ValidatorRef& validator);
 /// The type of a status, which no other one on the form has: on consent the other one takes its old type.
 bool ValidateControlStatusType(FieldEdit& edit);
 /// Whether the system on the form receives statuses at all.
-bool MayAddControlStatus(const ValidatorRef& validator, const ProviderRef& provider);
+bool HasStatusBurst(const ProviderRef& provider);
 /// Completes a new status on the form: the lowest value from 1 and the lowest type from 0 that are free.
 void AddControlStatus(const ValidatorRef& validator, const ProviderRef& provider, RecordNr record);
 /// Before a save: the statuses of all systems are in range, and none stands twice.

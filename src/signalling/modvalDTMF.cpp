@@ -93,6 +93,32 @@ void DeletePresets(const ProviderRef& provider, const Variant& number) {
   }
 }
 
+void GivePreset(const ProviderRef& provider, RecordNr preset, const Variant& number) {
+  provider.Field(kPresetOwner).SetValue(preset, number);
+  provider.Field("65.SortOrder").SetValue(preset, preset);
+  provider.Field("65.DTMFChannelPresetSequenceUI").SetValue(preset, "");
+}
+
+/// Presets of a system that is not there would go to the next new one, and one with too few can not be edited
+/// in all its rows.
+void AlignPresets(const ProviderRef& provider) {
+  const TableRef table = provider.Table("65");
+  table.FillTo(modDTMF::kFirstPreset - 1);
+  const FieldRef owners = provider.Field(kPresetOwner);
+  const FieldRef numbers = provider.Field(kIdentity);
+  for (RecordNr preset = table.RecordCount(); preset >= modDTMF::kFirstPreset; --preset) {
+    if (modProjectGlobals::FindRecord(numbers, owners.Value(preset)) == 0) table.DeleteRecord(preset);
+  }
+  for (const Variant& number : numbers.Values()) {
+    const std::vector<Variant> all = owners.Values();
+    auto own = std::count_if(all.begin() + modDTMF::kFirstPreset - 1, all.end(),
+                             [&](const Variant& owner) { return SameValue(owner, number); });
+    for (; own < kPresetsPerSystem && table.RecordCount() < table.MaxRecords(); ++own) {
+      GivePreset(provider, table.AppendRecord(), number);
+    }
+  }
+}
+
 /// The system that the forms show once `gone` of so many is deleted, by its record until then; 0 for none.
 RecordNr HeirOf(RecordNr current, RecordNr gone, RecordNr count) {
   if (current != gone) return current;
@@ -135,11 +161,11 @@ bool ValidateDTMFForm(const ValidatorRef& validator) {
   });
 }
 
-bool AddPresets(const ValidatorRef&, const ProviderRef& provider) {
+void AppendPresets(const ValidatorRef&, const ProviderRef& provider) {
   const ScopedAutoUpdate silent(provider, false);
+  AlignPresets(provider);
   const TableRef presets = provider.Table("65");
   for (RecordNr added = 0; added < kPresetsPerSystem; ++added) presets.AppendRecord();
-  return true;
 }
 
 void AddDTMF6000(const ValidatorRef& validator, const ProviderRef& provider, RecordNr record) {
@@ -152,10 +178,7 @@ void AddDTMF6000(const ValidatorRef& validator, const ProviderRef& provider, Rec
     const RecordNr last = owners.RecordCount();
     for (RecordNr preset = modDTMF::kFirstPreset; preset <= last; ++preset) {
       const Variant owner = owners.Value(preset);
-      if (IsNumeric(owner) && !SameValue(owner, 0)) continue;
-      owners.SetValue(preset, number);
-      provider.Field("65.SortOrder").SetValue(preset, preset);
-      provider.Field("65.DTMFChannelPresetSequenceUI").SetValue(preset, "");
+      if (!IsNumeric(owner) || SameValue(owner, 0)) GivePreset(provider, preset, number);
     }
     FormWrites writes(validator);
     writes.Set(kCurrentSystem, kOnly, record);

@@ -14,8 +14,9 @@ bool ValidatePresetSequence(FieldEdit& edit);
 
 /// Never refuses.
 bool ValidateDTMFForm(const ValidatorRef& validator);
-/// Gives a system that is about to come its presets, at the end of their table.
-bool AddPresets(const ValidatorRef& validator, const ProviderRef& provider);
+/// Gives a system that is about to come its presets, at the end of their table. What belongs to no system
+/// goes first, and a system that lacks presets gets them.
+void AppendPresets(const ValidatorRef& validator, const ProviderRef& provider);
 /// Completes the new system `record`: a free number, empty sequences, the presets that belong to nobody. The
 /// forms turn to it.
 void AddDTMF6000(const ValidatorRef& validator, const ProviderRef& provider, RecordNr record);

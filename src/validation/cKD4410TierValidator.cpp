@@ -1,6 +1,5 @@
 #include "validation/cKD4410TierValidator.h"
 
-#include "common/Grids.h"
 #include "common/ValidatorRef.h"
 #include "platform/Border.h"
 #include "validation/modvalEnablement.h"
@@ -33,14 +32,14 @@ Status cKD4410TierValidator::Guarded(Boolean& out, Rule rule) {
 Status cKD4410TierValidator::AddRecord(std::string_view gridName, std::shared_ptr<Iprovider> provider,
                                        Boolean& out) {
   return Guarded(out, [&](const ValidatorRef& validator) {
-    return modvalRecords::AddRecord(validator, Grids::TableOf(gridName), ProviderRef(provider));
+    return modvalRecords::AddRecord(validator, gridName, ProviderRef(provider));
   });
 }
 
 Status cKD4410TierValidator::DeleteRecord(std::string_view gridName, RecordNr record,
                                           std::shared_ptr<Iprovider>, Boolean& out) {
   return Guarded(out, [&](const ValidatorRef& validator) {
-    return modvalRecords::DeleteRecord(validator, Grids::TableOf(gridName), record);
+    return modvalRecords::DeleteRecord(validator, gridName, record);
   });
 }
 

@@ -1,7 +1,6 @@
 #include "validation/modvalControlHead.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 #include <vector>
 
@@ -25,15 +24,13 @@ constexpr std::string_view kChannels =
     "will be limited to channels with an ID in the range 0 to %4:S.%5:S%6:S";
 constexpr std::string_view kEmergencyChannel =
     "%0:S%1:SAn emergency channel value of '%2:S' is not valid for the attached radio. Emergency mode may "
-    "not "
-    "work as expected.%3:S%4:S";
+    "not work as expected.%3:S%4:S";
 constexpr std::string_view kHomeChannel =
     "%0:S%1:SA programmable I/O home channel ID of '%2:S' is not valid for the attached radio. Programmable "
     "I/O channel selection may not work as expected.%3:S%4:S";
 constexpr std::string_view kPresetChannel =
     "%0:S%1:SA programmable I/O preset channel ID of '%2:S' is not valid for the attached radio. "
-    "Programmable "
-    "I/O channel selection may not work as expected.%3:S%4:S";
+    "Programmable I/O channel selection may not work as expected.%3:S%4:S";
 constexpr std::string_view kPresetGroup =
     "%0:S%1:SA programmable I/O preset group ID of '%2:S' is not valid for the attached radio. Programmable "
     "I/O group selection may not work as expected.%3:S%4:S";
@@ -45,15 +42,13 @@ constexpr std::string_view kPresetTxChannel =
     "may not work as expected.%3:S%4:S";
 constexpr std::string_view kGroupMember =
     "%0:S%1:SA group member with a channel ID '%2:S' is not valid for the attached radio. Group operation "
-    "may "
-    "not work as expected.%3:S%4:S";
+    "may not work as expected.%3:S%4:S";
 constexpr std::string_view kGPSChannel =  // "work at expected" is wanted so
     "%0:S%1:SA GPS channel ID of '%2:S' is not valid for the attached radio. GPS operation may not work at "
     "expected.%3:S%4:S";
 constexpr std::string_view kBCDLines =
     "%0:S%1:SChannel IDs in the range %2:S to %3:S are not valid via programmable I/O BCD lines. "
-    "Programmable "
-    "I/O channel selection may not work as expected.%4:S%5:S";
+    "Programmable I/O channel selection may not work as expected.%4:S%5:S";
 
 class PelicanWalk {
  public:
@@ -158,17 +153,14 @@ class PelicanWalk {
 
   /// With fewer than all lines the radio reaches no number above 9 anyway.
   void CheckBCDLines() {
-    constexpr std::array<std::string_view, 8> kLines = {"BCD_INPUT_0", "BCD_INPUT_1", "BCD_INPUT_2",
-                                                        "BCD_INPUT_3", "BCD_INPUT_4", "BCD_INPUT_5",
-                                                        "BCD_INPUT_6", "BCD_INPUT_7"};
     if (!GoesOn()) return;
     const std::vector<Variant> actions = provider_.Field("DigitalIOAction").Values();
     const auto isLine = [&](const Variant& action) {
-      return std::ranges::any_of(kLines, [&](std::string_view line) {
+      return std::ranges::any_of(modProgIO::kBCDInputs, [&](std::string_view line) {
         return ReadsAs(action, modProgIO::InputAction(line).strName);
       });
     };
-    if (std::ranges::count_if(actions, isLine) < std::ssize(kLines)) return;
+    if (std::ranges::count_if(actions, isLine) < std::ssize(modProgIO::kBCDInputs)) return;
     Ask(kBCDLines, {std::to_string(kHighest + 1), HighestChannel()});
   }
 

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "host/IfinalRules.h"
 #include "platform/Conversions.h"
 #include "platform/Locale.h"
 #include "tests/support/TierFixture.h"
@@ -153,6 +155,15 @@ class ChannelFixture : public TierFixture {
     Boolean result = kFalse;
     EXPECT_TRUE(Validator()->RunFinalValidation(result).Ok());
     return result != kFalse;
+  }
+  /// One rule of the walk by itself, by its name.
+  bool FinalRule(std::string_view name) {
+    auto& rules = dynamic_cast<IfinalRules&>(*Validator());
+    FinalOutcome outcome;
+    for (std::int32_t number = 1; outcome.name != name; ++number) {
+      if (!rules.RunFinalRule(number, outcome).Ok()) throw std::out_of_range("there is no such rule");
+    }
+    return outcome.passed != kFalse;
   }
   bool LeaveForm(std::string_view form, bool refresh) {
     Boolean result = kFalse;

@@ -390,7 +390,7 @@ TEST_F(KeyRules, AKeyThatScansHasChannelsToScanBeforeASave) {
   GiveNetworks({0});
   const auto told = [&] {
     messenger.Clear();
-    return FinalValidation() ? std::string() : Boxes().back();
+    return FinalRule("ValidateFunctionKeyFinalValidation") ? std::string() : Boxes().back();
   };
   const auto group = [&](int type, int hidden, int current) {
     provider.Set("ScanType_k6k", 2, type);
@@ -406,10 +406,12 @@ TEST_F(KeyRules, AKeyThatScansHasChannelsToScanBeforeASave) {
   SetKey(1, 11, "202");  // does not scan
   SetKey(2, 12, "201");  // has two members
   group(0, 0, 0);
-  EXPECT_EQ(told(),
+  EXPECT_FALSE(FinalRule("21"));
+  EXPECT_EQ(Boxes().back(),
             "48|Caption Error|One or more function keys are set to Encryption.  Global Encryption must also "
             "be Enabled.|");
   provider.Set("GlobalEncryption", 1, 1);
+  EXPECT_TRUE(FinalRule("21"));
   EXPECT_EQ(told(), "");
   SetKey(4, 31, "202");  // has one
   EXPECT_THAT(told(), other);

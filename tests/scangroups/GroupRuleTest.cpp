@@ -235,16 +235,16 @@ TEST_F(GroupRules, AMemberThatGoesOrChangesTakesWhatRefersToItAlong) {
 TEST_F(GroupRules, ARadioThatHidesAllChannelsStartsWithAGroupAndScansOn) {
   GiveMembers({{101, 11}, {101, 12}, {101, 13}, {101, 14}});
   provider.Set("16.HiddenChannels", 1, 1);
-  EXPECT_TRUE(FinalValidation());
+  EXPECT_TRUE(FinalRule("ValidateHiddenChannels"));
   GiveMembers({{101, 11}, {101, 12}, {101, 13}, {101, 14}, {102, 11}, {101, 15}});
-  EXPECT_FALSE(FinalValidation());
+  EXPECT_FALSE(FinalRule("ValidateHiddenChannels"));
   EXPECT_THAT(messenger.Texts().back(),
               testing::StartsWith("When all of the Channels are included as Scan Group"));
   provider.Set("GroupActivityOnPowerUp_k6k", 1, 1);
-  EXPECT_TRUE(FinalValidation());
+  EXPECT_TRUE(FinalRule("ValidateHiddenChannels"));
   provider.Set("StopScanOnPTT_k6k", 1, 1);
-  EXPECT_FALSE(FinalValidation());
+  EXPECT_FALSE(FinalRule("ValidateHiddenChannels"));
   provider.Set("16.HiddenChannels", 1, 0);
-  EXPECT_TRUE(FinalValidation());
+  EXPECT_TRUE(FinalRule("ValidateHiddenChannels"));
 }
 }  // namespace

@@ -135,16 +135,24 @@ TEST_F(DTMFRules, ASystemInUseStays) {
   EXPECT_EQ(Stored() + "|" + Shown(), "x 12 56|12 56");
 }
 
-TEST_F(DTMFRules, ANewSystemTakesThePresetsOfNobody) {
-  provider.Set("65.DTMFChannelPresetSeqSigSysID", 3, "");
+TEST_F(DTMFRules, ANewSystemGetsItsPresetsAndTheOthersWhatTheyLack) {
+  provider.Set("65.DTMFChannelPresetSeqSigSysID", 3, "");  // of nobody
   provider.Fill("DTMFPresetSequence", {"77", "88"});
   Add("DTMF", 64);
   EXPECT_EQ(Column("DTMFNetworkSigSystemID") + " at " + Text("CurrentDTMFNr"), "4 9 1 at 3");
-  EXPECT_EQ(provider.Count(65), 15);
-  EXPECT_EQ(Text("65.DTMFChannelPresetSequenceUI", 2), "77") << "the form's presets were brought back";
-  EXPECT_EQ(provider.Count(1098), 11) << "its ten, and one of nobody";
-  EXPECT_EQ(Text("65.SortOrder", 15) + Text("65.DTMFChannelPresetSequenceUI", 3) + Text("DTMFANISequence", 3),
-            "15");
+  EXPECT_EQ(Stored().substr(0, 8), "x 77 88 ") << "the form's presets were brought back, nobody's is gone";
+  const auto owned = [&](const char* system) {
+    RecordNr count = 0;
+    for (RecordNr preset = 2; preset <= provider.Count(65); ++preset) {
+      if (Text("65.DTMFChannelPresetSeqSigSysID", preset) == system) ++count;
+    }
+    return count;
+  };
+  EXPECT_THAT((std::vector{owned("4"), owned("9"), owned("1")}), ElementsAre(10, 10, 10));
+  EXPECT_EQ(provider.Count(65), 31);
+  EXPECT_EQ(provider.Count(1098), 10);
+  EXPECT_EQ(Text("65.SortOrder", 31) + Text("65.DTMFChannelPresetSequenceUI", 31) + Text("DTMFANISequence", 3),
+            "31");
 }
 
 /// Random edits of systems and presets against a plain model.

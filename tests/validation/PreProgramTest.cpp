@@ -12,8 +12,7 @@ std::string Asked(std::string_view text, std::string_view values) {
 
 const std::string kNoChannel = Asked(
     "Only channels with an ID in the range 0 to %2:S are valid for the attached radio. At least one channel "
-    "must "
-    "be in this range for the radio to work as expected.%3:S%4:S",
+    "must be in this range for the radio to work as expected.%3:S%4:S",
     "9");
 const std::string kSomeChannels = Asked(
     "Channel IDs in the range %2:S to %3:S are not valid for the attached radio. Channel selection will be "
@@ -97,8 +96,7 @@ TEST_F(PreProgram, EachSettingHasItsQuestionInTheOrderOfTheWalk) {
   }
   const std::string emergency = Asked(
       "An emergency channel value of '%2:S' is not valid for the attached radio. Emergency mode may not work "
-      "as "
-      "expected.%3:S%4:S",
+      "as expected.%3:S%4:S",
       "16");  // the channels of the second network fail, too
   std::vector<std::string> all = {
       kSomeChannels,
@@ -108,8 +106,7 @@ TEST_F(PreProgram, EachSettingHasItsQuestionInTheOrderOfTheWalk) {
       Pin("preset group", "group", "23"),
       Group("10"),
       Asked("A group with a preset Tx channel ID '%2:S' is not valid for the attached radio. Group operation "
-            "may "
-            "not work as expected.%3:S%4:S",
+            "may not work as expected.%3:S%4:S",
             "13"),
       Asked(
           "A group member with a channel ID '%2:S' is not valid for the attached radio. Group operation may "

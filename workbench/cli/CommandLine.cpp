@@ -26,9 +26,10 @@ void AddOptions(CLI::App& app, Options& options) {
   app.add_option("--tier", options.tier, "The library of the tier (else the registered or installed one)")
       ->type_name("PATH");
   app.add_option("--data", options.data, "The folder of the data files and the schema")->type_name("DIR");
-  app.add_option("--answer", options.answer,
-                 "Answers to questions: yes, no, or a file with one answer a line. Without it they are asked "
-                 "on a terminal; elsewhere the answer is no")
+  app.add_option(
+         "--answer", options.answer,
+         "Answers to questions: yes, no, cancel (where a question offers it), or a file with one answer "
+         "a line. Without it they are asked on a terminal; elsewhere the answer is no")
       ->type_name("yes|no|FILE");
   for (const Forms::Current& current : Forms::Currents()) {
     app.add_option("--" + std::string(current.word), options.shown[current.word],

@@ -68,7 +68,7 @@ Json JsonOf(const std::vector<Shown>& boxes) {
   Json list = Json::List();
   for (const Shown& box : boxes) {
     Json message = {{"kind", ::NameOf(KindOf(box))}, {"text", box.text}};
-    if (IsQuestion(box.style)) message["answer"] = box.answer == Button::Yes ? "Yes" : "No";
+    if (IsQuestion(box.style)) message["answer"] = NameOf(box.answer);
     list.Add(std::move(message));
   }
   return list;

@@ -9,7 +9,7 @@ std::vector<const Verb*>& Known() {
   return known;
 }
 
-std::string_view NameOf(const Verb* verb) { return verb->About().name; }
+std::string_view VerbName(const Verb* verb) { return verb->About().name; }
 }  // namespace
 
 Verb::Verb(Text text, std::function<Action(Words&)> take) : text_(text), take_(std::move(take)) {
@@ -18,8 +18,8 @@ Verb::Verb(Text text, std::function<Action(Words&)> take) : text_(text), take_(s
 
 std::vector<const Verb*> Verb::All() {
   std::vector<const Verb*> verbs = Known();
-  std::ranges::sort(verbs, {}, NameOf);
+  std::ranges::sort(verbs, {}, VerbName);
   return verbs;
 }
 
-bool Verb::Exists(std::string_view name) { return std::ranges::find(Known(), name, NameOf) != Known().end(); }
+bool Verb::Exists(std::string_view name) { return std::ranges::find(Known(), name, VerbName) != Known().end(); }

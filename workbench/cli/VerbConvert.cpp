@@ -107,7 +107,7 @@ void PrintHop(const Session& session, const Hop& hop, std::ostream& out) {
   out << hop.from << " -> " << hop.to << (hop.accepted ? "\n" : ": refused\n");
   for (const Shown& box : hop.messages) {
     out << "  " << NameOf(KindOf(box)) << ": " << OneLine(box.text);
-    if (IsQuestion(box.style)) out << " (answered " << (box.answer == Button::Yes ? "Yes)" : "No)");
+    if (IsQuestion(box.style)) out << " (answered " << NameOf(box.answer) << ')';
     out << '\n';
   }
   if (!hop.accepted) return;

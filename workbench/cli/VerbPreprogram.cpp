@@ -72,8 +72,7 @@ const Verb kPreprogram(
      .details =
          "RADIO is an object of texts, each of which may be missing: model, databaseVersion, serialNumber, "
          "firmware,\nhardware, band, controlHead (KDAC1, KDAC2, KDAC4, KDAC5), controlHeadFirmware. A model "
-         "or "
-         "database version\nthat differs is told. Exit code: 0 after Yes and No, 1 after Cancel."},
+         "or database version\nthat differs is told. Exit code: 0 after Yes and No, 1 after Cancel."},
     Take, Preprogram);
 
 }  // namespace

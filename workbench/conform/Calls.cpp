@@ -303,7 +303,7 @@ std::string TroubleOf(const Call& call, const Answer& answer) {
   if (answer.boxes.size() < static_cast<std::size_t>(answer.terminations)) {
     return "it ended the application without a box";
   }
-  if (answer.fault) return answer.IsUnsupported() || !call.isLegal ? "" : answer.Text();
+  if (answer.fault) return call.isLegal ? answer.Text() : "";
   if (answer.result != kTrue && answer.result != kFalse) {
     return std::to_string(answer.result) + " is no flag";
   }

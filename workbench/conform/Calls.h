@@ -48,7 +48,6 @@ struct Answer {
   /// What the user and the forms were told, and what changed; made only by `Trail`.
   std::string trail;
 
-  bool IsUnsupported() const { return fault && fault->number == ErrorNumber::kNotSupported; }
   std::string Text() const;
 };
 

@@ -21,7 +21,7 @@ struct RandomSession {
 
 /// Opens a tier on a copy of the personality, which is on its forms already, and lets a host make up to
 /// `steps` calls on it: edits, new and deleted records, conversions, lists, states, forms, checks of a save.
-/// A legal call has to succeed, or not to be supported (445). One with an unknown name, a record that is not
+/// A legal call has to succeed. One with an unknown name, a record that is not
 /// there or a value that no control lets through may end the application, in good order; what it wrote is
 /// taken back, and the calls behind it have to work. None leaves an exception or another AutoUpdate behind.
 /// At the end the content is saved, read again and compared. The next trouble ends the session.

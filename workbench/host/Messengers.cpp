@@ -52,20 +52,6 @@ std::optional<Button> ButtonOf(std::string_view word) {
   return found->second;
 }
 
-std::string_view NameOf(Button button) {
-  switch (button) {
-    case Button::Ok:
-      return "OK";
-    case Button::Cancel:
-      return "Cancel";
-    case Button::Yes:
-      return "Yes";
-    case Button::No:
-      return "No";
-  }
-  return "";
-}
-
 /// Whether the box of a question has the button.
 bool Offers(std::int32_t style, Button button) {
   return button == Button::Yes || button == Button::No ||
@@ -97,6 +83,20 @@ std::vector<Button> ReadAnswers(const std::string& path) {
   return buttons;
 }
 }  // namespace
+
+std::string_view NameOf(Button button) {
+  switch (button) {
+    case Button::Ok:
+      return "OK";
+    case Button::Cancel:
+      return "Cancel";
+    case Button::Yes:
+      return "Yes";
+    case Button::No:
+      return "No";
+  }
+  return "";
+}
 
 std::string FillTemplate(std::string_view text, std::string_view parameters) {
   const auto values = SplitParameters(parameters);
@@ -203,8 +203,9 @@ Answers Answers::InTurn(std::vector<Button> buttons) {
 }
 
 Answers Answers::Of(const std::string& argument) {
-  if (EqualsIgnoringCase(argument, "yes")) return Always(Button::Yes);
-  if (EqualsIgnoringCase(argument, "no")) return Always(Button::No);
+  for (const Button button : {Button::Yes, Button::No, Button::Cancel}) {
+    if (EqualsIgnoringCase(argument, NameOf(button))) return Always(button);
+  }
   return InTurn(ReadAnswers(argument));
 }
 

@@ -19,6 +19,8 @@ std::string FillTemplate(std::string_view text, std::string_view parameters);
 
 /// Whether a box of the style waits for more than OK.
 bool IsQuestion(std::int32_t style);
+/// "OK", "Cancel", "Yes", "No".
+std::string_view NameOf(Button button);
 
 /// A message box as it was shown.
 struct Shown {
@@ -105,8 +107,8 @@ class Answers {
   static Answers Always(Button button);
   /// One after the other, then No.
   static Answers InTurn(std::vector<Button> buttons);
-  /// "yes", "no", or the name of a file with "yes", "no" or "cancel" on each line. Throws a FileError for a
-  /// file that can not be read or has another line.
+  /// "yes", "no", "cancel", or the name of a file with "yes", "no" or "cancel" on each line. Throws a
+  /// FileError for a file that can not be read or has another line.
   static Answers Of(const std::string& argument);
 
   bool AreGiven() const { return given_; }

@@ -11,6 +11,7 @@
 #include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
+#include "workbench/store/RecordKeys.h"
 #include "workbench/store/ValueLists.h"
 #include "workbench/store/ValueText.h"
 
@@ -53,6 +54,7 @@ void PersonalityCheck::CheckLimits() {
   for (const SchemaField& field : session_.Content().GetSchema().Fields()) CheckLimits(field);
   CheckRings();
   CheckPresets();
+  CheckCompanions();
 }
 
 void PersonalityCheck::CheckRings() {
@@ -75,6 +77,25 @@ void PersonalityCheck::CheckRings() {
     finding.kind = FindingKind::Warning;
     finding.text =
         "The members of the group are linked in another order than they stand; a save links them anew.";
+    Add(std::move(finding));
+  }
+}
+
+void PersonalityCheck::CheckCompanions() {
+  const Provider& content = session_.Content();
+  for (const SchemaTable& table : content.GetSchema().Tables()) {
+    const std::optional<RecordNr> needed = RecordKeys::NeededRecords(content, table);
+    const RecordNr count = content.Count(table);
+    if (!needed || count == *needed) continue;
+    Finding finding;
+    finding.rule = "companions";
+    finding.label = table.title;
+    finding.table = table.number;
+    finding.record = std::min(count, *needed) + 1;
+    finding.kind = FindingKind::Warning;
+    finding.text = "The table has " + CStr(count) + " records, and " + CStr(*needed) + " belong to it; " +
+                   (count < *needed ? "those that lack are taken as new ones."
+                                    : "those behind are not read, and go when one is added.");
     Add(std::move(finding));
   }
 }
@@ -351,7 +372,7 @@ void PersonalityCheck::Collect(const Finding& origin, bool accepted, std::string
 void PersonalityCheck::Tell(Finding finding, const Shown& box) {
   finding.kind = KindOf(box);
   finding.text = box.text;
-  if (IsQuestion(box.style)) finding.answer = box.answer == Button::Yes ? "Yes" : "No";
+  if (IsQuestion(box.style)) finding.answer = NameOf(box.answer);
   Add(std::move(finding));
 }
 

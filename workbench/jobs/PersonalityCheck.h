@@ -30,8 +30,9 @@ FindingKind KindOf(const Shown& box);
 struct Finding {
   FindingKind kind = FindingKind::Error;
   /// The UIID whose rule spoke, "range" for the schema's limits, "number" for one that is in use, "chain" for
-  /// the members of a group and how they are linked, "presets" for those of DTMF, "forms" for what the forms
-  /// did not take, "form NAME" for the check of a form, "final NAME" for a rule of a save.
+  /// the members of a group and how they are linked, "presets" for those of DTMF, "companions" for a table
+  /// that does not keep step with its owners', "forms" for what the forms did not take, "form NAME" for the
+  /// check of a form, "final NAME" for a rule of a save.
   std::string rule;
   std::string label;
   std::int32_t table = -1;  // -1: no single record
@@ -39,7 +40,7 @@ struct Finding {
   std::string identity;  // the number that a person knows the record by (a channel's); empty for none
   std::optional<std::string> value;  // of the field; a form has none
   std::string text;
-  std::string answer;  // to a question, "Yes" or "No"
+  std::string answer;  // to a question: "Yes", "No", "Cancel"
 };
 
 /// Keeps the messages of the rules while a check runs. Questions are answered as told, else Yes: a check
@@ -74,6 +75,8 @@ class PersonalityCheck {
   void CheckLimits(const SchemaField& field);
   /// The ring of each group, which the radio follows, against the order of its members, which counts.
   void CheckRings();
+  /// Tables that keep step with another one.
+  void CheckCompanions();
   /// Of the DTMF systems, and what channels point at among them.
   void CheckPresets();
   void CheckMembers(RecordNr group, const std::vector<RecordNr>& members);

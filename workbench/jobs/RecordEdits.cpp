@@ -99,11 +99,22 @@ std::string FullGroupRefusal(const Provider& content, const SchemaTable& shown) 
   return "every channel is a member of the group";
 }
 
-/// Each DTMF system has ten presets among those of all.
+/// Each DTMF system has ten presets among those of all, or more in a damaged file; the first record belongs
+/// to none.
 std::string FullPresetsRefusal(const Provider& content) {
   constexpr RecordNr kPresetsPerSystem = 10;
+  const SchemaField& number = content.FieldOf("64.DTMFNetworkSigSystemID");
+  const SchemaField& owner = content.FieldOf("65.DTMFChannelPresetSeqSigSysID");
   const SchemaTable& presets = *content.GetSchema().FindTable(kPresets);
-  const bool isFull = content.Count(presets) + kPresetsPerSystem > presets.maximum;
+  RecordNr needed = 1 + kPresetsPerSystem;
+  for (RecordNr system = 1; system <= content.Count(number.table); ++system) {
+    RecordNr own = 0;
+    for (RecordNr preset = 2; preset <= content.Count(presets); ++preset) {
+      if (SameValue(content.Get(owner, preset), content.Get(number, system))) ++own;
+    }
+    needed += std::max(own, kPresetsPerSystem);
+  }
+  const bool isFull = needed > presets.maximum;
   return isFull ? AtMost(content.GetSchema(), presets) + ", and a system needs " + CStr(kPresetsPerSystem)
                 : std::string();
 }

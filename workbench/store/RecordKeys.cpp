@@ -52,6 +52,11 @@ constexpr ParallelTable kParallel[] = {
     {31, 29}, {48, 29}, {63, 64}, {38, 37}, {30, 29, 51, 1, 89}, {30, 29, 141, 1},
 };
 
+/// Told apart by their keys, and laid out in blocks all the same.
+constexpr ParallelTable kKeyedBlocks[] = {{49, 29, 7}};
+/// Every save lays these out for the records there are.
+constexpr std::int32_t kFollowers[] = {7, 38, 51, 63};
+
 constexpr KeyedTable kKeyed[] = {
     {16,  0, {"16.GroupIdentity"}},
     {18, 16, {"18.GroupIDNumber", "18.GroupChannelRecordNum"}},
@@ -199,6 +204,14 @@ bool RecordKeys::AwaitsFirstSave(const Provider& stored, const SchemaTable& tabl
     }
   }
   return true;
+}
+
+std::optional<RecordNr> RecordKeys::NeededRecords(const Provider& stored, const SchemaTable& table) {
+  if (std::ranges::find(kFollowers, table.number) != std::end(kFollowers)) return {};
+  const ParallelTable* blocks = ParallelOf(stored.GetSchema(), table.number);
+  if (blocks == nullptr) blocks = RowOf(kKeyedBlocks, table.number);
+  if (blocks == nullptr) return {};
+  return blocks->ownerless + blocks->each * stored.Count(blocks->owner);
 }
 
 const SchemaTable* RecordKeys::OwnerOf(const SchemaTable& table) const {

@@ -49,6 +49,9 @@ class RecordKeys {
   static bool IsFilledByFirstSave(const SchemaTable& table);
   /// Such a table has its records, and all of them are still as new ones are.
   static bool AwaitsFirstSave(const Provider& stored, const SchemaTable& table);
+  /// How many records the table needs for those that it keeps step with (a network's, a Selcall system's); no
+  /// value for a table that keeps step with none, or by a save alone.
+  static std::optional<RecordNr> NeededRecords(const Provider& stored, const SchemaTable& table);
 
  private:
   struct TableKeys {

