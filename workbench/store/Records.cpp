@@ -55,11 +55,28 @@ std::vector<std::size_t> SortedOrder(const std::vector<std::vector<SortValue>>& 
 }
 }  // namespace
 
+void TableContent::CloseUp() {
+  for (auto& values : columns) {
+    auto next = gone.rbegin();
+    std::size_t to = *next;
+    for (std::size_t place = to; place < values.size(); ++place) {
+      const bool isGone = next != gone.rend() && *next == place;
+      if (isGone)
+        ++next;
+      else
+        values[to++] = std::move(values[place]);
+    }
+    values.resize(to);
+  }
+  gone.clear();
+  inPlace = count;
+}
+
 Records::Records(std::shared_ptr<const Schema> schema) : schema_(std::move(schema)) {
   tables_.resize(schema_->Tables().size());
   for (const SchemaTable& table : schema_->Tables()) {
     TableContent& content = tables_[table.index];
-    content.count = table.minimum;
+    content.count = content.inPlace = table.minimum;
     content.columns.reserve(table.fieldCount);
     for (const SchemaField& field : schema_->FieldsOf(table)) {
       content.columns.emplace_back(static_cast<std::size_t>(table.minimum), field.standard);
@@ -67,20 +84,19 @@ Records::Records(std::shared_ptr<const Schema> schema) : schema_(std::move(schem
   }
 }
 
-std::size_t Records::IndexOf(const SchemaField& field, RecordNr record) const {
-  const RecordNr count = tables_[field.tableIndex].count;
-  if (record < 1 || record > count) [[unlikely]] {
-    RaiseNoRecord(field.id, record, count);
+Variant& Records::Cell(const SchemaField& field, RecordNr record) const {
+  TableContent& content = tables_[field.tableIndex];
+  if (record < 1 || record > content.inPlace) [[unlikely]] {
+    if (record < 1 || record > content.count) RaiseNoRecord(field.id, record, content.count);
+    content.CloseUp();
   }
-  return static_cast<std::size_t>(record - 1);
+  return content.columns[ColumnOf(field)][static_cast<std::size_t>(record - 1)];
 }
 
-const Variant& Records::Get(const SchemaField& field, RecordNr record) const {
-  return Values(field)[IndexOf(field, record)];
-}
+const Variant& Records::Get(const SchemaField& field, RecordNr record) const { return Cell(field, record); }
 
 void Records::Set(const SchemaField& field, RecordNr record, Variant value) {
-  Variant& cell = tables_[field.tableIndex].columns[ColumnOf(field)][IndexOf(field, record)];
+  Variant& cell = Cell(field, record);
   if (listener_ != nullptr) listener_->BeforeCell(field, record, std::move(cell));
   ++changes_;
   cell = std::move(value);
@@ -89,7 +105,7 @@ void Records::Set(const SchemaField& field, RecordNr record, Variant value) {
 void Records::Take(const SchemaField& field, RecordNr record, const Variant& value) {
   const auto* array = std::get_if<ArrayObject>(&value);
   if (array == nullptr || *array == nullptr) return Set(field, record, value);
-  Variant& cell = tables_[field.tableIndex].columns[ColumnOf(field)][IndexOf(field, record)];
+  Variant& cell = Cell(field, record);
   const auto* own = std::get_if<ArrayObject>(&cell);
   const bool isReusable = listener_ == nullptr && own != nullptr && own->use_count() == 1;
   if (!isReusable) return Set(field, record, ArrayObject(std::make_shared<XArrayDBObject>(**array)));
@@ -99,13 +115,13 @@ void Records::Take(const SchemaField& field, RecordNr record, const Variant& val
 
 void Records::Restore(const SchemaField& field, RecordNr record, Variant value) {
   ++changes_;
-  tables_[field.tableIndex].columns[ColumnOf(field)][IndexOf(field, record)] = std::move(value);
+  Cell(field, record) = std::move(value);
 }
 
 TableContent& Records::ContentToChange(const SchemaTable& table) {
   if (listener_ != nullptr) listener_->BeforeTable(table);
   ++changes_;
-  return tables_[table.index];
+  return Closed(table.index);
 }
 
 void Records::Insert(const SchemaTable& table, RecordNr record) {
@@ -117,14 +133,20 @@ void Records::Insert(const SchemaTable& table, RecordNr record) {
     auto& values = content.columns[ColumnOf(field)];
     values.insert(values.begin() + (record - 1), NewValueOf(field));
   }
-  content.count = newCount;
+  content.count = content.inPlace = newCount;
 }
 
 void Records::Delete(const SchemaTable& table, RecordNr record) {
   if (record < 1 || record > Count(table)) RaiseNoRecord(NameOf(table), record, Count(table));
-  TableContent& content = ContentToChange(table);
-  for (auto& values : content.columns) values.erase(values.begin() + (record - 1));
+  if (listener_ != nullptr) listener_->BeforeTable(table);
+  ++changes_;
+  TableContent& content = tables_[table.index];
+  if (record > content.inPlace) content.CloseUp();  // not the next one towards the first
   --content.count;
+  content.inPlace = record - 1;
+  content.gone.push_back(static_cast<std::size_t>(record - 1));
+  const bool isLast = content.inPlace == content.count;
+  if (isLast) content.CloseUp();
 }
 
 void Records::SetCount(const SchemaTable& table, RecordNr count) {
@@ -135,7 +157,7 @@ void Records::SetCount(const SchemaTable& table, RecordNr count) {
   for (const SchemaField& field : schema_->FieldsOf(table)) {
     content.columns[ColumnOf(field)].resize(static_cast<std::size_t>(count), NewValueOf(field));
   }
-  content.count = count;
+  content.count = content.inPlace = count;
 }
 
 void Records::Sort(const SchemaTable& table, std::span<const SchemaField* const> keys) {

@@ -11,10 +11,16 @@
 #include "platform/Variant.h"
 #include "workbench/schema/Schema.h"
 
-/// The records of one table, one column of values for each of its fields.
+/// The records of one table, one column of values for each of its fields. Of several records that are deleted
+/// one after the other, from the last to the first, those behind close up once, when one of them is asked
+/// for.
 struct TableContent {
   RecordNr count = 0;
+  RecordNr inPlace = 0;           ///< so many stand where their numbers say; all, unless some are to close up
+  std::vector<std::size_t> gone;  ///< places of the columns, descending, that are to be closed
   std::vector<std::vector<Variant>> columns;
+
+  void CloseUp();
 };
 
 /// Is told of a write to the records before it is made.
@@ -42,7 +48,7 @@ class Records {
   RecordNr Count(const SchemaTable& table) const { return tables_[table.index].count; }
   /// By record, from index 0.
   const std::vector<Variant>& Values(const SchemaField& field) const {
-    return tables_[field.tableIndex].columns[ColumnOf(field)];
+    return Closed(field.tableIndex).columns[ColumnOf(field)];
   }
   const Variant& Get(const SchemaField& field, RecordNr record) const;
   void Set(const SchemaField& field, RecordNr record, Variant value);
@@ -65,7 +71,7 @@ class Records {
   WriteListener* Listener() const { return listener_; }
   void SetListener(WriteListener* listener) { listener_ = listener; }
 
-  const TableContent& ContentOf(const SchemaTable& table) const { return tables_[table.index]; }
+  const TableContent& ContentOf(const SchemaTable& table) const { return Closed(table.index); }
   /// The place of the field's values among the columns of its table.
   std::size_t ColumnOf(const SchemaField& field) const {
     return field.index - schema_->TableOf(field).firstField;
@@ -93,12 +99,17 @@ class Records {
   void Restore(const SchemaField& field, RecordNr record, Variant value);
 
  private:
-  std::size_t IndexOf(const SchemaField& field, RecordNr record) const;
+  Variant& Cell(const SchemaField& field, RecordNr record) const;
+  TableContent& Closed(std::size_t tableIndex) const {
+    TableContent& content = tables_[tableIndex];
+    if (!content.gone.empty()) content.CloseUp();
+    return content;
+  }
   /// To be called before the set of records of the table changes.
   TableContent& ContentToChange(const SchemaTable& table);
 
   std::shared_ptr<const Schema> schema_;
-  std::vector<TableContent> tables_;
+  mutable std::vector<TableContent> tables_;  // a read may close up what deletions have left
   WriteListener* listener_ = nullptr;
   std::uint64_t changes_ = 0;
   bool isOnForms_ = false;

@@ -171,6 +171,28 @@ Texts Told(const Journal& journal) {
   return told;
 }
 
+/// Deletions in any order beside a plain list: the records behind them close up.
+TEST_F(ProviderTest, WhatIsLeftOfATableIsInItsOrder) {
+  std::mt19937 random(1);
+  for (int round = 0; round < 300; ++round) {
+    provider.Fill("5.Name", {"a", "b", "c", "d", "e"});
+    Texts left = {"a", "b", "c", "d", "e"};
+    while (!left.empty()) {
+      const auto place = static_cast<std::ptrdiff_t>(random() % left.size());
+      RecordNr count = 0;
+      EXPECT_TRUE(Table("5")->DeleteRecord(static_cast<RecordNr>(place) + 1, count).Ok());
+      left.erase(left.begin() + place);
+      ASSERT_EQ(count, std::ssize(left));
+      const std::size_t asked = random() % 7;  // nothing, one or all
+      if (asked < left.size()) {
+        ASSERT_EQ(CStr(provider.Get("5.Name", static_cast<RecordNr>(asked) + 1)), left[asked]);
+      } else if (asked == 6) {
+        ASSERT_EQ(Column("5.Name"), left);
+      }
+    }
+  }
+}
+
 /// Writes of all kinds, records that come and go and what a journal takes back, beside a plain count of what
 /// is used.
 TEST_F(ProviderTest, FreeNumbersFollowEveryWrite) {
