@@ -32,7 +32,7 @@ std::shared_ptr<const SchemaFiles> RoomySchemas() {
   std::filesystem::copy_file(SCHEMA_FOLDER "/fields.tsv", folder / "fields.tsv");
   std::ifstream original(SCHEMA_FOLDER "/tables.tsv");
   std::ofstream roomy(folder / "tables.tsv");
-  const std::regex capacity("^((?:5|7|16|50|61)\\t[^\\t]*\\t[^\\t]*\\t\\d+\\t)\\d+");
+  const std::regex capacity("^((?:5|7|16|18|50|61)\\t[^\\t]*\\t[^\\t]*\\t\\d+\\t)\\d+");
   for (std::string line; std::getline(original, line);) {
     roomy << std::regex_replace(line, capacity, "$01100000") << '\n';
   }

@@ -5,41 +5,34 @@
 
 #include "platform/Conversions.h"
 
-const GroupMembers::Members& GroupMembers::Read() const {
+const std::vector<Variant>& GroupMembers::Of(RecordNr group) const {
   if (!members_) {
-    members_ =
-        Members{provider_.Field("18.GroupIDNumber").Values(), provider_.Field("GroupChannelUI_k6k").Values()};
+    members_.emplace();
+    const std::vector<Variant> groups = provider_.Field("18.GroupIDNumber").Values();
+    std::vector<Variant> channels = provider_.Field("GroupChannelUI_k6k").Values();
+    for (std::size_t i = 0; i < std::min(groups.size(), channels.size()); ++i) {
+      if (IsNumeric(groups[i])) (*members_)[CDbl(groups[i])].push_back(std::move(channels[i]));
+    }
   }
-  return *members_;
-}
-
-template <typename Take>
-void GroupMembers::ForEach(RecordNr group, Take take) const {
   const Variant number = provider_.Field("16.GroupIDTracker").Value(group);
-  const Members& members = Read();
-  const std::size_t count = std::min(members.groups.size(), members.channels.size());
-  for (std::size_t member = 0; member < count; ++member) {
-    if (SameValue(members.groups[member], number)) take(members.channels[member]);
-  }
+  static const std::vector<Variant> kNobody;
+  const auto found = IsNumeric(number) ? members_->find(CDbl(number)) : members_->end();
+  return found == members_->end() ? kNobody : found->second;
 }
 
 std::int32_t GroupMembers::CountOf(RecordNr group) const {
-  std::int32_t count = 0;
-  ForEach(group, [&](const Variant&) { ++count; });
-  return count;
+  return static_cast<std::int32_t>(Of(group).size());
 }
 
 bool GroupMembers::HasChannel(RecordNr group, const Variant& channel) const {
-  bool has = false;
-  ForEach(group, [&](const Variant& member) { has = has || SameValue(member, channel); });
-  return has;
+  return std::ranges::any_of(Of(group), [&](const Variant& member) { return SameValue(member, channel); });
 }
 
 bool GroupMembers::AreAllChannels(RecordNr group) const {
   std::set<std::int32_t> members;
-  ForEach(group, [&](const Variant& member) {
+  for (const Variant& member : Of(group)) {
     if (IsNumeric(member)) members.insert(CLng(member));
-  });
+  }
   if (!channels_) channels_ = provider_.Field("ChannelID_k6k").Values();
   return std::ranges::all_of(*channels_,
                              [&](const Variant& channel) { return members.contains(CLng(channel)); });

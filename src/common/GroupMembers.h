@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -19,15 +20,10 @@ class GroupMembers {
   bool AreAllChannels(RecordNr group) const;
 
  private:
-  struct Members {
-    std::vector<Variant> groups, channels;  // by record
-  };
-  const Members& Read() const;
-  /// What the group has of them, in order.
-  template <typename Take>
-  void ForEach(RecordNr group, Take take) const;
+  /// What table 18 holds of the group, in order. A group whose number is none has nothing.
+  const std::vector<Variant>& Of(RecordNr group) const;
 
   ProviderRef provider_;
-  mutable std::optional<Members> members_;
-  mutable std::optional<std::vector<Variant>> channels_;  // the numbers of all
+  mutable std::optional<std::map<double, std::vector<Variant>>> members_;  // by the number of the group
+  mutable std::optional<std::vector<Variant>> channels_;                   // the numbers of all
 };
