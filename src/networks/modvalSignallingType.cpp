@@ -196,7 +196,9 @@ class TypeChange {
     const std::string_view text = needs_ == nullptr ? kNone : modNetworks::SignallingTypeText(needs_->type);
     edit_.writes.Set("21.NetworkSignallingID", "NetworkSignallingID", edit_.record,
                      needs_ == nullptr ? std::string(kNone) : FirstIdentity());
-    edit_.writes.Set("53.SignallingTypeUI", "SignallingTypeUI", edit_.record, text);
+    if (edit_.record <= edit_.validator.CurrentProvider().Field("53.SignallingTypeUI").RecordCount()) {
+      edit_.writes.Set("53.SignallingTypeUI", "SignallingTypeUI", edit_.record, text);  // it may be too short
+    }
     if (needs_ == nullptr) {
       for (const auto& [uiid, value] : kWithoutSignalling) edit_.writes.Set(uiid, edit_.record, value);
     }

@@ -90,8 +90,9 @@ void GetCCDICallerID(const ProviderRef&, std::string_view, RecordNr) {}
 
 void GetCustomerDataNetworkID(const ProviderRef& provider, std::string_view, RecordNr record) {
   Procedure("GetCustomerDataNetworkID", [&] {
-    const Variant number = provider.Field("21.NetworkIDTracker").Value(record);
-    provider.Field("77.CustomerDataNetworkID").SetValue(record, number);
+    const FieldRef networks = provider.Field("21.NetworkIDTracker");
+    if (record > networks.RecordCount()) return;  // of no network: the table is too long
+    provider.Field("77.CustomerDataNetworkID").SetValue(record, networks.Value(record));
   });
 }
 

@@ -151,8 +151,9 @@ TEST_F(DTMFRules, ANewSystemGetsItsPresetsAndTheOthersWhatTheyLack) {
   EXPECT_THAT((std::vector{owned("4"), owned("9"), owned("1")}), ElementsAre(10, 10, 10));
   EXPECT_EQ(provider.Count(65), 31);
   EXPECT_EQ(provider.Count(1098), 10);
-  EXPECT_EQ(Text("65.SortOrder", 31) + Text("65.DTMFChannelPresetSequenceUI", 31) + Text("DTMFANISequence", 3),
-            "31");
+  EXPECT_EQ(
+      Text("65.SortOrder", 31) + Text("65.DTMFChannelPresetSequenceUI", 31) + Text("DTMFANISequence", 3),
+      "31");
 }
 
 /// Random edits of systems and presets against a plain model.

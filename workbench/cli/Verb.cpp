@@ -22,4 +22,6 @@ std::vector<const Verb*> Verb::All() {
   return verbs;
 }
 
-bool Verb::Exists(std::string_view name) { return std::ranges::find(Known(), name, VerbName) != Known().end(); }
+bool Verb::Exists(std::string_view name) {
+  return std::ranges::find(Known(), name, VerbName) != Known().end();
+}

@@ -93,7 +93,7 @@ void PersonalityCheck::CheckCompanions() {
     finding.table = table.number;
     finding.record = std::min(count, *needed) + 1;
     finding.kind = FindingKind::Warning;
-    finding.text = "The table has " + CStr(count) + " records, and " + CStr(*needed) + " belong to it; " +
+    finding.text = "Records of the table: " + CStr(count) + ", needed: " + CStr(*needed) + "; " +
                    (count < *needed ? "those that lack are taken as new ones."
                                     : "those behind are not read, and go when one is added.");
     Add(std::move(finding));

@@ -121,6 +121,81 @@ TEST_F(RecordCommands, AScriptAddsRenumbersAndDeletes) {
   EXPECT_EQ(TablesOf(file)["21"][1]["NetworkPointer"], 2);  // 7 was the second record
 }
 
+TEST_F(RecordCommands, AChannelAndAStatusAreInsertedBeforeAnother) {
+  const std::string path = CopyOf("city-fleet");
+  const json before = TablesOf(path);
+  ASSERT_EQ(Run({"insert", path, "Channels6000", "3", "--json"}), ExitCode::Done) << messages;
+  EXPECT_EQ(json::parse(out.str())["identity"]["value"], 21) << "the lowest that is free";
+  const json after = TablesOf(path);
+  ASSERT_EQ(after["5"].size(), before["5"].size() + 1);
+  EXPECT_EQ(after["7"][3]["CibChannelID"], before["7"][2]["CibChannelID"]) << "they have moved on";
+  for (std::size_t member = 0; member < before["18"].size(); ++member) {
+    const int pointed = before["18"][member]["GroupChannelRecordNum"];
+    EXPECT_EQ(after["18"][member]["GroupChannelRecordNum"], pointed + (pointed >= 2 ? 1 : 0))
+        << "follows them";
+  }
+  EXPECT_EQ(Run({"delete", path, "control-status", "16", "--selcall", "2"}), ExitCode::Done) << messages;
+  EXPECT_EQ(Run({"insert", path, "control-status", "1", "--selcall", "2"}), ExitCode::Done) << messages;
+  EXPECT_EQ(TablesOf(path)["32"].size(), before["32"].size());
+
+  const std::tuple<std::vector<std::string>, ExitCode, const char*> refused[] = {
+      {{"Channels6000", "0"}, ExitCode::CouldNot, "record 0 is outside 1..24"},
+      {{"Channels6000", "-1"}, ExitCode::CouldNot, "record -1 is outside 1..24"},
+      {{"Channels6000", "25"}, ExitCode::CouldNot, "record 25 is outside 1..24"},
+      {{"Network", "1"}, ExitCode::CouldNot, "records of Networks are added at the end alone (kd4410 add)"},
+      {{"NetWark", "1"}, ExitCode::CouldNot, "there is no grid \"NetWark\""},
+      {{"control-status", "1"}, ExitCode::CouldNot, "record 1 is outside 1..0"}};
+  const std::string content = ContentOf(path);
+  for (const auto& [words, code, told] : refused) {
+    EXPECT_EQ(Run({"insert", path, words[0], words[1]}), code) << words[0] << words[1];
+    EXPECT_THAT(out.str() + messages, HasSubstr(told));
+    EXPECT_TRUE(ContentOf(path) == content);
+  }
+  const std::string full = CopyOf("full");
+  EXPECT_EQ(Run({"insert", full, "channel", "1"}), ExitCode::No);
+  EXPECT_THAT(messages, HasSubstr("must not exceed 100"));
+}
+
+/// A table that keeps step with another is one short or long, or as short as a file lets it be.
+TEST_F(RecordCommands, ADamagedCompanionTableIsToldAndMendedByTheNextRecord) {
+  using nlohmann::ordered_json;  // of a file, whose version comes first
+  const auto whole = ordered_json::parse(ContentOf(Sample("city-fleet")));
+  const std::string path = folder.Write("damaged.json", "");
+  const std::pair<std::vector<const char*>, const char*> grids[] = {
+      {{"36", "53", "67", "72", "75", "77", "78"}, "network"}, {{"30", "31", "48", "49"}, "selcall"}};
+  for (const auto& [tables, grid] : grids) {
+    for (const std::string table : tables) {
+      for (const bool isShort : {true, false}) {
+        SCOPED_TRACE(table + (isShort ? " short" : " long"));
+        ordered_json damaged = whole;
+        ordered_json& rows = damaged["tables"][table];
+        if (isShort)
+          rows.erase(rows.size() - 1);
+        else
+          rows.push_back(rows.back());
+        const auto run = [&](std::vector<std::string> words) {
+          folder.Write("damaged.json", damaged.dump());
+          words.insert(words.begin() + 1, path);
+          words.insert(words.end(), {"--answer", "yes"});
+          const ExitCode code = Run(std::move(words));
+          EXPECT_NE(code, ExitCode::Fault) << messages;
+          return code;
+        };
+        EXPECT_EQ(run({"check"}), ExitCode::No);
+        EXPECT_THAT(out.str(), HasSubstr("[companions]"));
+        run({"set", "SignallingType", "4", "0"});
+        run({"set", "NetworkID", "4", "40"});
+        run({"delete", "selcall", "1"});
+        run({"delete", "network", "4"});
+        run({"convert", "--to", "KD4410.0089", "--out", folder.Path() + "/out.json", "--force"});
+        ASSERT_EQ(run({"add", grid}), ExitCode::Done) << messages;
+        Run({"check", path});
+        EXPECT_THAT(out.str(), testing::Not(HasSubstr("[companions]")));
+      }
+    }
+  }
+}
+
 /// The path itself, on a sample whose forms hold what no file can yet.
 class RecordEditsTest : public testing::Test {
  protected:
