@@ -91,6 +91,11 @@ class FieldRef {
   Variant Default() const { return Ask<Variant>(Host(), &Ifield::Default); }
   std::int32_t Minimum() const { return Ask<std::int32_t>(Host(), &Ifield::Minimum); }
   std::int32_t Maximum() const { return Ask<std::int32_t>(Host(), &Ifield::Maximum); }
+  /// Minimum and Maximum times this compare with a stored value.
+  double Scale() const {
+    constexpr double kParts = 10'000;
+    return static_cast<double>(Ask<Currency>(Host(), &Ifield::Scale).tenThousandths) / kParts;
+  }
   std::int32_t TableNumber() const { return Ask<std::int32_t>(Host(), &Ifield::TableNumber); }
   std::string Name() const { return Ask<std::string>(Host(), &Ifield::Name); }
   /// As messages show them.

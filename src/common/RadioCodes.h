@@ -30,6 +30,7 @@ inline constexpr std::int32_t kBacklightTimer = 3;
 inline constexpr std::int32_t kBacklightToggle = 4;
 inline constexpr std::int32_t kBacklightTimerToggle = 5;
 inline constexpr std::int32_t kCallCleardown = 6;
+inline constexpr std::int32_t kDTMFDialling = 8;
 inline constexpr std::int32_t kEconomy = 9;
 inline constexpr std::int32_t kEmergencyMode = 10;
 inline constexpr std::int32_t kEncryption = 11;

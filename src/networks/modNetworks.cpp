@@ -100,6 +100,8 @@ void SetSystemID(const ProviderRef& provider, std::string_view fieldId, RecordNr
   Procedure("SetSystemID", [&] {
     const std::int32_t number = CLng(provider.Field(fieldId).Value(record));
     provider.Field("21.NetworkPointer").SetValue(record, number);
+    // Some versions store the number twice. The plain name is that of the form field.
+    if (provider.HasField("21.NetworkID")) provider.Field("21.NetworkID").SetValue(record, number);
     provider.Field("21.SIBTPointer").SetValue(record, record - 1);
   });
 }

@@ -10,9 +10,10 @@
 
 namespace {
 
-/// The field of the same name and storage; null when the version has none.
+/// The field of the same name and storage, else of the same fact; null when the version has none.
 const SchemaField* Counterpart(const Schema& schema, const SchemaField& field) {
   const SchemaField* other = schema.Find(field.id);
+  if (other == nullptr && !field.twin.empty()) other = schema.Find(field.twin);
   return other != nullptr && other->kind == field.kind ? other : nullptr;
 }
 
@@ -74,9 +75,15 @@ void AddIdentities(const ComparedPersonality& personality, std::vector<Loss>& lo
   }
 }
 
-/// What differs in the fields of one kind; both have the same schema. A record that was not there before is
-/// compared with the defaults.
+/// What a step writes as the forms show it.
+bool IsShown(const SchemaField& field) { return field.kind == StorageKind::Form || field.isInPlace; }
+
+/// What differs in the fields that are stored, or in those that are shown; both have the same schema. A
+/// record that was not there before is compared with the defaults.
 std::vector<Change> ChangesBetween(const Provider& before, const Provider& now, StorageKind kind) {
+  const auto isWanted = [&](const SchemaField& field) {
+    return kind == StorageKind::Form ? IsShown(field) : field.kind == kind;
+  };
   std::vector<Change> changes;
   for (const SchemaTable& table : now.GetSchema().Tables()) {
     const RecordNr old = before.Count(table);
@@ -87,7 +94,7 @@ std::vector<Change> ChangesBetween(const Provider& before, const Provider& now, 
       change.now = count;
     }
     for (const SchemaField& field : now.GetSchema().FieldsOf(table)) {
-      for (RecordNr record = 1; field.kind == kind && record <= count; ++record) {
+      for (RecordNr record = 1; isWanted(field) && record <= count; ++record) {
         const Variant& was = record <= old ? before.Get(field, record) : field.standard;
         if (SameCell(was, now.Get(field, record))) continue;
         Change& change = changes.emplace_back(table);

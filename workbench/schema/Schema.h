@@ -56,6 +56,8 @@ struct SchemaField {
   std::int32_t transform = 0;  // 0 for none
   std::string validation;
   std::int32_t width = 0;  // the characters that a text takes at most; 0 for no limit
+  /// The field that holds the same fact in versions without this one; empty for none.
+  std::string twin;
 
   bool IsRaw() const { return kind == StorageKind::Raw; }
   /// The name without the table number.

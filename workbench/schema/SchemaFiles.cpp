@@ -23,7 +23,7 @@ enum : std::size_t { kTable, kTitle, kKind, kMinimum, kMaximum, kFirst, kLast };
 namespace field_columns {
 constexpr std::string_view kNames[] = {"table",      "field",   "uiid",  "kind",  "type",      "default",
                                        "minimum",    "maximum", "scale", "units", "transform", "scope",
-                                       "validation", "width",   "first", "last"};
+                                       "validation", "width",   "first", "last",  "twin"};
 enum : std::size_t {
   kTable,
   kField,
@@ -40,7 +40,8 @@ enum : std::size_t {
   kValidation,
   kWidth,
   kFirst,
-  kLast
+  kLast,
+  kTwin
 };
 }  // namespace field_columns
 
@@ -154,6 +155,7 @@ SchemaField FieldOfRow(const TabbedFile& file) {
   field.scope = static_cast<FieldScope>(file.Choice(kScope, kScopes, 0));
   field.validation = file.Cell(kValidation);
   field.width = WidthOf(file, field);
+  field.twin = file.Cell(kTwin);
   field.isIdentity = IsIdentity(file, field);
   return field;
 }

@@ -83,7 +83,7 @@ TEST_F(ConversionTest, EverySampleGoesToTheOldestVersionAndBackAsAFile) {
 
 TEST_F(ConversionTest, WhatAVersionCanNotHoldIsTold) {
   const auto content = Content("full");
-  content->Set("69.GPSSDMCompatibility", 1, 1);
+  content->Set("69.GPSSDMCompatibility", 1, 0);
   const Conversion conversion = Convert(content, Way("0094", "0029"), RenumberOnly);
   std::vector<std::string> lost;
   for (const Hop& hop : conversion.hops) {

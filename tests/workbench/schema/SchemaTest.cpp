@@ -13,7 +13,7 @@ using testing::HasSubstr;
 constexpr const char* kTableHeader = "table\ttitle\tkind\tminimum\tmaximum\tfirst\tlast\n";
 constexpr const char* kFieldHeader =
     "table\tfield\tuiid\tkind\ttype\tdefault\tminimum\tmaximum\tscale\tunits\ttransform\tscope\tvalidation"
-    "\twidth\tfirst\tlast\n";
+    "\twidth\tfirst\tlast\ttwin\n";
 constexpr const char* kTables = "5\tChannels\traw\t0\t100\t0029\t0094\n7\tOthers\tform\t1\t1\t0029\t0094\n";
 
 struct SchemaFolder {

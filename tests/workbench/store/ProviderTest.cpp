@@ -24,7 +24,7 @@ std::shared_ptr<const Schema> TestSchema() {
                  "5\tChannels\traw\t0\t5\n16\tGroups\traw\t0\t5\n30\tBursts\traw\t1\t3\n");
     folder.Write("fields.tsv",
                  "table\tfield\tuiid\tkind\ttype\tdefault\tminimum\tmaximum\tscale\tunits\ttransform\tscope"
-                 "\tvalidation\twidth\tfirst\tlast\n"
+                 "\tvalidation\twidth\tfirst\tlast\ttwin\n"
                  "5\tChannelIDTracker\tChannelID\traw\tinteger\t0\t1\t9\n"
                  "5\tFrequency\t\traw\tnumber\t1.5\t0\t900000000\t0.5\tHz\t501\n"
                  "5\tName\t\traw\ttext\n"
