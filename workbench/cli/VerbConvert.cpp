@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <utility>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "workbench/files/AtomicFile.h"
 #include "workbench/jobs/Conversion.h"
 #include "workbench/jobs/PersonalityCheck.h"
+#include "workbench/jobs/VersionNotes.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
@@ -26,6 +28,9 @@ struct ConvertArguments {
   std::string version;
   std::string out;
   bool force = false;
+  bool dryRun = false;
+  bool explains = false;
+  std::string explained;  // the version that FILE leads to
 };
 
 std::string Joined(const std::vector<std::string>& names) {
@@ -80,7 +85,8 @@ void PrintLosses(const Session& session, const std::vector<Loss>& losses, std::o
     if (loss.field != nullptr) {
       const std::string& name = loss.field->CommonName();
       const std::string label = session.LabelOf(*loss.field);
-      table.Add({name, label == name ? "" : label, "record " + std::to_string(loss.record),
+      table.Add({name, label == name ? "" : label,
+                 loss.place.empty() ? "record " + std::to_string(loss.record) : loss.place,
                  ValueText::Of(loss.value)});
     } else {
       table.Add({"table " + std::to_string(loss.table->number), loss.table->title,
@@ -103,12 +109,28 @@ void PrintOutside(const Session& session, const std::vector<OutsideValue>& value
   table.Print(out, 4);
 }
 
+void PrintObstacles(const Session& session, const std::vector<Obstacle>& obstacles, std::ostream& out) {
+  TextTable table({{""}, {""}, {""}, {""}, {""}});
+  for (const Obstacle& one : obstacles) {
+    const std::string& name = one.field->CommonName();
+    const std::string label = session.LabelOf(*one.field);
+    table.Add({name, label == name ? "" : label,
+               one.where.empty() ? "record " + std::to_string(one.record) : one.where,
+               ValueText::Of(one.value), one.way});
+  }
+  table.Print(out, 4);
+}
+
 void PrintHop(const Session& session, const Hop& hop, std::ostream& out) {
   out << hop.from << " -> " << hop.to << (hop.accepted ? "\n" : ": refused\n");
   for (const Shown& box : hop.messages) {
     out << "  " << NameOf(KindOf(box)) << ": " << OneLine(box.text);
     if (IsQuestion(box.style)) out << " (answered " << NameOf(box.answer) << ')';
     out << '\n';
+  }
+  if (!hop.obstacles.empty()) {
+    out << "  To be changed first:\n";
+    PrintObstacles(session, hop.obstacles, out);
   }
   if (!hop.accepted) return;
   if (!hop.changes.empty()) {
@@ -132,12 +154,27 @@ Json JsonOf(const Session& session, const Loss& loss) {
     json["label"] = session.LabelOf(*loss.field);
     json["record"] = loss.record;
     json["value"] = Report::JsonOf(loss.value);
+    if (!loss.place.empty()) json["place"] = loss.place;
   } else {
     json["firstRecord"] = loss.record;
     json["lastRecord"] = loss.last;
     if (!loss.identities.empty()) json["identities"] = loss.identities;
   }
   return json;
+}
+
+Json JsonOf(const Session& session, const std::vector<Obstacle>& obstacles) {
+  Json list = Json::List();
+  for (const Obstacle& one : obstacles) {
+    Json json = {{"fieldId", one.field->id},
+                 {"label", session.LabelOf(*one.field)},
+                 {"record", one.record},
+                 {"value", Report::JsonOf(one.value)}};
+    if (!one.where.empty()) json["where"] = one.where;
+    if (!one.way.empty()) json["way"] = one.way;
+    list.Add(std::move(json));
+  }
+  return list;
 }
 
 Json JsonOf(const Session& session, const Hop& hop) {
@@ -156,6 +193,7 @@ Json JsonOf(const Session& session, const Hop& hop) {
           {"to", hop.to},
           {"accepted", hop.accepted},
           {"messages", Report::JsonOf(hop.messages)},
+          {"changeFirst", JsonOf(session, hop.obstacles)},
           {"changes", Report::JsonOf(session, hop.changes)},
           {"losses", std::move(losses)},
           {"outsideLimits", std::move(outside)}};
@@ -186,34 +224,85 @@ void Print(const Converted& converted, std::ostream& out) {
   for (const Hop& hop : hops) PrintHop(converted.session, hop, out);
   if (converted.written != nullptr) {
     out << converted.written->Name() << ": written as version " << converted.way.back() << '\n';
+  } else if (converted.conversion.result != nullptr) {
+    out << "Dry run: nothing is written.\n";
   } else {
     out << "The step from " << hops.back().from << " to " << hops.back().to
         << " refuses: nothing is written, " << converted.arguments.file << " is as it was.\n";
   }
 }
 
+/// The version that a word means, given with its model or as digits of the newest one.
+const VersionName& VersionMeant(const std::string& word) {
+  for (const VersionName& version : SchemaFiles::Versions()) {
+    if (EqualsIgnoringCase(version.Text(), word) || version.Digits() == word) return version;
+  }
+  return SchemaFiles::VersionOf(word);
+}
+
+ExitCode Explain(const ConvertArguments& arguments, Workplace& workplace) {
+  const VersionName& from = VersionMeant(arguments.file);
+  const VersionName& to = VersionMeant(arguments.explained);
+  std::vector<std::string> path;
+  for (const VersionName& version : SchemaFiles::VersionsOf(from.model)) path.push_back(version.Text());
+  const std::vector<std::string> way = WayBetween(path, from.Text(), to.Text());
+  if (way.size() < 2) throw UsageError("no conversion leads from " + from.Text() + " to " + to.Text());
+  std::vector<VersionNotes> steps;
+  for (std::size_t i = 1; i < way.size(); ++i) {
+    steps.push_back(NotesOf(*workplace.Schemas().At(way[i - 1]), *workplace.Schemas().At(way[i])));
+  }
+  workplace.Tell(
+      [&] {
+        Json list = Json::List();
+        for (const VersionNotes& notes : steps) {
+          list.Add({{"from", notes.from},
+                    {"to", notes.to},
+                    {"step", notes.step},
+                    {"differences", notes.differences}});
+        }
+        return list;
+      },
+      [&](std::ostream& out) {
+        for (const VersionNotes& notes : steps) {
+          out << notes.from << " -> " << notes.to << "\n  "
+              << (notes.step.empty() ? "The tier changes the number alone." : notes.step) << '\n';
+          for (const std::string& difference : notes.differences) out << "  - " << difference << '\n';
+        }
+      });
+  return ExitCode::Done;
+}
+
 ExitCode ConvertFile(const ConvertArguments& arguments, Workplace& workplace) {
+  if (arguments.explains) return Explain(arguments, workplace);
+  if (!arguments.explained.empty()) throw UsageError("a second version goes with --explain alone");
+  if (arguments.version.empty()) throw UsageError("--to is required");
   AtomicFile input(arguments.file);
   const std::shared_ptr<Provider> content =
       PersonalityFile::Parse(input.Name(), input.Read(), workplace.Schemas());
   const std::vector<std::string> way = WayTo(arguments, content, workplace);
-  AtomicFile output = NewOutput(arguments, way.back());
+  std::optional<AtomicFile> output;  // that may be written is asked first
+  if (!arguments.dryRun) output.emplace(NewOutput(arguments, way.back()));
 
   const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
   const Conversion conversion = Converter(workplace.Parts(), messenger).Convert(content, way);
   const bool isConverted = conversion.result != nullptr;
-  if (isConverted) output.Write(PersonalityFile::Format(output.Name(), *conversion.result));
+  const bool isWritten = isConverted && output;
+  if (isWritten) output->Write(PersonalityFile::Format(output->Name(), *conversion.result));
   const Session labels(workplace.Parts(), content, messenger);
-  const Converted converted{arguments, way, conversion, isConverted ? &output : nullptr, labels};
+  const Converted converted{arguments, way, conversion, isWritten ? &*output : nullptr, labels};
   workplace.Tell([&] { return JsonOf(converted); }, [&](std::ostream& out) { Print(converted, out); });
   return isConverted ? ExitCode::Done : ExitCode::No;
 }
 
 void Take(Words& words, ConvertArguments& given) {
   words.Required("FILE", given.file, "The personality; it stays as it is");
-  words.RequiredOption("--to", given.version, "VERSION", "The database version: KD4410.0093 or just 0093");
+  words.Optional("VERSION", given.explained, "With --explain, that FILE leads to, a version itself then");
+  words.Option("--to", given.version, "VERSION", "The database version: KD4410.0093 or just 0093");
   words.Option("--out", given.out, "FILE", "The file to be written (else FILE with -0093 behind its name)");
   words.Flag("--force", given.force, "Overwrite the file if it exists");
+  words.Flag("--explain", given.explains,
+             "Tell what the steps between two versions do (--explain 0090 0089)");
+  words.Flag("--dry-run", given.dryRun, "Do everything but write the file");
 }
 
 const Verb kConvert(

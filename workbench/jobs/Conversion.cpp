@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "platform/Conversions.h"
+#include "workbench/jobs/BurstPlaces.h"
 #include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
@@ -37,13 +39,22 @@ std::vector<Change> FilledTables(const Provider& source, const Provider& shared)
   return changes;
 }
 
-/// The values of a field that the version does not have.
-void AddLostValues(const Provider& source, const SchemaField& field, RecordNr count,
+/// What a field holds in some records that has no place in the version.
+void AddLostValues(const Provider& source, const SchemaField& field, RecordNr first, RecordNr last,
                    std::vector<Loss>& losses) {
-  for (RecordNr record = 1; record <= count; ++record) {
+  for (RecordNr record = first; field.IsRaw() && record <= last; ++record) {
     const Variant& value = source.Get(field, record);
     if (SameCell(value, field.standard)) continue;
-    losses.push_back({&source.GetSchema().TableOf(field), &field, record, record, value, {}});
+    losses.push_back({&source.GetSchema().TableOf(field), &field, record, record, value, {}, {}});
+  }
+}
+
+/// Records of a table, and each value that they hold.
+void AddLostRecords(const Provider& source, const SchemaTable& table, RecordNr first, RecordNr last,
+                    std::vector<Loss>& losses) {
+  losses.push_back({&table, nullptr, first, last, {}, {}, {}});
+  for (const SchemaField& field : source.GetSchema().FieldsOf(table)) {
+    AddLostValues(source, field, first, last, losses);
   }
 }
 
@@ -54,11 +65,9 @@ std::vector<Loss> LossesOf(const Provider& source, const Schema& destination) {
     const SchemaTable* to = destination.FindTable(table.number);
     const RecordNr count = source.Count(table);
     const RecordNr kept = to == nullptr ? count : std::min(count, to->maximum);
-    if (kept < count) losses.push_back({&table, nullptr, kept + 1, count, {}, {}});
+    if (kept < count) AddLostRecords(source, table, kept + 1, count, losses);
     for (const SchemaField& field : source.GetSchema().FieldsOf(table)) {
-      if (field.IsRaw() && Counterpart(destination, field) == nullptr) {
-        AddLostValues(source, field, kept, losses);
-      }
+      if (Counterpart(destination, field) == nullptr) AddLostValues(source, field, 1, kept, losses);
     }
   }
   return losses;
@@ -107,6 +116,96 @@ std::vector<Change> ChangesBetween(const Provider& before, const Provider& now, 
   }
   return changes;
 }
+
+constexpr std::int32_t kBursts = 30;  // table
+
+/// Records that a step has removed. Bursts are told by their places.
+void AddRemovedRecords(const Provider& content, const Provider& result, std::vector<Loss>& losses) {
+  for (const SchemaTable& table : result.GetSchema().Tables()) {
+    const SchemaTable* from = content.GetSchema().FindTable(table.number);
+    if (!table.IsRaw() || from == nullptr || table.number == kBursts) continue;
+    const RecordNr shared = std::min(content.Count(*from), table.maximum);
+    if (result.Count(table) < shared) AddLostRecords(content, *from, result.Count(table) + 1, shared, losses);
+  }
+}
+
+/// Tells bursts, and what points at them, by their places: a version may have its blocks divided otherwise.
+class BurstReport {
+ public:
+  BurstReport(const Provider& content, const Provider& result, Hop& hop)
+      : content_(content),
+        result_(result),
+        hop_(hop),
+        before_(content.GetSchema()),
+        after_(result.GetSchema()) {}
+
+  void Tell() const {
+    if (before_ == after_) return;
+    std::erase_if(hop_.changes, [](const Change& change) {
+      return change.field != nullptr && (change.table->number == kBursts || IsPointer(*change.field));
+    });
+    for (RecordNr record = 2; record <= content_.Count(kBursts); ++record) TellBurst(record);
+    for (const SchemaField& field : result_.GetSchema().Fields()) {
+      for (RecordNr record = 1; IsPointer(field) && record <= result_.Count(field.table); ++record) {
+        TellPointer(field, record);
+      }
+    }
+  }
+
+ private:
+  static bool IsPointer(const SchemaField& field) {
+    return field.IsRaw() && RecordKeys::PointsAt(field.id, kBursts);
+  }
+  /// The record in the new version; 0 for none.
+  RecordNr NewRecord(RecordNr record) const {
+    const auto place = before_.Of(record);
+    const RecordNr moved = place ? after_.RecordOf(*place) : record;
+    return moved <= result_.Count(kBursts) ? moved : 0;
+  }
+
+  void TellBurst(RecordNr record) const {
+    const SchemaTable& table = *content_.GetSchema().FindTable(kBursts);
+    const RecordNr moved = NewRecord(record);
+    const SchemaField& sequence = content_.FieldOf("30.FixedFormatBurstSeq");
+    const Variant& value = content_.Get(sequence, record);
+    if (moved != 0) return TellChanges(record, moved);
+    if (SameCell(value, sequence.standard)) return;
+    const auto place = before_.Of(record);
+    hop_.losses.push_back({&table, &sequence, record, record, value, {}, place ? place->Name() : ""});
+  }
+
+  void TellChanges(RecordNr record, RecordNr moved) const {
+    const SchemaTable& table = *result_.GetSchema().FindTable(kBursts);
+    for (const SchemaField& field : result_.GetSchema().FieldsOf(table)) {
+      // The number of a slot moves with the slot.
+      if (!field.IsRaw() || field.id == "30.FixedFormatBurstID") continue;
+      Add(field, moved, content_.Get(field.id, record), result_.Get(field, moved));
+    }
+  }
+
+  void TellPointer(const SchemaField& field, RecordNr record) const {
+    const SchemaField* from = content_.GetSchema().Find(field.id);
+    if (from == nullptr || record > content_.Count(from->table)) return;
+    const std::int32_t before = CLng(content_.Get(*from, record));
+    const RecordNr moved = before > 0 ? NewRecord(before + 1) : 0;
+    const bool hasMoved = before > 0 && moved > 0 && CLng(result_.Get(field, record)) == moved - 1;
+    if (!hasMoved) Add(field, record, before, result_.Get(field, record));
+  }
+
+  void Add(const SchemaField& field, RecordNr record, const Variant& before, const Variant& now) const {
+    if (SameCell(before, now)) return;
+    Change& change = hop_.changes.emplace_back(result_.GetSchema().TableOf(field));
+    change.field = &field;
+    change.record = record;
+    change.before = before;
+    change.now = now;
+  }
+
+  const Provider& content_;
+  const Provider& result_;
+  Hop& hop_;
+  BurstPlaces before_, after_;
+};
 
 /// What is stored beyond the limits of its field, unless it was so before.
 std::vector<OutsideValue> OutsideValues(const Provider& source, const Provider& result) {
@@ -169,6 +268,8 @@ std::shared_ptr<Provider> Converter::Take(const Provider& content, Hop& hop) {
       WithForms(destination, ChangesBetween(*shared, *destination, StorageKind::Form));
   hop.changes = FilledTables(content, *shared);
   std::ranges::move(ChangesBetween(*shared, *result, StorageKind::Raw), std::back_inserter(hop.changes));
+  AddRemovedRecords(content, *result, hop.losses);
+  BurstReport(content, *result, hop).Tell();
   hop.outside = OutsideValues(content, *result);
   return result;
 }
@@ -182,6 +283,9 @@ bool Converter::RunStep(const Provider& content, const std::shared_ptr<Provider>
   messenger_->Clear();
   hop.accepted = step_(session.Host(), {source, hop.from, destination, hop.to});
   hop.messages = messenger_->Boxes();
+  if (!hop.accepted && !hop.messages.empty()) {
+    hop.obstacles = ObstaclesTo(hop.to, hop.messages.back().text, *source);
+  }
   return hop.accepted;
 }
 

@@ -8,6 +8,7 @@
 
 #include "workbench/host/Messengers.h"
 #include "workbench/host/TierHost.h"
+#include "workbench/jobs/Obstacles.h"
 #include "workbench/store/Journal.h"
 
 struct VersionName;
@@ -20,6 +21,7 @@ struct Loss {
   RecordNr last = 0;                    // the last of them
   Variant value;                        // of the field, other than its default
   std::vector<std::string> identities;  // of those records, where they have one
+  std::string place;                    // of a burst, which a person does not know by its record; else empty
 };
 
 /// A stored value that the version left did allow and the new one does not.
@@ -36,10 +38,11 @@ struct Hop {
   std::string to;
   bool accepted = false;
   std::vector<Shown> messages;
+  std::vector<Obstacle> obstacles;  // after a refusal
   std::vector<Loss> losses;
   /// The tables that got records because the version demands them, then the stored cells that the step
   /// changed, after what both versions share had been copied. A record that it added changes from the
-  /// defaults. None after a refusal.
+  /// defaults. A burst that has only moved, with what points at it, has not changed. None after a refusal.
   std::vector<Change> changes;
   /// Kept as they are, unless a later step changes them. None after a refusal.
   std::vector<OutsideValue> outside;

@@ -187,6 +187,11 @@ std::string ListOf(const std::vector<std::string>& keys) {
   return list;
 }
 
+bool RecordKeys::PointsAt(std::string_view fieldId, std::int32_t table) {
+  return std::ranges::any_of(
+      kPointers, [&](const Pointer& pointer) { return pointer.field == fieldId && pointer.table == table; });
+}
+
 bool RecordKeys::IsLaidOutAnew(const SchemaTable& table) {
   return std::ranges::find(kLaidOutAnew, table.number) != std::end(kLaidOutAnew) ||
          RowOf(kCodeLists, table.number) != nullptr;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -41,6 +42,9 @@ class RecordKeys {
   std::string OwnerKey(const SchemaTable& table, RecordNr record);
   /// What a stored pointer points at, "None" for nothing; no value for a field that is no pointer there.
   std::optional<std::string> Target(const SchemaField& field, RecordNr record);
+
+  /// Whether the stored field is a pointer to records of the table, whatever another field says.
+  static bool PointsAt(std::string_view fieldId, std::int32_t table);
 
   /// Every save lays the table out anew, from what other records hold (the codes that they point at) or from
   /// what is the same for all radios. It holds nothing of its own.
