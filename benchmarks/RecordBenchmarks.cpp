@@ -161,49 +161,82 @@ void Saving(benchmark::State& state) {
 }
 BENCHMARK(Saving)->Unit(benchmark::kMillisecond);
 
-/// The steps of a way from version to version, each with the two personalities that the host has made for it.
-std::vector<ConversionPair> Steps(const std::shared_ptr<Provider>& content,
-                                  const std::vector<std::string>& way, std::shared_ptr<Provider>& result) {
-  std::vector<ConversionPair> pairs;
-  const auto keepPair = [&](TierHost& host, const ConversionPair& pair) {
-    pairs.push_back({pair.source, pair.from, pair.destination->Copy(), pair.to});
-    return StepOfTier(host, pair);
-  };
-  result = Converter(Parts(), std::make_shared<RecordingMessenger>(), keepPair).Convert(content, way).result;
-  return pairs;
+/// The largest personality as far as the oldest version holds it.
+std::shared_ptr<Provider> LargestOfOldest() {
+  constexpr RecordNr kBursts = 205;  // of four systems
+  auto content = SharedContent(*Parts().schemas, FullPersonality(), "KD4410.0029");
+  content->SetCount(30, kBursts);
+  for (RecordNr network = 1; network <= content->Count(21); ++network) {
+    content->Set("21.SignallingType", network, 1);
+    content->Set("21.NetworkID", network, network - 1);
+  }
+  for (RecordNr channel = 1; channel <= content->Count(5); ++channel) {
+    for (const char* pointer : {"5.RepeaterBurst", "5.CallerIDBurst", "5.TXCallBurst", "5.StatusBurst",
+                                "5.RepeaterAccessTone", "5.Lead-In-Tone"}) {
+      content->Set(pointer, channel, 0);
+    }
+  }
+  return content;
 }
 
-/// From the newest version to the oldest and back.
-std::vector<ConversionPair> StepsOfAllVersions() {
+std::vector<std::string> WayUp() {
   const VersionName& version = FullPersonality().GetSchema().Name();
-  auto path = VersionPath(OpenSession().Host(), version);
-  std::shared_ptr<Provider> oldest, newest;
-  const auto up = path;
-  std::ranges::reverse(path);
-  auto pairs = Steps(FullPersonality().Copy(), path, oldest);
-  std::ranges::move(Steps(oldest, up, newest), std::back_inserter(pairs));
-  return pairs;
+  return VersionPath(OpenSession().Host(), version);
 }
 
-/// What the tier does of it, with the largest personality open all the time: the copies that a host makes
-/// between the steps are not measured. A step reads what its source holds, so it can run again on what it
-/// wrote.
-void ConversionOverAllVersions(benchmark::State& state) {
-  static const auto pairs = StepsOfAllVersions();
+/// What the tier does of it, with the largest personality open all the time: the copies that a host makes for
+/// each step are not measured.
+void StepsOfAllVersions(benchmark::State& state) {
+  static const auto pairs = [] {
+    std::vector<ConversionPair> kept;
+    const auto keepPair = [&](TierHost& host, const ConversionPair& pair) {
+      kept.push_back({pair.source, pair.from, pair.destination->Copy(), pair.to});
+      return StepOfTier(host, pair);
+    };
+    Converter(Parts(), std::make_shared<RecordingMessenger>(), keepPair).Convert(LargestOfOldest(), WayUp());
+    return kept;
+  }();
   Session& session = OpenSession();
   const auto monitor = std::make_shared<CallMonitor>();
-  for (const ConversionPair& pair : pairs) {
-    pair.source->SetMonitor(monitor);
-    pair.destination->SetMonitor(monitor);
-  }
-  const std::string name = "conversion over all versions (" + std::to_string(pairs.size()) + " steps)";
-  Measure(state, {.name = name}, monitor.get(), {[&] {
-            for (const ConversionPair& pair : pairs) {
-              if (!StepOfTier(session.Host(), pair)) throw std::runtime_error(pair.to + " was refused");
-            }
+  std::vector<ConversionPair> fresh;
+  const auto prepare = [&] {
+    fresh = pairs;
+    for (ConversionPair& pair : fresh) {
+      pair.destination = pair.destination->Copy();
+      pair.source->SetMonitor(monitor);
+      pair.destination->SetMonitor(monitor);
+    }
+  };
+  const auto run = [&] {
+    for (const ConversionPair& pair : fresh) {
+      if (!StepOfTier(session.Host(), pair)) throw std::runtime_error(pair.to + " was refused");
+    }
+  };
+  const std::string name =
+      "steps from the oldest version to the newest (" + std::to_string(pairs.size()) + ")";
+  Measure(state, {.name = name, .limit = 1000}, monitor.get(), {run, prepare});
+}
+BENCHMARK(StepsOfAllVersions);
+
+void Conversions(benchmark::State& state, const Figure& figure, const std::shared_ptr<Provider>& content,
+                 const std::vector<std::string>& way) {
+  Converter converter(Parts(), std::make_shared<RecordingMessenger>());
+  Measure(state, figure, nullptr, {[&] {
+            if (converter.Convert(content, way).result == nullptr) throw std::runtime_error("refused");
           }});
 }
-BENCHMARK(ConversionOverAllVersions);
+
+void OneHop(benchmark::State& state) {
+  Conversions(state, {.name = "one version down, with its report", .limit = 4000}, FullPersonality().Copy(),
+              {"KD4410.0094", "KD4410.0093"});
+}
+BENCHMARK(OneHop)->Unit(benchmark::kMillisecond);
+
+void AllHops(benchmark::State& state) {
+  Conversions(state, {.name = "the oldest version to the newest, with reports", .limit = 30'000},
+              LargestOfOldest(), WayUp());
+}
+BENCHMARK(AllHops)->Unit(benchmark::kMillisecond);
 
 void Accept(const TierHost& host, const Status& status, const Boolean& accepted) {
   host.Require(status);

@@ -8,6 +8,8 @@
 #include "tests/support/Temporary.h"
 #include "workbench/files/FileError.h"
 
+/// Of older versions.
+inline constexpr const char* kOldSamples[] = {"harbour-0029", "harbour-0054", "harbour-0081", "harbour-0089"};
 inline constexpr const char* kSamples[] = {"minimal", "marine-harbour", "city-fleet", "full"};
 
 inline std::string ContentOf(const std::string& path) {

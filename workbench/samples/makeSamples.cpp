@@ -1,13 +1,18 @@
 // Writes the sample personalities: kd4410-make-samples FOLDER. They come out the same on every run.
 
+#include <algorithm>
 #include <cmath>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "workbench/cli/CommandLine.h"
+#include "workbench/jobs/Conversion.h"
+#include "workbench/jobs/Session.h"
+#include "workbench/personality/PersonalityFile.h"
 #include "workbench/samples/SampleContent.h"
 #include "workbench/samples/SampleFull.h"
 #include "workbench/schema/Schema.h"
@@ -19,6 +24,8 @@ using Samples::Channel;
 using Samples::Personality;
 
 constexpr std::string_view kVersion = "KD4410.0094";
+/// Of which there is a sample, too.
+constexpr std::string_view kOldVersions[] = {"0029", "0054", "0081", "0089"};
 constexpr std::int32_t kBandB1 = 1;
 constexpr std::int32_t kBandH5 = 5;
 
@@ -218,6 +225,32 @@ Personality HospitalPaging() {
   return hospital;
 }
 
+/// The harbour as older versions hold it: they have one scan group, no more and no less.
+void WriteOld(const std::string& folder, Workplace& workplace) {
+  Personality harbour = MarineHarbour();
+  harbour.groups = {{.number = 201, .isVote = false, .channels = {16, 6, 8, 103}}};
+  std::shared_ptr<Provider> stored = NewPersonality(workplace.Schemas(), kVersion);
+  Samples::FillStored(*stored, harbour);
+  {
+    Session session(workplace.Parts(), stored, std::make_shared<SilentMessenger>());
+    session.ConvertToForms();
+    Samples::FillForms(session.Content(), harbour);
+    stored = session.ConvertedToRaw();
+  }
+  std::vector<std::string> way;
+  for (const VersionName& version : SchemaFiles::VersionsOf("KD4410"))
+    way.insert(way.begin(), version.Text());
+  Converter converter(workplace.Parts(), std::make_shared<SilentMessenger>());
+  for (std::size_t i = 1; i < way.size(); ++i) {
+    stored = converter.Convert(stored, {way[i - 1], way[i]}).result;
+    if (stored == nullptr) throw std::runtime_error("the step to " + way[i] + " refuses");
+    const std::string digits = stored->GetSchema().Name().Digits();
+    if (std::ranges::find(kOldVersions, digits) == std::end(kOldVersions)) continue;
+    AtomicFile file(folder + "/harbour-" + digits + ".json");
+    file.Write(PersonalityFile::Format(file.Name(), *stored));
+  }
+}
+
 void WriteAll(const std::string& folder, Workplace& workplace) {
   using Fill = void(Provider&, const Personality&);
   const auto write = [&](const char* name, const Personality& personality, Fill fill) {
@@ -230,6 +263,7 @@ void WriteAll(const std::string& folder, Workplace& workplace) {
   write("city-fleet", CityFleet(), Samples::FillStored);
   write("hospital-paging", HospitalPaging(), Samples::FillStored);
   write("full", Samples::Full(), Samples::FillFull);
+  WriteOld(folder, workplace);
 }
 
 }  // namespace

@@ -90,7 +90,8 @@ class RandomPersonality {
       for (RecordNr record = 1; record <= content_->Count(field.table); ++record) {
         const std::int32_t at = Below(3);
         const std::int32_t shown = at == 0 ? lowest : at == 1 ? highest : Between(lowest, highest);
-        content_->Set(field, record, RoundToLong(shown * scale));
+        const bool isNoBand = field.id == "34.Band" && shown == 9;  // the numbers have a gap
+        content_->Set(field, record, RoundToLong((isNoBand ? lowest : shown) * scale));
       }
     }
   }
