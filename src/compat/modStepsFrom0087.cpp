@@ -6,6 +6,7 @@
 
 #include "channels/modBandLimits.h"
 #include "common/RadioCodes.h"
+#include "common/StoredValues.h"
 #include "compat/VersionStep.h"
 #include "compat/modBurstConversion.h"
 #include "platform/Conversions.h"
@@ -199,12 +200,11 @@ bool Down0091To0090(const VersionStep& step) {
                    "This database version does not support the Digital Programmable I/O Front Panel Channel "
                    "Selection Lockout Field value of 'Always'.  It has been set to 'After Selection'.");
   constexpr std::int32_t kLongest = 250;
-  const FieldRef delay = step.Destination().Field("VHSDLeadInDelay");
-  if (CLng(delay.Value(kOnly)) <= kLongest) return true;
+  if (CLng(StoredValue(step.Destination(), "VHSDLeadInDelay", kOnly)) <= kLongest) return true;
   step.Warn(
       "This database version does not support A VHSD Lead In Delay value greater than 250, this field has "
       "been set to 250.");
-  delay.SetValue(kOnly, kLongest);
+  step.Set("VHSDLeadInDelay", kOnly, kLongest);
   return true;
 }
 

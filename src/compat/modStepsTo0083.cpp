@@ -36,6 +36,7 @@ void CompletePresets(const VersionStep& step) {
   constexpr RecordNr kPresetsPerSystem = 10;
   const std::vector<Variant> systems = step.Destination().Field("64.DTMFNetworkSigSystemID").Values();
   const TableRef presets = step.Destination().Table("65");
+  presets.FillTo(1);
   const RecordNr needed = 1 + kPresetsPerSystem * static_cast<RecordNr>(systems.size());
   while (presets.RecordCount() < needed) {
     const RecordNr preset = presets.AppendRecord();

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "common/RadioCodes.h"
+#include "common/StoredValues.h"
 #include "common/modProjectGlobals.h"
 #include "compat/VersionStep.h"
 #include "platform/Conversions.h"
@@ -146,7 +147,7 @@ bool Down0086To0085(const VersionStep& step) {
     timer.SetValue(network, kMostGaps);
   }
   constexpr std::int32_t kStoredToMs = 5, kLongestLeadIn = 1200;
-  if (CLng(source.Field("9.DataLeadInDelay").Value(kOnly)) * kStoredToMs > kLongestLeadIn) {
+  if (CLng(StoredValue(source, "9.DataLeadInDelay", kOnly)) * kStoredToMs > kLongestLeadIn) {
     return step.Refuse(
         "This database version only supports a FFSK Lead-In Delay of up to 1200.  Please change this field "
         "value.");

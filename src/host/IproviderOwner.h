@@ -66,15 +66,23 @@ constexpr bool IsWithoutCircle(std::span<const ConversionOrder> order) {  // one
 }
 static_assert(IsWithoutCircle(kToUIOrder) && IsWithoutCircle(kFromUIOrder));
 
+/// The steps between database versions, by the digits of the two, that read the forms of the source. For any
+/// other a host needs not fill them.
+struct StepOnForms {
+  std::string_view from, to;
+};
+inline constexpr StepOnForms kStepsOnForms[] = {{"0084", "0083"}, {"0086", "0085"}, {"0090", "0089"}};
+
 /// What happens to the data between the radio and the forms. Implemented by the tier; legal once the
 /// tier is initialised. A band is given by its position in the band list (0 to 9), frequencies in Hz.
 class IproviderOwner {
  public:
   virtual ~IproviderOwner() = default;
   /// Converts a personality from one database version to a neighbouring one; a version text is model
-  /// name, point, four digits ("KD4410.0054"). The host has already copied what both versions share.
-  /// The user is told of each step that changes or refuses something; false: do not go on.
-  /// `report` is not used.
+  /// name, point, four digits ("KD4410.0054"). The host has already copied what both versions share; the
+  /// source is on its forms for the steps of kStepsOnForms. What a step writes to a form field or to one that
+  /// is converted in place is what the forms of the destination show. The user is told of each step that
+  /// changes or refuses something; false: do not go on. `report` is not used.
   virtual Status BackwardsCompatibility(std::shared_ptr<Iprovider> source, std::string_view fromVersion,
                                         std::shared_ptr<Iprovider> destination, std::string_view toVersion,
                                         const Variant& report, Boolean& out) = 0;

@@ -352,6 +352,26 @@ TEST_F(VersionSteps, TablesAreCompletedForTheSystemsAndNetworks) {
   }
 }
 
+/// A host may hand in anything; a fault would end the application, which fails the test.
+TEST_F(VersionSteps, EmptyAndFullTablesAreNoFault) {
+  const auto versions = SchemaFiles::VersionsOf("KD4410");
+  for (std::size_t i = 1; i < versions.size(); ++i) {
+    for (const bool isUp : {true, false}) {
+      for (const bool isFull : {true, false}) {
+        SCOPED_TRACE(versions[i - isUp].Digits() + (isFull ? " full" : " empty"));
+        Open(versions[i - isUp].Digits(), versions[i - !isUp].Digits());
+        for (Provider* content : {source.get(), destination.get()}) {
+          for (const SchemaTable& table : content->GetSchema().Tables()) {
+            if (table.number != 1108) content->SetCount(table.number, isFull ? table.maximum : 0);
+          }
+        }
+        Run();
+        EXPECT_EQ(CLng(destination->Get("39.Databaseversion")), versions[i - !isUp].number);
+      }
+    }
+  }
+}
+
 /// Blocks with a burst in each slot, told by its system and slot; and channels that point there.
 TEST_F(VersionSteps, BurstsGoByTheirPlaceAndWhatPointsAtThemFollows) {
   Open("0089", "0090");

@@ -274,16 +274,31 @@ std::shared_ptr<Provider> Converter::Take(const Provider& content, Hop& hop) {
   return result;
 }
 
+bool Converter::NeedsForms(const Hop& hop) const {
+  using Step = bool (*)(TierHost&, const ConversionPair&);
+  const Step* step = step_.target<Step>();
+  const bool isOfTier = step != nullptr && *step == StepOfTier;
+  const auto reads = [&](const StepOnForms& row) {
+    return hop.from.ends_with(row.from) && hop.to.ends_with(row.to);
+  };
+  const auto isOfRecords = [](const Loss& loss) { return loss.field == nullptr; };
+  return !isOfTier || std::ranges::any_of(kStepsOnForms, reads) ||
+         std::ranges::any_of(hop.losses, isOfRecords);
+}
+
 bool Converter::RunStep(const Provider& content, const std::shared_ptr<Provider>& destination, Hop& hop) {
   const std::shared_ptr<Provider> source = content.Copy();
   Session session(parts_, source, messenger_);
-  session.ConvertToForms();
-  AddIdentities({content.Copy(), source}, hop.losses);
+  const bool isOnForms = NeedsForms(hop);
+  if (isOnForms) session.ConvertToForms();
+  if (isOnForms) AddIdentities({content.Copy(), source}, hop.losses);
   session.Host().UseStore(destination);
   messenger_->Clear();
   hop.accepted = step_(session.Host(), {source, hop.from, destination, hop.to});
   hop.messages = messenger_->Boxes();
   if (!hop.accepted && !hop.messages.empty()) {
+    session.Host().UseStore(source);
+    if (!isOnForms) session.ConvertToForms();
     hop.obstacles = ObstaclesTo(hop.to, hop.messages.back().text, *source);
   }
   return hop.accepted;

@@ -50,7 +50,7 @@ struct Hop {
 
 /// What a step works with. The tier's current personality is `source`.
 struct ConversionPair {
-  std::shared_ptr<Provider> source;  // converted for the forms
+  std::shared_ptr<Provider> source;  // converted for the forms where a step reads them
   std::string from;
   /// What both versions share, as the radio stores it; its forms hold their defaults. What the step writes to
   /// a form field of a record is converted for the radio afterwards.
@@ -84,6 +84,9 @@ class Converter {
 
  private:
   std::shared_ptr<Provider> Take(const Provider& content, Hop& hop);
+  /// Whether the step reads the forms of its source, or the report does for the numbers of records that are
+  /// lost. Another step than the tier's may read what it likes.
+  bool NeedsForms(const Hop& hop) const;
   bool RunStep(const Provider& content, const std::shared_ptr<Provider>& destination, Hop& hop);
   std::shared_ptr<Provider> WithForms(const std::shared_ptr<Provider>& content,
                                       const std::vector<Change>& written);

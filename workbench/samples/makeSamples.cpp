@@ -231,12 +231,14 @@ void WriteOld(const std::string& folder, Workplace& workplace) {
   harbour.groups = {{.number = 201, .isVote = false, .channels = {16, 6, 8, 103}}};
   std::shared_ptr<Provider> stored = NewPersonality(workplace.Schemas(), kVersion);
   Samples::FillStored(*stored, harbour);
-  {
-    Session session(workplace.Parts(), stored, std::make_shared<SilentMessenger>());
+  // As a host of the version saves it; one tier at a time serves the library.
+  const auto saved = [&](const std::shared_ptr<Provider>& content, const auto& fill) {
+    Session session(workplace.Parts(), content->Copy(), std::make_shared<SilentMessenger>());
     session.ConvertToForms();
-    Samples::FillForms(session.Content(), harbour);
-    stored = session.ConvertedToRaw();
-  }
+    fill(session.Content());
+    return session.ConvertedToRaw();
+  };
+  stored = saved(stored, [&](Provider& content) { Samples::FillForms(content, harbour); });
   std::vector<std::string> way;
   for (const VersionName& version : SchemaFiles::VersionsOf("KD4410"))
     way.insert(way.begin(), version.Text());
@@ -246,8 +248,8 @@ void WriteOld(const std::string& folder, Workplace& workplace) {
     if (stored == nullptr) throw std::runtime_error("the step to " + way[i] + " refuses");
     const std::string digits = stored->GetSchema().Name().Digits();
     if (std::ranges::find(kOldVersions, digits) == std::end(kOldVersions)) continue;
-    AtomicFile file(folder + "/harbour-" + digits + ".json");
-    file.Write(PersonalityFile::Format(file.Name(), *stored));
+    AtomicFile file(std::string(folder).append("/harbour-").append(digits).append(".json"));
+    file.Write(PersonalityFile::Format(file.Name(), *saved(stored, [](Provider&) {})));
   }
 }
 

@@ -9,6 +9,7 @@
 #include "tests/support/TierFixture.h"
 #include "tests/workbench/FileHelpers.h"
 #include "tests/workbench/InProcessCommand.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/store/ValueText.h"
 
@@ -154,7 +155,84 @@ TEST_F(ConversionTest, AFaultOfTheTierIsNoRefusal) {
   EXPECT_THROW(Convert(Content("minimal"), Way("0094", "0093"), step), TierFault);
 }
 
+TEST_F(ConversionTest, ABurstThatMovesIsNoChangeAndOneThatIsDroppedIsNamed) {
+  const auto content = Content("city-fleet");
+  const Conversion refused = Convert(content, Way("0094", "0029"));
+  ASSERT_EQ(refused.result, nullptr);
+  const auto& obstacles = refused.hops.back().obstacles;
+  ASSERT_THAT(obstacles, SizeIs(2));  // vehicles 11 and 12
+  EXPECT_EQ(obstacles[0].field->id + CStr(obstacles[0].record) + CStr(obstacles[0].value),
+            "5.TXCallBurstSeq1121021");
+
+  for (const RecordNr channel : {11, 12}) content->Set("5.TXCallBurst", channel, 8);
+  const Conversion down = Convert(content, Way("0094", "0089"));
+  const Hop& hop = down.hops.back();
+  EXPECT_THAT(Told(hop.changes), ElementsAre("count of 30 283>103", "39.Databaseversion[1] 90>89"));
+  ASSERT_THAT(hop.losses, SizeIs(27));
+  EXPECT_EQ(hop.losses[0].place, "Selcall system 1, Tx call burst 11");
+  EXPECT_EQ(CLng(down.result->Get("5.StatusBurst", 13)), 69);
+
+  const Conversion stopped = Convert(content, Way("0094", "0085"));
+  EXPECT_EQ(stopped.result, nullptr);
+  EXPECT_THAT(stopped.hops.back().obstacles, SizeIs(2));  // its groups
+}
+
+TEST_F(ConversionTest, APinThatHidesItsActionIsNamedWithTheWayOut) {
+  const auto content = Content("full");
+  for (RecordNr pin = 1; pin <= 15; ++pin) {
+    content->Set("55.DigitalIOInputActivationAction", pin, 0);
+    content->Set("55.DigitalIOInputDeactivationAction", pin, 0);
+  }
+  content->Set("55.DigitalIOInputActivationAction", 7, 43);
+  content->Set("55.DigitalIOInputDirection", 7, 2);
+  const Conversion refused = Convert(content, Way("0094", "0089"));
+  ASSERT_EQ(refused.result, nullptr);
+  ASSERT_THAT(refused.hops.back().obstacles, SizeIs(1));
+  EXPECT_EQ(refused.hops.back().obstacles[0].where, "AUX_GPIO7");
+  EXPECT_THAT(refused.hops.back().obstacles[0].way, HasSubstr("make it an input, save"));
+}
+
+TEST_F(ConversionTest, AnOldSampleIsWhatItsVersionSavesAndComesUp) {
+  for (const std::string sample : kOldSamples) {
+    const auto content = Content(sample);
+    Session session(parts, content->Copy(), messenger);
+    session.ConvertToForms();
+    EXPECT_EQ(PersonalityFile::Format(sample, *session.ConvertedToRaw()), ContentOf(Sample(sample)));
+  }
+  for (const std::string sample : kOldSamples) {
+    const Conversion up = Convert(Content(sample), Way(sample.substr(sample.size() - 4), "0094"));
+    ASSERT_NE(up.result, nullptr) << sample;
+    EXPECT_EQ(CLng(up.result->Get("39.Databaseversion")), 94);
+    EXPECT_EQ(CLng(up.result->Get("21.NetworkPointer", 3)), 3) << "counted from 1 again";
+    EXPECT_EQ(CLng(up.result->Get("75.SIBTFrequency")), 20000);
+  }
+}
+
 using ConvertCommand = InProcessCommand;
+
+TEST_F(ConvertCommand, TellsWhatAWayDoesWithoutAFileAndTriesItWithoutWriting) {
+  EXPECT_EQ(Run({"convert", "--explain", "0090", "KD4410.0088"}), ExitCode::Done) << messages;
+  EXPECT_THAT(out.str(), testing::AllOf(HasSubstr("KD4410.0090 -> KD4410.0089\n  Refused with a VHSD"),
+                                        HasSubstr("  - VHSDLeadInDelay is 20..250, was 5..250"),
+                                        HasSubstr("KD4410.0089 -> KD4410.0088\n  Internal power sense")));
+  EXPECT_EQ(Run({"convert", "--explain", "0029", "0094", "--json"}), ExitCode::Done);
+  EXPECT_THAT(nlohmann::json::parse(out.str()), SizeIs(17));
+  EXPECT_EQ(Run({"convert", file, "--to", "0091", "--dry-run"}), ExitCode::Done) << messages;
+  EXPECT_THAT(out.str(), HasSubstr("Dry run: nothing is written."));
+  EXPECT_FALSE(std::filesystem::exists(folder.PathOf("p-0091.json")));
+  EXPECT_EQ(Run({"convert", file, "--to", "0029", "--dry-run"}), ExitCode::No);
+  EXPECT_THAT(out.str(), HasSubstr("The step from KD4410.0086 to KD4410.0085 refuses"));
+  const std::pair<std::vector<std::string>, const char*> wrong[] = {
+      {{"--explain", "0090", "0092"}, "is none of KD4410.0029"},
+      {{"--explain", "0090"}, "is none of"},
+      {{"--explain", "KE2210 Rx.0090", "KD4410.0091"}, "no conversion leads from KE2210 Rx.0090"},
+      {{file, "0090", "--to", "0091"}, "goes with --explain alone"}};
+  for (auto [words, message] : wrong) {
+    words.insert(words.begin(), "convert");
+    EXPECT_EQ(Run(words), ExitCode::CouldNot) << message;
+    EXPECT_THAT(messages, HasSubstr(message));
+  }
+}
 
 TEST_F(ConvertCommand, WritesANewFileAndNeverOverAnotherUnasked) {
   const std::string written = folder.PathOf("p-0093.json");
