@@ -49,6 +49,12 @@ void TierHost::CreateTier(std::shared_ptr<Imessenger> messenger) {
   Require(tier_->UserInterface(userInterface_));
 }
 
+void TierHost::Open(std::shared_ptr<Provider> provider) {
+  const std::string key = provider->GetSchema().Name().Key();
+  personality_->Open(std::move(provider));
+  Require(tier_->SetTierKey(key));
+}
+
 void TierHost::UseStore(std::shared_ptr<Provider> provider) {
   personality_->SetProvider(std::move(provider));
 }

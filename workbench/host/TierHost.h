@@ -48,6 +48,8 @@ class TierHost {
   TierHost(const TierHost&) = delete;
   TierHost& operator=(const TierHost&) = delete;
 
+  /// The tier turns to another personality of its model, of any version.
+  void Open(std::shared_ptr<Provider> provider);
   /// The tier finds this store for its version from now on.
   void UseStore(std::shared_ptr<Provider> provider);
 

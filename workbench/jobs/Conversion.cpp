@@ -248,6 +248,8 @@ bool StepOfTier(TierHost& host, const ConversionPair& pair) {
 Converter::Converter(HostParts parts, std::shared_ptr<RecordingMessenger> messenger, ConversionStep step)
     : parts_(std::move(parts)), messenger_(std::move(messenger)), step_(std::move(step)) {}
 
+Converter::~Converter() = default;
+
 Conversion Converter::Convert(const std::shared_ptr<Provider>& content, const std::vector<std::string>& way) {
   Conversion conversion{{}, content};
   for (std::size_t i = 1; i < way.size() && conversion.result != nullptr; ++i) {
@@ -256,6 +258,7 @@ Conversion Converter::Convert(const std::shared_ptr<Provider>& content, const st
     hop.to = way[i];
     conversion.result = Take(*conversion.result, hop);
   }
+  host_.reset();
   return conversion;
 }
 
@@ -288,20 +291,37 @@ bool Converter::NeedsForms(const Hop& hop) const {
 
 bool Converter::RunStep(const Provider& content, const std::shared_ptr<Provider>& destination, Hop& hop) {
   const std::shared_ptr<Provider> source = content.Copy();
-  Session session(parts_, source, messenger_);
-  const bool isOnForms = NeedsForms(hop);
-  if (isOnForms) session.ConvertToForms();
-  if (isOnForms) AddIdentities({content.Copy(), source}, hop.losses);
-  session.Host().UseStore(destination);
-  messenger_->Clear();
-  hop.accepted = step_(session.Host(), {source, hop.from, destination, hop.to});
-  hop.messages = messenger_->Boxes();
+  if (NeedsForms(hop)) {
+    const auto session = OpenOnForms(source);
+    AddIdentities({content.Copy(), source}, hop.losses);
+    AskTier(session->Host(), source, destination, hop);
+  } else {
+    if (host_ == nullptr)
+      host_ = std::make_unique<TierHost>(parts_, source, messenger_);
+    else
+      host_->Open(source);
+    AskTier(*host_, source, destination, hop);
+  }
   if (!hop.accepted && !hop.messages.empty()) {
-    session.Host().UseStore(source);
-    if (!isOnForms) session.ConvertToForms();
+    if (!NeedsForms(hop)) OpenOnForms(source);
     hop.obstacles = ObstaclesTo(hop.to, hop.messages.back().text, *source);
   }
   return hop.accepted;
+}
+
+void Converter::AskTier(TierHost& host, const std::shared_ptr<Provider>& source,
+                        const std::shared_ptr<Provider>& destination, Hop& hop) {
+  host.UseStore(destination);
+  messenger_->Clear();
+  hop.accepted = step_(host, {source, hop.from, destination, hop.to});
+  hop.messages = messenger_->Boxes();
+}
+
+std::unique_ptr<Session> Converter::OpenOnForms(const std::shared_ptr<Provider>& content) {
+  host_.reset();  // one tier at a time
+  auto session = std::make_unique<Session>(parts_, content, messenger_);
+  session->ConvertToForms();
+  return session;
 }
 
 /// The content with what the step wrote to form fields, converted for the radio together with the forms that
@@ -309,13 +329,12 @@ bool Converter::RunStep(const Provider& content, const std::shared_ptr<Provider>
 std::shared_ptr<Provider> Converter::WithForms(const std::shared_ptr<Provider>& content,
                                                const std::vector<Change>& written) {
   if (written.empty()) return content;
-  Session session(parts_, content, messenger_);
-  session.ConvertToForms();
+  const auto session = OpenOnForms(content);
   for (const Change& change : written) {
     const bool isThere = change.field != nullptr && change.record <= content->Count(*change.table);
-    if (isThere) session.Store(*change.field, change.record, change.now);
+    if (isThere) session->Store(*change.field, change.record, change.now);
   }
-  return session.ConvertedToRaw();
+  return session->ConvertedToRaw();
 }
 
 std::string VersionOfKey(std::string_view key) {

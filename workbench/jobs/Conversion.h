@@ -11,6 +11,7 @@
 #include "workbench/jobs/Obstacles.h"
 #include "workbench/store/Journal.h"
 
+class Session;
 struct VersionName;
 
 /// What a version can not hold of a personality.
@@ -77,6 +78,7 @@ struct Conversion {
 class Converter {
  public:
   Converter(HostParts parts, std::shared_ptr<RecordingMessenger> messenger, ConversionStep step = StepOfTier);
+  ~Converter();
 
   /// `content` as its file holds it, which stays so. `way` are the versions from the one of the content to
   /// the one wanted, neighbours in turn.
@@ -87,6 +89,9 @@ class Converter {
   /// Whether the step reads the forms of its source, or the report does for the numbers of records that are
   /// lost. Another step than the tier's may read what it likes.
   bool NeedsForms(const Hop& hop) const;
+  void AskTier(TierHost& host, const std::shared_ptr<Provider>& source,
+               const std::shared_ptr<Provider>& destination, Hop& hop);
+  std::unique_ptr<Session> OpenOnForms(const std::shared_ptr<Provider>& content);
   bool RunStep(const Provider& content, const std::shared_ptr<Provider>& destination, Hop& hop);
   std::shared_ptr<Provider> WithForms(const std::shared_ptr<Provider>& content,
                                       const std::vector<Change>& written);
@@ -94,6 +99,7 @@ class Converter {
   HostParts parts_;
   std::shared_ptr<RecordingMessenger> messenger_;
   ConversionStep step_;
+  std::unique_ptr<TierHost> host_;  // of the steps that read no forms, while a conversion runs
 };
 
 /// The versions of the model, oldest first, as the tier tells them. `host` has a personality of it open.

@@ -37,7 +37,6 @@ constexpr Cause kCauses[] = {
     {"0085", "Invalid Confirmation",  "36.SubAudInvalidConfDelay", 251, kAnyHigh},
     {"0085", "excess Scan Groups",    "16.GroupIDTracker", kAnyLow, kAnyHigh},
     {"0085", "FFSK Lead-In",          "9.DataLeadInDelay", 241, kAnyHigh},
-    {"0085", "24 channels",           "5.ChannelIDTracker", kAnyLow, kAnyHigh},
     {"0088", "MDC1200",               "80.MDC1200SignallingSystemID", kAnyLow, kAnyHigh},
     {"0088", "Invalid Confirmation",  "36.SubAudInvalidConfDelay", kAnyLow, 9},
     {"0089", "VHSD Lead-In",          "9.VHSDLeadInDelay", kAnyLow, 19},
