@@ -8,6 +8,7 @@
 #include "platform/Error.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/jobs/Forms.h"
+#include "workbench/store/TypedNames.h"
 
 namespace {
 
@@ -65,6 +66,12 @@ class Verbs {
   Verb::Action action_;
 };
 
+std::string NoCommand(const std::string& word) {
+  std::vector<std::string> names;
+  for (const Verb* verb : Verb::All()) names.emplace_back(verb->About().name);
+  return "there is no command " + word + TypedNames::Suggestion(word, std::move(names));
+}
+
 /// Reads the line; Done when there is nothing more to do (help), nothing when its verb is to run.
 std::optional<ExitCode> Parse(CLI::App& app, std::vector<std::string> words, const Workplace& workplace) {
   std::ranges::reverse(words);  // the order in which the library takes them
@@ -77,7 +84,7 @@ std::optional<ExitCode> Parse(CLI::App& app, std::vector<std::string> words, con
   } catch (const CLI::ParseError& error) {
     const auto unknown = app.remaining();
     const bool noCommand = app.get_subcommands().empty() && !unknown.empty();
-    std::cerr << workplace.prefix << (noCommand ? "there is no command " + unknown.front() : error.what())
+    std::cerr << workplace.prefix << (noCommand ? NoCommand(unknown.front()) : error.what())
               << "\nSee kd4410 --help.\n";
     return ExitCode::CouldNot;
   }
@@ -108,6 +115,7 @@ ExitCode RunCommand(std::vector<std::string> words, Workplace& workplace, bool i
   app.option_defaults()->take_last();
   app.fallthrough();
   app.set_help_all_flag("--help-all", "Print the help of all commands");
+  app.set_version_flag("--version", "kd4410 " KD4410_VERSION, "Print the version of this program");
   AddOptions(app, workplace.options);
   const Verbs verbs(app, insideScript);
 

@@ -6,7 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "platform/CaseText.h"
 #include "workbench/cli/Report.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
@@ -39,16 +38,14 @@ std::string Joined(const std::vector<std::string>& names) {
   return text;
 }
 
-/// The versions from that of the content to the one asked for, which is given with its model or as digits.
+/// The versions from that of the content to the one asked for.
 std::vector<std::string> WayTo(const ConvertArguments& arguments, const std::shared_ptr<Provider>& content,
                                Workplace& workplace) {
   const VersionName& version = content->GetSchema().Name();
   TierHost host(workplace.Parts(), content, workplace.Messenger());
   const std::vector<std::string> path = VersionPath(host, version);
   for (const std::string& to : path) {
-    const bool isAsked = EqualsIgnoringCase(to, arguments.version) ||
-                         EqualsIgnoringCase(to, version.model + "." + arguments.version);
-    if (!isAsked) continue;
+    if (!SchemaFiles::VersionOf(to).IsMeantBy(arguments.version)) continue;
     if (to != version.Text()) return WayBetween(path, version.Text(), to);
     throw UsageError(arguments.file + " is of version " + to + " already: there is nothing to convert");
   }
@@ -235,7 +232,7 @@ void Print(const Converted& converted, std::ostream& out) {
 /// The version that a word means, given with its model or as digits of the newest one.
 const VersionName& VersionMeant(const std::string& word) {
   for (const VersionName& version : SchemaFiles::Versions()) {
-    if (EqualsIgnoringCase(version.Text(), word) || version.Digits() == word) return version;
+    if (version.IsMeantBy(word)) return version;
   }
   return SchemaFiles::VersionOf(word);
 }

@@ -121,4 +121,8 @@ std::string VersionName::Digits() const {
 
 std::string VersionName::Text() const { return model + "." + Digits(); }
 
+bool VersionName::IsMeantBy(std::string_view word) const {
+  return EqualsIgnoringCase(Text(), word) || Digits() == word || std::to_string(number) == word;
+}
+
 std::string VersionName::Key() const { return Digits() + "." + model; }

@@ -80,6 +80,9 @@ struct VersionName {
   std::string Key() const;
   /// "0094"
   std::string Digits() const;
+  /// Whether a person means it: by its text in any case, or by its digits alone, with or without the zeros at
+  /// their head.
+  bool IsMeantBy(std::string_view word) const;
 
   friend bool operator==(const VersionName&, const VersionName&) = default;
 };

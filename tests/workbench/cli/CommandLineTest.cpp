@@ -261,6 +261,11 @@ TEST_F(CommandLine, AScriptStopsAtTheFirstLineThatFails) {
   EXPECT_THAT(Run({"run", folder.Write("u", "get \"a b\n")}).err, HasSubstr("u:1: a quote is not closed"));
 }
 
+TEST_F(CommandLine, TheProgramTellsItsVersionAndWhatWasMeant) {
+  EXPECT_THAT(Run({"--version"}).out, testing::StartsWith("kd4410 "));
+  EXPECT_THAT(Run({"chekc", file}).err, HasSubstr("there is no command chekc; did you mean check"));
+}
+
 TEST_F(CommandLine, ANewPersonalityOfEachModelIsSound) {
   const std::pair<const char*, const char*> cases[] = {
       {"KD4410.0029", "[final 20]\n\n1 finding\n"},  // has a scan group, that wants its channels

@@ -211,7 +211,7 @@ TEST_F(ConversionTest, AnOldSampleIsWhatItsVersionSavesAndComesUp) {
 using ConvertCommand = InProcessCommand;
 
 TEST_F(ConvertCommand, TellsWhatAWayDoesWithoutAFileAndTriesItWithoutWriting) {
-  EXPECT_EQ(Run({"convert", "--explain", "0090", "KD4410.0088"}), ExitCode::Done) << messages;
+  EXPECT_EQ(Run({"convert", "--explain", "90", "kd4410.0088"}), ExitCode::Done) << messages;
   EXPECT_THAT(out.str(), testing::AllOf(HasSubstr("KD4410.0090 -> KD4410.0089\n  Refused with a VHSD"),
                                         HasSubstr("  - VHSDLeadInDelay is 20..250, was 5..250"),
                                         HasSubstr("KD4410.0089 -> KD4410.0088\n  Internal power sense")));
