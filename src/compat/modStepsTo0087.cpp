@@ -23,8 +23,7 @@ constexpr std::int32_t kBusyStatus = 1, kSerialDataTx = 33, kEncryptionStatus = 
 void ProvideGrid(const ProviderRef& source) {
   if (source.Table("1108").RecordCount() > 0) return;
   const ScopedAutoUpdate silent(source, false);
-  modDigitalIO::GetDigitalIOGrid(source);
-  modDigitalIO::GetDigitalIO(source);
+  modDigitalIO::GetGridAndDigitalIO(source, {}, kOnly);
 }
 
 /// The outputs of the grid that show this.

@@ -92,7 +92,7 @@ void GetSystemID(const ProviderRef& provider, std::string_view fieldId, RecordNr
     const std::string number = CStr(provider.Field("21.NetworkPointer").Value(record));
     provider.Field(fieldId).SetValue(record, number);
     const FieldRef emergency = provider.Field("EmNetworkID");
-    if (record <= emergency.RecordCount()) emergency.SetValue(record, number);  // the table may be too short
+    if (emergency.HasRecord(record)) emergency.SetValue(record, number);  // the table may be too short
   });
 }
 
@@ -157,7 +157,7 @@ std::string SequenceOf(const ProviderRef& provider, std::int32_t type, const Var
 void GetEmergencyType(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {
   Procedure("GetEmergencyType", [&] {
     const FieldRef types = provider.Field("21.SignallingType");
-    if (record > types.RecordCount()) return;  // of no network: the table is too long
+    if (!types.HasRecord(record)) return;  // of no network: the table is too long
     const std::string_view text = SignallingTypeText(CLng(types.Value(record)));
     if (!text.empty()) provider.Field(fieldId).SetValue(record, text);
   });

@@ -196,7 +196,7 @@ class TypeChange {
     const std::string_view text = needs_ == nullptr ? kNone : modNetworks::SignallingTypeText(needs_->type);
     edit_.writes.Set("21.NetworkSignallingID", "NetworkSignallingID", edit_.record,
                      needs_ == nullptr ? std::string(kNone) : FirstIdentity());
-    if (edit_.record <= edit_.validator.CurrentProvider().Field("53.SignallingTypeUI").RecordCount()) {
+    if (edit_.validator.CurrentProvider().Field("53.SignallingTypeUI").HasRecord(edit_.record)) {
       edit_.writes.Set("53.SignallingTypeUI", "SignallingTypeUI", edit_.record, text);  // it may be too short
     }
     if (needs_ == nullptr) {

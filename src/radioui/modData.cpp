@@ -91,7 +91,7 @@ void GetCCDICallerID(const ProviderRef&, std::string_view, RecordNr) {}
 void GetCustomerDataNetworkID(const ProviderRef& provider, std::string_view, RecordNr record) {
   Procedure("GetCustomerDataNetworkID", [&] {
     const FieldRef networks = provider.Field("21.NetworkIDTracker");
-    if (record > networks.RecordCount()) return;  // of no network: the table is too long
+    if (!networks.HasRecord(record)) return;  // of no network: the table is too long
     provider.Field("77.CustomerDataNetworkID").SetValue(record, networks.Value(record));
   });
 }

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "platform/Conversions.h"
+#include "workbench/jobs/BurstPlaces.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 
@@ -74,12 +75,15 @@ void NamePin(const Provider& forms, Obstacle& obstacle) {
 
 /// Calls behind the tenth, as the forms show them.
 void AddTxCalls(const Provider& forms, std::vector<Obstacle>& obstacles) {
-  constexpr std::int32_t kBlock = 141, kLast = 17;
+  constexpr BurstPlace kTenth{1, 2, 10};
+  const BurstPlaces places(forms.GetSchema());
   const SchemaField& text = forms.FieldOf("5.TXCallBurstSeq");
   for (RecordNr channel = 1; channel <= forms.Count(text.table); ++channel) {
-    const std::int32_t pointer = CLng(forms.Get("5.TXCallBurst", channel));
-    if (pointer <= 0 || (pointer - 1) % kBlock < kLast) continue;
-    obstacles.push_back({&text, channel, forms.Get(text, channel), {}, {}});
+    auto place = places.Of(CLng(forms.Get("5.TXCallBurst", channel)) + 1);
+    if (!place) continue;
+    place->system = kTenth.system;
+    if (places.RecordOf(*place) > places.RecordOf(kTenth))
+      obstacles.push_back({&text, channel, forms.Get(text, channel), {}, {}});
   }
 }
 
