@@ -58,13 +58,15 @@ struct Edited {
   std::vector<CellDifference> stored = {};
   std::vector<const SchemaTable*> laidOutAnew = {};
   bool saved = false;
-  bool IsGranted() const { return result.accepted && !result.IsLost() && !lost; }
+  bool isOther = false;  // and no box has said so
+  bool IsGranted() const { return result.accepted && !isOther && !result.IsLost() && !lost; }
   Report::Outcome Outcome() const { return {result.accepted, IsGranted(), saved, result.others}; }
 };
 
-std::string NotHeld(const EditResult& result) {
-  return "\"" + ValueText::Of(result.left) + "\" is no value that the radio can hold here; it keeps \"" +
-         ValueText::Of(result.now) + "\"";
+std::string NotHeld(const Edited& edited) {
+  const EditResult& result = edited.result;
+  return "\"" + ValueText::Of(result.asked) + "\" is no value that the radio can hold here; it " +
+         (result.IsLost() ? "keeps" : "would hold") + " \"" + ValueText::Of(result.now) + "\"";
 }
 
 /// Why the value does not come back.
@@ -154,7 +156,7 @@ Json JsonOf(const Edited& edited, const Session& session, const std::vector<Show
                {"entered", edited.arguments.value},
                {"now", Report::JsonOf(edited.IsGranted() ? result.now : result.before)}};
   if (!result.refusal.empty()) data["refusal"] = result.refusal;
-  if (result.IsLost()) data["refusal"] = NotHeld(result);
+  if (edited.isOther || result.IsLost()) data["refusal"] = NotHeld(edited);
   if (edited.lost) data["refusal"] = WouldBeLost(edited, session);
   Report::AddTo(data, edited.Outcome(), session, boxes);
   data["stored"] = JsonOf(session, edited.stored);
@@ -169,8 +171,8 @@ void Print(const Edited& edited, const Session& session, std::ostream& out) {
   const std::string label = session.LabelOf(edited.uiid);
   out << label << (label == edited.uiid ? "" : " (" + edited.uiid + ")") << ", record "
       << edited.arguments.record << ": ";
-  if (result.IsLost()) {
-    out << NotHeld(result) << '\n';
+  if (edited.isOther || result.IsLost()) {
+    out << NotHeld(edited) << '\n';
   } else if (edited.lost) {
     out << "\"" << edited.arguments.value << "\": " << WouldBeLost(edited, session) << '\n';
   } else if (result.accepted) {
@@ -221,6 +223,7 @@ ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
   messenger->Clear();
   Edited edited{arguments, field, uiid, session.Edit(field, uiid, arguments.record, arguments.value)};
   const std::vector<Shown> boxes = messenger->Boxes();
+  edited.isOther = boxes.empty() && edited.result.IsOther(field);
   if (edited.IsGranted()) FileAndSave(edited, opened, before);
   workplace.Tell([&] { return JsonOf(edited, session, boxes); },
                  [&](std::ostream& out) { Print(edited, session, out); });

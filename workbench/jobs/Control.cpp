@@ -85,12 +85,23 @@ Entry IntegerEntered(const SchemaField& field, std::string_view typed) {
   return Refuse("the field takes whole numbers" + RangeOf(limits));
 }
 
+/// Of a plain number: how many decimals it has, the zeros at its end left out.
+std::size_t DecimalsOf(std::string_view number) {
+  const std::size_t symbol = number.find_first_not_of("+-0123456789");
+  const std::size_t last = number.find_last_not_of('0');
+  return symbol == std::string_view::npos ? 0 : last - symbol;
+}
+
 Entry NumberEntered(const SchemaField& field, std::string_view typed) {
+  typed = Trim(typed);
   const Limits limits = LimitsOf(field);
   const bool isLimited = limits.lowest < limits.highest;
   const double number = IsNumericText(typed) ? *ParseNumber(typed) : HUGE_VAL;  // also for too many digits
-  if (std::isfinite(number) && limits.Hold(number)) return HandOn(std::string(Trim(typed)));
-  return Refuse("the field takes plain numbers" + (isLimited ? RangeOf(limits) : ""));
+  const bool isFineEnough = field.width == 0 || std::cmp_less_equal(DecimalsOf(typed), field.width);
+  if (std::isfinite(number) && limits.Hold(number) && isFineEnough) return HandOn(std::string(typed));
+  std::string why = "the field takes plain numbers" + (isLimited ? RangeOf(limits) : "");
+  if (!isFineEnough) why += ", with decimals: " + std::to_string(field.width) + " at most";
+  return Refuse(std::move(why));
 }
 
 Entry FlagEntered(std::string_view typed) {

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "workbench/jobs/Forms.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
+#include "workbench/store/ValueText.h"
 
 namespace {
 
@@ -75,19 +75,6 @@ bool IsSame(const SchemaTable& table, const Provider& a, const Provider& b) {
   });
 }
 
-/// Of a text that is a number in hexadecimal: without the zeros at its head. No text is no number.
-std::string_view WithoutZeros(std::string_view hex) {
-  while (hex.size() > 1 && hex.front() == '0') hex.remove_prefix(1);
-  return hex;
-}
-
-bool ReadsTheSame(const SchemaField& field, const Variant& a, const Variant& b) {
-  if (field.validation.empty()) return SameCell(a, b);
-  const bool isHexadecimal = field.width > 0 && field.validation == "0123456789ABCDEF";
-  if (isHexadecimal) return EqualsIgnoringCase(WithoutZeros(CStr(a)), WithoutZeros(CStr(b)));
-  return CStr(a) == CStr(b);  // tones: "012" is not "12"
-}
-
 bool IsOnForms(const SchemaField& field) { return !field.IsRaw() || !field.uiids.empty(); }
 
 /// Empty for a record that is not there.
@@ -100,7 +87,7 @@ std::optional<LostValue> LostIn(const FiledEdit& edit, const SchemaField& field,
   if (record > edit.forms.Count(field.table)) return {};  // the edit has deleted it
   LostValue value{&field, record, ValueIn(*edit.before.forms, field, record), edit.forms.Get(field, record),
                   ValueIn(*edit.after.forms, field, record)};
-  if (!value.back.IsEmpty() && ReadsTheSame(field, value.now, value.back)) return {};
+  if (!value.back.IsEmpty() && ValueText::ReadsTheSame(field, value.now, value.back)) return {};
   return value;
 }
 
@@ -110,7 +97,7 @@ std::optional<LostValue> ChangedByNobody(const FiledEdit& edit, const SchemaFiel
   const SchemaField& shown = *ShownAs(edit.before.stored->GetSchema(), stored);
   if (!IsOnForms(shown)) return {};
   std::optional<LostValue> lost = LostIn(edit, shown, record);
-  const bool isUntouched = lost && ReadsTheSame(shown, lost->before, lost->now);
+  const bool isUntouched = lost && ValueText::ReadsTheSame(shown, lost->before, lost->now);
   return isUntouched ? lost : std::nullopt;
 }
 

@@ -9,6 +9,7 @@
 #include "workbench/jobs/Forms.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
+#include "workbench/store/ValueText.h"
 
 namespace {
 /// The radio may hold a number that the form shows and that ends the application on its way back; the base
@@ -102,6 +103,12 @@ bool Brings(const Provider& content, const SchemaField& field, const Change& cha
 }
 }  // namespace
 
+bool EditResult::IsOther(const SchemaField& field) const {
+  // A rule spells tones anew, "G" for the group tone, "V" for "VV": they are the same tones.
+  const Variant& meant = field.validation.empty() ? asked : left;
+  return accepted && !ValueText::ReadsTheSame(field, now, meant);
+}
+
 Limits LimitsOf(const SchemaField& field) {
   return {static_cast<double>(field.minimum), static_cast<double>(field.maximum)};
 }
@@ -154,6 +161,7 @@ EditResult Session::Edit(const SchemaField& field, std::string_view uiid, Record
   Journal journal(*provider_);
   host_.Require(provider_->SetAutoUpdate(kTrue));
   Variant value(std::move(entry.value));
+  result.asked = value;
   Boolean accepted = kFalse;
   host_.Require(host_.Validator().ValidateByUIID(uiid, value, record, accepted));
   result.accepted = accepted != kFalse;

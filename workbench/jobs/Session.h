@@ -34,12 +34,17 @@ struct EditResult {
   /// Why this host refused the value itself, without asking the tier; empty when it did not.
   std::string refusal;
   Variant before;
+  /// The value that the rule was asked about.
+  Variant asked;
   /// The value that the rule left to be stored.
   Variant left;
   /// The value that stands in the field now.
   Variant now;
   /// The value passed its rule, but the radio has no such value and the field reads as before.
   bool IsLost() const { return accepted && SameValue(now, before) && !SameValue(now, left); }
+  /// The value passed its rule, but reads otherwise by now than it was asked for: rounded on its way to the
+  /// radio and back, or made another by the rule.
+  bool IsOther(const SchemaField& field) const;
   /// What else changed; after a refusal, what the rule had written before it refused.
   std::vector<Change> others;
 };

@@ -55,7 +55,7 @@ struct SchemaField {
   std::string units;
   std::int32_t transform = 0;  // 0 for none
   std::string validation;
-  std::int32_t width = 0;  // the characters that a text takes at most; 0 for no limit
+  std::int32_t width = 0;  // the characters of a text, the decimals of a number at most; 0 for no limit
   /// The field that holds the same fact in versions without this one; empty for none.
   std::string twin;
 

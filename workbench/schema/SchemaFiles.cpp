@@ -128,7 +128,8 @@ std::int32_t WidthOf(const TabbedFile& file, const SchemaField& field) {
   if (file.Cell(kWidth).empty()) return 0;
   const std::int32_t width = file.Integer(kWidth);
   if (width < 1) file.Fail(kWidth, "less than 1");
-  if (field.type != FieldType::Text) file.Fail(kWidth, "only a text has a width");
+  const bool hasWidth = field.type == FieldType::Text || field.type == FieldType::Number;
+  if (!hasWidth) file.Fail(kWidth, "only a text or a number with decimals has a width");
   return width;
 }
 

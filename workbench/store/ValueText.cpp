@@ -1,8 +1,10 @@
 #include "workbench/store/ValueText.h"
 
+#include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/Journal.h"
 #include "workbench/store/Provider.h"
 
 namespace {
@@ -22,6 +24,12 @@ std::string Printable(const std::string& text) {
   return printable;
 }
 
+/// Of a text that is a number in hexadecimal: without the zeros at its head. No text is no number.
+std::string_view WithoutZeros(std::string_view hex) {
+  while (hex.size() > 1 && hex.front() == '0') hex.remove_prefix(1);
+  return hex;
+}
+
 }  // namespace
 
 namespace ValueText {
@@ -39,6 +47,13 @@ std::string Of(const Variant& value) {
 std::string At(const Provider& content, std::string_view name, RecordNr record) {
   const SchemaField* field = content.GetSchema().Find(name);
   return field == nullptr || record > content.Count(field->table) ? "" : Of(content.Get(*field, record));
+}
+
+bool ReadsTheSame(const SchemaField& field, const Variant& a, const Variant& b) {
+  if (field.validation.empty()) return SameCell(a, b);
+  const bool isHexadecimal = field.width > 0 && field.validation == "0123456789ABCDEF";
+  if (isHexadecimal) return EqualsIgnoringCase(WithoutZeros(CStr(a)), WithoutZeros(CStr(b)));
+  return CStr(a) == CStr(b);  // tones: "012" is not "12"
 }
 
 }  // namespace ValueText

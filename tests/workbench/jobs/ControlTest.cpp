@@ -53,6 +53,7 @@ TEST_F(ControlTest, HandsOnWhatTheFieldTakesInItsOwnSpelling) {
       {"TxPower_k6k", 1, "-0", "0"},
       {"AutoOverBeepFrequency", 1, "1000.5", "1000.5"},
       {"AutoOverBeepFrequency", 1, " +300. ", "+300."},
+      {"AutoOverBeepFrequency", 1, "460.500", "460.500"},
       {"RxFreq_k6k", 1, "460,5 MHz", "460,5 MHz"},  // left to the tier
       {"dataTotalRadioIdHex", 1, "00af", "00AF"},
       {"DTMFANISequence", 1, "12*#-abcd", "12*#-ABCD"},
@@ -107,6 +108,8 @@ TEST_F(ControlTest, RefusesWhatTheFieldDoesNotTakeAndTellsWhatItTakes) {
       {"AutoOverBeepFrequency", 1, "&H3E8", "the field takes plain numbers from 300 to 3000"},
       {"AutoOverBeepFrequency", 1, "299.9", "the field takes plain numbers from 300 to 3000"},
       {"AutoOverBeepFrequency", 1, std::string(400, '7'), "plain numbers from 300 to 3000"},
+      {"AutoOverBeepFrequency", 1, "460.51", "from 300 to 3000, with decimals: 1 at most"},
+      {"FreeFormStatus", 1, "123", "the field takes at most 2 characters"},
       {"DataXon", 1, "1G", kHex},
       {"DataXon", 1, "None", kHex},
       {"DTMFANISequence", 1, "None", "the field takes the characters 0123456789ABCD*#-"},

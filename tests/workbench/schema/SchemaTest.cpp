@@ -121,7 +121,7 @@ TEST(Schema, DamagedFilesAreRefusedWithLineAndColumn) {
       {kTables, "5\tA\t\traw\tinteger\t99999999999\n", "fields.tsv:2: default: not an integer"},
       {kTables, "5\tA\t\traw\tarray\t1  2\n", "fields.tsv:2: default: not integers"},
       {kTables, "5\tA\t\traw\ttext\t\t\t\t\t\t\t\t01\t-1\n", "fields.tsv:2: width: less than 1"},
-      {kTables, "5\tA\t\traw\tinteger\t\t\t\t\t\t\t\t\t4\n", "fields.tsv:2: width: only a text has"},
+      {kTables, "5\tA\t\traw\tinteger\t\t\t\t\t\t\t\t\t4\n", "fields.tsv:2: width: only a text or"},
       {kTables, "5\t\t\traw\tinteger\n", "fields.tsv:2: field: a field needs a name"},
       {kTables, "5\tA\t\traw\tinteger\n5\ta\t\traw\ttext\n", "fields.tsv:3: 5.a: the name is taken"},
       {kTables, "5\tA\tX\traw\tinteger\n7\tB\tY|x\tform\ttext\n", "fields.tsv:3: x: the name is taken"},

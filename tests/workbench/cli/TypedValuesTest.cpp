@@ -1,0 +1,130 @@
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <nlohmann/json.hpp>
+#include <random>
+
+#include "platform/CaseText.h"
+#include "platform/Conversions.h"
+#include "platform/DecimalText.h"
+#include "tests/support/TierFixture.h"
+#include "tests/workbench/InProcessCommand.h"
+#include "tests/workbench/StoredChanges.h"
+#include "workbench/jobs/Session.h"
+#include "workbench/personality/PersonalityFile.h"
+#include "workbench/schema/Schema.h"
+#include "workbench/store/Provider.h"
+
+namespace {
+using nlohmann::json;
+
+/// So many edits of each sample; the long proofs ask for all (0).
+int EditCount() {
+  constexpr int kFew = 40;
+  const char* told = std::getenv("KD4410_TYPED_COUNT");
+  return told == nullptr ? kFew : std::atoi(told);
+}
+
+/// What people type by mistake, paste from elsewhere, or try.
+// clang-format off
+const std::string kNasty[] = {
+    "", " ", "0", " 1 ", "2", "-1", "+5", "--5", "5-", "00", "007", "3.5", "3,5", ".5", "5.", "1 000",
+    "1,000", "0x10", "1e9", "1E1", "1e-400", "NaN", "inf", "-inf", "255", "256", "999", "1000", "32768",
+    "65536", "2147483648", "-2147483649", "99999999999999999999", "103.5", "C103.5", "D023", "460.5",
+    "460.50001", "460.5 MHz", "None", "none", "Undefined", "True", "yes", "off", "No Action", "abc", "G",
+    "V", "1b2", "#*", "\xC3\xA4", "\xE2\x82\xAC", "\xD9\xA3", "\xC2\xBD", "\xFF", "\x01", "a\tb", "a\nb",
+    "\"", "'", "\\", "%0:S", std::string(33, '1'), std::string(1000, 'A'),
+};
+// clang-format on
+
+struct TypedEdit {
+  std::string uiid;
+  RecordNr record;
+  std::string value;
+  const char* answer;
+};
+
+class TypedValues : public InProcessCommand, public testing::WithParamInterface<const char*> {
+ protected:
+  static std::vector<std::string> ValuesFor(const SchemaField& field) {
+    std::vector<std::string> values(std::begin(kNasty), std::end(kNasty));
+    for (const std::int32_t limit : {field.minimum, field.maximum}) {
+      for (const std::int32_t near : {limit - 1, limit, limit + 1}) values.push_back(std::to_string(near));
+    }
+    return values;
+  }
+  std::vector<TypedEdit> Edits(const Provider& content) const {
+    std::vector<TypedEdit> edits;
+    for (const SchemaField& field : content.GetSchema().Fields()) {
+      const RecordNr count = content.Count(field.table);
+      if (count == 0) continue;
+      for (const std::string& uiid : field.uiids) {
+        for (const std::string& value : ValuesFor(field)) {
+          edits.push_back({uiid, 1 + static_cast<RecordNr>(edits.size()) % count, value,
+                           edits.size() % 2 == 0 ? "yes" : "no"});
+        }
+      }
+    }
+    std::shuffle(edits.begin(), edits.end(), std::mt19937(1));
+    if (EditCount() > 0) edits.resize(static_cast<std::size_t>(EditCount()));
+    return edits;
+  }
+  /// Whether the field reads as what was typed, by its spelling, as a number, or by the entry of its list.
+  bool Reads(const TypedEdit& edit, const json& now) {
+    const std::string text = now.is_string() ? now.get<std::string>() : now.dump();
+    const std::string typed(Trim(edit.value));
+    if (EqualsIgnoringCase(text, typed)) return true;
+    if (IsNumericText(text) && IsNumericText(typed) && *ParseNumber(text) == *ParseNumber(typed)) return true;
+    const bool isNone = EqualsIgnoringCase(typed, "None") || EqualsIgnoringCase(typed, "Undefined");
+    return (isNone && text.empty()) || IsWord(edit, text, typed);
+  }
+  /// Whether the list of the field has the text as an entry that stands for the code.
+  bool IsWord(const TypedEdit& edit, const std::string& code, const std::string& word) {
+    Run({"combo", path, edit.uiid, std::to_string(edit.record), "--json"});
+    std::size_t row = 0;
+    for (const json& item : json::parse(out.str())["items"]) {
+      const std::string own = item.contains("code") ? item["code"].dump() : std::to_string(row++);
+      if (own == code && EqualsIgnoringCase(item["item"].get<std::string>(), word)) return true;
+    }
+    return false;
+  }
+  void Try(const TypedEdit& edit) {
+    const ExitCode code = Run({"set", "--json", "--answer", edit.answer, "--", path, edit.uiid,
+                               std::to_string(edit.record), edit.value});
+    const std::string after = ContentOf(path);
+    const json told = json::parse(out.str());
+    if (code == ExitCode::Done) {
+      EXPECT_TRUE(Reads(edit, told["now"]) || !told["messages"].empty()) << told["now"];
+    } else {
+      EXPECT_EQ(code, ExitCode::No) << messages;
+      EXPECT_TRUE(after == before);
+      EXPECT_TRUE(told.contains("refusal") || !told["messages"].empty()) << told;
+    }
+    if (after != before) folder.Write("p.json", before);
+  }
+
+  std::string before, path;
+};
+
+TEST_P(TypedValues, AreStoredAsTypedAndToldOrRefused) {
+  before = ContentOf(Sample(GetParam()));
+  path = folder.Write("p.json", before);
+  Session session(ProjectParts(), PersonalityFile::Parse(path, before, *ProjectSchemas()),
+                  std::make_shared<ScriptedMessenger>());
+  session.ConvertToForms();
+  for (const TypedEdit& edit : Edits(session.Content())) {
+    SCOPED_TRACE(edit.uiid + " " + std::to_string(edit.record) + " \"" + edit.value.substr(0, 40) + "\" " +
+                 edit.answer);
+    Try(edit);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, TypedValues,
+                         testing::Values("full", "city-fleet", "harbour-0081", "harbour-0054"),
+                         [](const auto& sample) {
+                           std::string name = sample.param;
+                           std::erase(name, '-');
+                           return name;
+                         });
+
+}  // namespace
