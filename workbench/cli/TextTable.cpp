@@ -4,6 +4,12 @@
 #include <ostream>
 
 #include "platform/CaseText.h"
+#include "workbench/files/Printable.h"
+
+void TextTable::Add(std::vector<std::string> cells) {
+  for (std::string& cell : cells) cell = Printable::Text(cell);
+  rows_.push_back(std::move(cells));
+}
 
 void TextTable::Print(std::ostream& out, std::size_t indent) const {
   std::vector<std::string> headings;

@@ -14,7 +14,8 @@ class TextTable {
   };
 
   explicit TextTable(std::vector<Column> columns) : columns_(std::move(columns)) {}
-  void Add(std::vector<std::string> cells) { rows_.push_back(std::move(cells)); }
+  /// Each is shown on one line, as a terminal may get it.
+  void Add(std::vector<std::string> cells);
   /// `indent` blanks before each line. A table whose headings are all empty has no heading line.
   void Print(std::ostream& out, std::size_t indent = 0) const;
 

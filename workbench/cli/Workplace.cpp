@@ -5,6 +5,7 @@
 
 #include "workbench/cli/TextTable.h"
 #include "workbench/files/FileError.h"
+#include "workbench/files/Printable.h"
 #include "workbench/files/TabbedFile.h"
 #include "workbench/host/TierLoader.h"
 #include "workbench/jobs/Forms.h"
@@ -30,6 +31,8 @@ void Workplace::Emit(Json data) {
     data.Print(*out_);
   }
 }
+
+void Workplace::TellPeople(std::string_view text) { *out_ << Printable::Lines(text); }
 
 void Workplace::Tell(Json list, const TextTable& table) {
   Tell([&] { return std::move(list); }, [&](std::ostream& out) { table.Print(out); });
@@ -91,7 +94,7 @@ void OpenedFile::ShowForms() {
     const std::optional<std::int32_t> record = ParseInteger(given->second);
     const RecordNr count = Content().Count(table);
     if (!record || *record < 1 || *record > count) {
-      throw UsageError("--" + std::string(current.word) + " " + given->second +
+      throw UsageError("--" + std::string(current.word) + " " + Printable::Shortened(given->second) +
                        ": there is no such record; table " + std::to_string(table.number) + " (" +
                        table.title + ") has " + std::to_string(count));
     }

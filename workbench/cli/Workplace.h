@@ -3,6 +3,7 @@
 #include <iosfwd>
 #include <map>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -45,13 +46,15 @@ class Workplace {
   std::ostream& Out() const { return *out_; }
   void Emit(Json data);
   /// The data as the user wants them: what `makeJson` returns, or what `print` writes to the stream that it
-  /// is handed.
+  /// is handed, of which no control character comes out but line breaks.
   template <typename MakeJson, typename Print>
   void Tell(MakeJson makeJson, Print print) {
     if (options.json) {
       Emit(makeJson());
     } else {
-      print(Out());
+      std::ostringstream text;
+      print(text);
+      TellPeople(text.str());
     }
   }
   /// A list and the table of the same rows.
@@ -71,6 +74,8 @@ class Workplace {
   std::shared_ptr<RecordingMessenger> Messenger();
 
  private:
+  void TellPeople(std::string_view text);
+
   std::ostream* out_;
   Json* collected_ = nullptr;
   std::shared_ptr<Trace::Recorder> recorder_;

@@ -7,6 +7,7 @@
 #include "platform/CaseText.h"
 #include "workbench/files/AtomicFile.h"
 #include "workbench/files/FileError.h"
+#include "workbench/files/Printable.h"
 
 namespace {
 constexpr char kSeparator = '\t';
@@ -103,6 +104,6 @@ std::size_t TabbedFile::Choice(std::size_t column, std::span<const std::string_v
 
 void TabbedFile::Fail(std::size_t column, const std::string& reason) const {
   std::string text = reason;
-  if (!cells_[column].empty()) text.append(": \"").append(cells_[column]).append("\"");
+  if (!cells_[column].empty()) text.append(": ").append(Printable::Quoted(cells_[column]));
   throw FileError(path_, line_, std::string(columns_[column]), std::move(text));
 }

@@ -12,6 +12,7 @@
 #include "platform/CaseText.h"
 #include "platform/DecimalText.h"
 #include "workbench/files/FileError.h"
+#include "workbench/files/Printable.h"
 
 namespace {
 std::vector<std::string_view> SplitParameters(std::string_view parameters) {
@@ -62,7 +63,7 @@ bool Offers(std::int32_t style, Button button) {
 std::string TerminalText(const Shown& box) {
   std::string text = box.title.empty() ? box.text : box.title + ": " + box.text;
   std::erase(text, '\r');
-  return text;
+  return Printable::Lines(text);
 }
 
 std::vector<Button> ReadAnswers(const std::string& path) {
@@ -76,7 +77,7 @@ std::vector<Button> ReadAnswers(const std::string& path) {
     if (word.empty()) continue;
     const auto button = ButtonOf(word);
     if (!button)
-      throw FileError(path, number, "answer", "none of yes, no, cancel: \"" + std::string(word) + "\"");
+      throw FileError(path, number, "answer", "none of yes, no, cancel: " + Printable::Quoted(word));
     buttons.push_back(*button);
   }
   if (file.bad()) throw FileError(path, 0, "answers", "can not be read");

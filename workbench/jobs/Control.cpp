@@ -10,6 +10,7 @@
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "platform/DecimalText.h"
+#include "workbench/files/Printable.h"
 #include "workbench/files/TabbedFile.h"
 #include "workbench/files/Utf8.h"
 #include "workbench/jobs/ComboList.h"
@@ -37,7 +38,7 @@ std::string TextRefusal(std::string_view typed) {
   char code[8];
   const auto end =
       std::to_chars(std::begin(code), std::end(code), std::uint32_t{Utf8::CodeOf(foreign)}, 16).ptr;
-  return "the radio has no character \"" + std::string(foreign) + "\" (U+" +
+  return "the radio has no character " + Printable::Quoted(foreign) + " (U+" +
          UpperCase(std::string_view(code, end)) + ")";
 }
 
@@ -176,7 +177,7 @@ Entry Chosen(const Session& session, const SchemaField& field, const ComboList& 
              RecordNr record, std::string_view typed) {
   const ComboItem* item = EntryMeant(field, list, typed);
   if (item != nullptr) return HandOn(StoredFor(field, list, *item));
-  return Refuse("\"" + std::string(typed) + "\" is not in the list of " + session.LabelOf(uiid) +
+  return Refuse(Printable::Quoted(typed) + " is not in the list of " + session.LabelOf(uiid) +
                 Hint(list, typed) + " (kd4410 combo FILE " + std::string(uiid) + " " +
                 std::to_string(record) + " lists them)");
 }

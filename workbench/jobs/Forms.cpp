@@ -4,6 +4,7 @@
 
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
+#include "workbench/files/Printable.h"
 #include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
@@ -136,7 +137,7 @@ std::span<const Form> All() { return kForms; }
 const Form& Named(std::string_view text) {
   const auto* form = std::ranges::find_if(kForms, [&](const Form& one) { return IsCalled(one, text); });
   if (form != std::end(kForms)) return *form;
-  throw UsageError("there is no form \"" + std::string(text) + "\" (see kd4410 form --list)" +
+  throw UsageError("there is no form " + Printable::Quoted(text) + " (see kd4410 form --list)" +
                    TypedNames::Suggestion(text, AllCalls()));
 }
 

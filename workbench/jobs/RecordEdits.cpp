@@ -6,6 +6,7 @@
 
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
+#include "workbench/files/Printable.h"
 #include "workbench/jobs/Difference.h"
 #include "workbench/jobs/Forms.h"
 #include "workbench/jobs/Session.h"
@@ -182,7 +183,7 @@ const Grid& Grids::Named(const Schema& schema, std::string_view text) {
   }
   std::string names;
   for (const Grid& grid : kGrids) names += (names.empty() ? "" : ", ") + std::string(grid.word);
-  throw UsageError("there is no grid \"" + std::string(text) + "\" (the grids are " + names + ")" +
+  throw UsageError("there is no grid " + Printable::Quoted(text) + " (the grids are " + names + ")" +
                    TypedNames::Suggestion(text, std::move(all)));
 }
 

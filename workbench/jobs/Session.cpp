@@ -5,6 +5,7 @@
 
 #include "platform/Conversions.h"
 #include "workbench/files/FileError.h"
+#include "workbench/files/Printable.h"
 #include "workbench/jobs/Control.h"
 #include "workbench/jobs/Forms.h"
 #include "workbench/schema/Schema.h"
@@ -27,8 +28,8 @@ void RequireConvertible(const Provider& content, const std::string& fileName) {
     for (RecordNr record = 1; record <= content.Count(field.table); ++record) {
       if (ComesBack(content, field, record)) continue;
       throw FileError(fileName, 0, field.CommonName() + ", record " + std::to_string(record),
-                      "\"" + CStr(content.Get(field, record)) +
-                          "\" is shown but can not be saved, which takes " + CStr(field.minimum) + " to " +
+                      Printable::Quoted(CStr(content.Get(field, record))) +
+                          " is shown but can not be saved, which takes " + CStr(field.minimum) + " to " +
                           CStr(field.maximum));
     }
   }
@@ -57,7 +58,7 @@ void RequirePins(const Provider& content, const std::string& fileName) {
       const bool isPin = IsNumeric(id) && CDbl(id) >= line.firstPin && CDbl(id) <= kLastPin;
       if (isPin || IsCode(content.Get(use, record), 0)) continue;
       throw FileError(fileName, 0, pin.id + ", record " + std::to_string(record),
-                      "\"" + CStr(id) + "\" " + line.refusal);
+                      Printable::Quoted(CStr(id)) + " " + line.refusal);
     }
   }
 }

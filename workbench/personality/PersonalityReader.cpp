@@ -6,6 +6,7 @@
 #include "platform/XArrayDBObject.h"
 #include "workbench/files/FileError.h"
 #include "workbench/files/JsonReading.h"
+#include "workbench/files/Printable.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
@@ -151,7 +152,7 @@ class Reader {
   bool DocumentText(const std::string& text) {
     if (key_ == "format") {
       if (text != PersonalityFile::kFormat) {
-        Refuse("\"" + text + "\" is not \"" + std::string(PersonalityFile::kFormat) + "\"");
+        Refuse(Printable::Quoted(text) + " is not \"" + std::string(PersonalityFile::kFormat) + "\"");
       }
     } else if (key_ == "version") {
       MakeProvider(text);

@@ -7,6 +7,7 @@
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
 #include "workbench/files/FileError.h"
+#include "workbench/files/Printable.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
@@ -116,7 +117,8 @@ class Writer {
     try {
       return JsonValue(field, value);
     } catch (const Error& error) {
-      Refuse(field, record, "\"" + (value.IsArray() ? "an array" : CStr(value)) + "\": " + error.what());
+      Refuse(field, record,
+             Printable::Quoted(value.IsArray() ? "an array" : CStr(value)) + ": " + error.what());
     } catch (const nlohmann::json::exception&) {
       Refuse(field, record, "the text is not valid UTF-8");
     }

@@ -5,6 +5,7 @@
 #include "platform/System.h"
 #include "platform/XArrayDBObject.h"
 #include "workbench/files/FileError.h"
+#include "workbench/files/Printable.h"
 #include "workbench/files/TabbedFile.h"
 #include "workbench/schema/Schema.h"
 
@@ -66,7 +67,7 @@ std::vector<VersionName> AllVersions() {
   for (const VersionName& version : SchemaFiles::Versions()) {
     known += (known.empty() ? "" : ", ") + version.Text();
   }
-  throw FileError("", 0, "version", "\"" + std::string(text) + "\" is none of " + known);
+  throw FileError("", 0, "version", Printable::Quoted(text) + " is none of " + known);
 }
 
 /// A sequence of codes that blanks separate. Row 0 is not used: the one of no codes has that row alone.

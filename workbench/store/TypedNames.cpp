@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "platform/CaseText.h"
+#include "workbench/files/Printable.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 
@@ -27,7 +28,8 @@ std::size_t Distance(std::string_view a, std::string_view b) {
 
 bool IsLike(std::string_view known, std::string_view typed) {
   if (typed.size() >= 2 && FindIgnoringCase(known, typed) != std::string_view::npos) return true;
-  return Distance(known, typed) <= 1 + typed.size() / 4;
+  const std::size_t most = 1 + typed.size() / 4;
+  return typed.size() <= known.size() + most && Distance(known, typed) <= most;
 }
 
 /// All names by which a field of the schema can be called.
@@ -48,6 +50,8 @@ std::string Suggestion(std::string_view typed, std::vector<std::string> names) {
   constexpr std::size_t kMost = 5;
   std::erase_if(names, [&](const std::string& name) { return !IsLike(name, typed); });
   std::ranges::stable_sort(names, {}, [&](const std::string& name) { return Distance(name, typed); });
+  const auto repeated = std::ranges::unique(names, EqualsIgnoringCase);  // the nearest differ by nothing else
+  names.erase(repeated.begin(), repeated.end());
   if (names.size() > kMost) names.resize(kMost);
   std::string text;
   for (const std::string& name : names) text += (text.empty() ? "; did you mean " : ", ") + name;
@@ -57,7 +61,7 @@ std::string Suggestion(std::string_view typed, std::vector<std::string> names) {
 const SchemaField& FieldNamed(const Schema& schema, std::string_view name) {
   const SchemaField* field = schema.Find(name);
   if (field != nullptr) return *field;
-  std::string text = "\"" + std::string(name) + "\" ";
+  std::string text = Printable::Quoted(name) + " ";
   if (schema.IsAmbiguous(name)) {
     text += "is a field of several tables; put the table number before it (\"5." + std::string(name) + "\")";
     throw UsageError(text);

@@ -3,26 +3,12 @@
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
+#include "workbench/files/Printable.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Journal.h"
 #include "workbench/store/Provider.h"
 
 namespace {
-
-/// An unset text of the radio may be characters of code 0, which no terminal should get.
-std::string Printable(const std::string& text) {
-  std::string printable;
-  for (const char c : text) {
-    const auto code = static_cast<unsigned char>(c);
-    constexpr char kDigits[] = "0123456789ABCDEF";
-    if (code >= 0x20) {
-      printable += c;
-    } else {
-      printable.append("\\x").append({kDigits[code / 16], kDigits[code % 16]});
-    }
-  }
-  return printable;
-}
 
 /// Of a text that is a number in hexadecimal: without the zeros at its head. No text is no number.
 std::string_view WithoutZeros(std::string_view hex) {
@@ -35,11 +21,11 @@ std::string_view WithoutZeros(std::string_view hex) {
 namespace ValueText {
 
 std::string Of(const Variant& value) {
-  if (!value.IsArray()) return Printable(CStr(value));
+  if (!value.IsArray()) return Printable::Text(CStr(value));
   std::string text = "[";
   const XArrayDBObject& array = CArray(value);
   for (std::int32_t row = 1; row <= array.UpperBound(1); ++row) {
-    text += (row > 1 ? ", " : "") + CStr(array.GetValue(row, 0));
+    text += (row > 1 ? ", " : "") + Printable::Text(CStr(array.GetValue(row, 0)));
   }
   return text + "]";
 }

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "workbench/files/Printable.h"
 #include "workbench/files/Utf8.h"
 
 namespace Trace {
@@ -330,7 +331,8 @@ const Json& List(const Json& json, std::size_t count) {
 
 const Json& Member(const Json& json, const char* name) {
   const auto found = json.is_object() ? json.find(name) : json.end();
-  if (found == json.end()) throw BadValue("no \"" + std::string(name) + "\" in " + LineOf(json));
+  if (found == json.end())
+    throw BadValue("no \"" + std::string(name) + "\" in " + Printable::Shortened(LineOf(json)));
   return *found;
 }
 
