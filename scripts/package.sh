@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs into a scratch folder and builds, as somebody else would, a host against what was installed:
-# by the CMake package and by pkg-config.
+# by the CMake package and by pkg-config. What the workbench tells shells and man has to be in place, too.
 set -eu
 ROOT=$(cd "$(dirname "$0")/.." && pwd)
 . "$ROOT/scripts/setup.sh"
@@ -20,4 +20,9 @@ export PKG_CONFIG_PATH=$(dirname "$(find "$scratch/prefix" -name kd4410.pc)")
 g++ $(pkg-config --cflags kd4410) "$ROOT/tests/package/host.cpp" $(pkg-config --libs kd4410) -o "$scratch/host2"
 "$scratch/host2" "$tier"
 "$scratch/prefix/bin/kd4410" bands >/dev/null
-echo "package: the installed contract builds a host, the installed workbench runs"
+
+for told in man/man1/kd4410.1 bash-completion/completions/kd4410 zsh/site-functions/_kd4410 \
+  fish/vendor_completions.d/kd4410.fish; do
+  grep -q convert "$scratch/prefix/share/$told" || { echo "package: share/$told is not installed" >&2 && exit 1; }
+done
+echo "package: the installed contract builds a host, the installed workbench runs, has its manual page and completion"

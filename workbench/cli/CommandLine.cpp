@@ -3,10 +3,17 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
+#include <iterator>
 #include <list>
+#include <string_view>
+#include <utility>
 
 #include "platform/Error.h"
+#include "workbench/cli/HelpText.h"
+#include "workbench/cli/Manual.h"
+#include "workbench/cli/Paragraph.h"
 #include "workbench/cli/Verb.h"
+#include "workbench/files/Printable.h"
 #include "workbench/jobs/Forms.h"
 #include "workbench/store/TypedNames.h"
 
@@ -15,29 +22,40 @@ namespace {
 constexpr const char* kAbout =
     "Opens a personality of a KD4400 or KE2210 radio, shows it, edits it by the rules of the radio's tier "
     "and checks it.";
-constexpr const char* kFooter =
+constexpr const char* kNotes[] = {
     "A personality is a JSON file. Records count from 1. An argument that begins with \"-\" goes behind "
-    "\"--\".\n"
-    "Data goes to standard output, messages and questions to standard error.\n"
-    "Exit codes: 0 done; 1 the answer is no (refused, findings, differences); 2 it could not be done;\n"
-    "3 the tier failed.";
+    "\"--\".",
+    "Data goes to standard output, messages and questions to standard error.",
+    "Exit codes: 0 done; 1 the answer is no (refused, findings, differences); 2 it could not be done; 3 the "
+    "tier failed."};
 
-void AddOptions(CLI::App& app, Options& options) {
-  app.add_flag("--json", options.json, "Print data as JSON");
-  app.add_option("--tier", options.tier, "The library of the tier (else the registered or installed one)")
-      ->type_name("PATH");
-  app.add_option("--data", options.data, "The folder of the data files and the schema")->type_name("DIR");
-  app.add_option(
-         "--answer", options.answer,
-         "Answers to questions: yes, no, cancel (where a question offers it), or a file with one answer "
-         "a line. Without it they are asked on a terminal; elsewhere the answer is no")
-      ->type_name("yes|no|FILE");
+/// What the option parser answers itself.
+constexpr std::pair<const char*, const char*> kHelp = {"-h,--help", "Print this help"};
+constexpr std::pair<const char*, const char*> kHelpAll = {"--help-all", "Print the help of all commands"};
+constexpr std::pair<const char*, const char*> kVersion = {"--version", "Print the version of this program"};
+
+void TakeOptions(Words& words, Options& options) {
+  words.Flag("--json", options.json, "Print data as JSON");
+  words.Option("--tier", options.tier, "PATH",
+               "The library of the tier (else the registered or installed one)");
+  words.Option("--data", options.data, "DIR", "The folder of the data files and the schema");
+  words.Option(
+      "--answer", options.answer, "yes|no|FILE",
+      "Answers to questions: yes, no, cancel (where a question offers it), or a file with one answer "
+      "a line. Without it they are asked on a terminal; elsewhere the answer is no");
   for (const Forms::Current& current : Forms::Currents()) {
-    app.add_option("--" + std::string(current.word), options.shown[current.word],
-                   "Have the forms show this " + std::string(current.word) + ", by its record")
-        ->type_name("N");
+    const std::string word(current.word);
+    words.Option(("--" + word).c_str(), options.shown[current.word], "N",
+                 ("Have the forms show this " + word + ", by its record").c_str());
   }
-  app.add_flag("--factory", options.factory, "Factory mode: limits of sub-bands and of the Tx power relax");
+  words.Flag("--factory", options.factory, "Factory mode: limits of sub-bands and of the Tx power relax");
+}
+
+std::string HelpOf(const CLI::App& app, CLI::AppFormatMode mode) {
+  const Manual manual = Manual::OfAllVerbs();
+  const std::size_t width = Paragraph::WidthOfTerminal();
+  if (app.get_parent() != nullptr) return HelpText::Of(manual, manual.Named(app.get_name()), width);
+  return mode == CLI::AppFormatMode::All ? HelpText::OfAll(manual, width) : HelpText::Of(manual, width);
 }
 
 /// The words of the verbs and, once a line has been read, what its verb does.
@@ -53,8 +71,7 @@ class Verbs {
 
  private:
   void Add(const Verb& verb, CLI::App& app) {
-    CLI::App* command = app.add_subcommand(verb.About().name, verb.About().about);
-    command->footer(verb.About().details);
+    CLI::App* command = app.add_subcommand(verb.About().name);
     Words& words = words_.emplace_back(*command);
     command->callback([this, &words, action = verb.Take(words)] {
       words.TakeRest();
@@ -66,10 +83,50 @@ class Verbs {
   Verb::Action action_;
 };
 
-std::string NoCommand(const std::string& word) {
+/// The names of the options that a line may have.
+std::vector<std::string> OptionNames(const CLI::App& app) {
   std::vector<std::string> names;
-  for (const Verb* verb : Verb::All()) names.emplace_back(verb->About().name);
-  return "there is no command " + word + TypedNames::Suggestion(word, std::move(names));
+  for (const CLI::App* one : {app.get_subcommands().empty() ? &app : app.get_subcommands().front(), &app}) {
+    for (const CLI::Option* option : one->get_options()) {
+      for (const std::string& name : option->get_lnames()) {
+        const bool isNew = std::ranges::find(names, "--" + name) == names.end();
+        if (isNew) names.push_back("--" + name);
+      }
+    }
+  }
+  return names;
+}
+
+/// Why a word does not fit that stands where nothing takes it.
+std::string NotTaken(const CLI::App& app, const std::string& word) {
+  const auto commands = app.get_subcommands();
+  if (word.starts_with('-')) {
+    const std::string name = word.substr(0, word.find('='));
+    return "there is no option " + Printable::Shortened(name) +
+           (commands.empty() ? "" : " of " + commands.front()->get_name()) +
+           TypedNames::Suggestion(name, OptionNames(app)) +
+           (word.starts_with("--") ? "" : " (a word that begins with \"-\" goes behind \"--\")");
+  }
+  if (!commands.empty()) return commands.front()->get_name() + " takes no word " + Printable::Quoted(word);
+  if (Verb::Exists(word)) return word + " can not stand in a script";
+  return Verb::Unknown(word);
+}
+
+/// What is wrong with the line. A word that nothing takes is told first: what is missing is behind it.
+std::string Problem(const CLI::App& app, const CLI::ParseError& error) {
+  const std::vector<std::string> notTaken = app.remaining(true);
+  const auto option = std::ranges::find_if(notTaken, [](const std::string& word) {
+    return word.size() > 1 && word.starts_with('-') && word != "--";
+  });
+  if (option != notTaken.end()) return NotTaken(app, *option);
+  const bool lacksCommand = app.get_subcommands().empty();
+  if (notTaken.empty() && lacksCommand && dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
+    return "give a command";
+  }
+  if (!notTaken.empty() && (lacksCommand || dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)) {
+    return NotTaken(app, notTaken.front());
+  }
+  return Printable::Shortened(error.what());
 }
 
 /// Reads the line; Done when there is nothing more to do (help), nothing when its verb is to run.
@@ -82,10 +139,9 @@ std::optional<ExitCode> Parse(CLI::App& app, std::vector<std::string> words, con
     app.exit(help, workplace.Out(), std::cerr);
     return ExitCode::Done;
   } catch (const CLI::ParseError& error) {
-    const auto unknown = app.remaining();
-    const bool noCommand = app.get_subcommands().empty() && !unknown.empty();
-    std::cerr << workplace.prefix << (noCommand ? NoCommand(unknown.front()) : error.what())
-              << "\nSee kd4410 --help.\n";
+    const auto commands = app.get_subcommands();
+    std::cerr << workplace.prefix << Problem(app, error) << "\nSee kd4410 "
+              << (commands.empty() ? "help" : "help " + commands.front()->get_name()) << ".\n";
     return ExitCode::CouldNot;
   }
 }
@@ -94,29 +150,63 @@ ExitCode Carry(const Verbs& verbs, Workplace& workplace) {
   try {
     return verbs.Run(workplace);
   } catch (const TierFault& fault) {
-    std::cerr << workplace.prefix << "a fault of the tier: " << fault.what() << ". Nothing was saved.\n";
+    std::cerr << workplace.prefix << "a fault of the tier: " << Printable::Lines(fault.what())
+              << ". Nothing was saved.\n";
     return ExitCode::Fault;
   } catch (const Error& error) {
-    std::cerr << workplace.prefix << "error " << error.Number() << ": " << error.what()
+    std::cerr << workplace.prefix << "error " << error.Number() << ": " << Printable::Lines(error.what())
               << ". Nothing was saved.\n";
     return ExitCode::Fault;
   } catch (const std::exception& error) {
-    std::cerr << workplace.prefix << error.what() << '\n';
+    std::cerr << workplace.prefix << Printable::Text(error.what()) << '\n';
     return ExitCode::CouldNot;
   }
 }
 
 }  // namespace
 
+Manual Manual::OfAllVerbs() {
+  CLI::App app;
+  Options options;
+  Words common(app);
+  TakeOptions(common, options);
+  Manual manual{
+      .about = kAbout, .notes = {std::begin(kNotes), std::end(kNotes)}, .common = common.Declared()};
+  for (const auto& [name, about] : {kHelp, kHelpAll, kVersion}) {
+    manual.common.push_back({.name = name, .about = about});
+  }
+  for (const Verb* verb : Verb::All()) {
+    Words words(*app.add_subcommand(verb->About().name));
+    verb->Take(words);
+    manual.commands.push_back({verb->About(), words.Declared()});
+  }
+  return manual;
+}
+
+bool Manual::Command::Redefines(const Word& option) const {
+  return std::ranges::find(words, option.name, &Word::name) != words.end();
+}
+
+const Manual::Command& Manual::Named(std::string_view name) const {
+  const auto found =
+      std::ranges::find(commands, name, [](const Command& one) { return std::string_view(one.text.name); });
+  if (found == commands.end()) throw UsageError(Verb::Unknown(std::string(name)));
+  return *found;
+}
+
 ExitCode RunCommand(std::vector<std::string> words, Workplace& workplace, bool insideScript) {
   CLI::App app(kAbout, "kd4410");
-  app.footer(kFooter);
+  app.formatter_fn([](const CLI::App* asked, const std::string&, CLI::AppFormatMode mode) {
+    return HelpOf(*asked, mode);
+  });
   app.require_subcommand(1);
   app.option_defaults()->take_last();
   app.fallthrough();
-  app.set_help_all_flag("--help-all", "Print the help of all commands");
-  app.set_version_flag("--version", "kd4410 " KD4410_VERSION, "Print the version of this program");
-  AddOptions(app, workplace.options);
+  app.set_help_flag(kHelp.first, kHelp.second);
+  app.set_help_all_flag(kHelpAll.first, kHelpAll.second);
+  app.set_version_flag(kVersion.first, "kd4410 " KD4410_VERSION, kVersion.second);
+  Words common(app);
+  TakeOptions(common, workplace.options);
   const Verbs verbs(app, insideScript);
 
   const std::optional<ExitCode> end = Parse(app, std::move(words), workplace);
@@ -126,8 +216,8 @@ ExitCode RunCommand(std::vector<std::string> words, Workplace& workplace, bool i
 std::optional<ExitCode> ReadWords(const char* program, const char* about, std::vector<std::string> words,
                                   const std::function<void(Words&)>& declare, Workplace& workplace) {
   CLI::App app(about, program);
-  AddOptions(app, workplace.options);
   Words declared(app);
+  TakeOptions(declared, workplace.options);
   declare(declared);
   return Parse(app, std::move(words), workplace);
 }

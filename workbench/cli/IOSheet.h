@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 class Session;
 class Workplace;
 
@@ -7,6 +9,7 @@ class Workplace;
 /// the actions in use, the audio paths. The session is on its forms.
 namespace IOSheet {
 
+inline constexpr std::string_view kName = "io";
 void Show(Session& session, Workplace& workplace);
 
 }  // namespace IOSheet

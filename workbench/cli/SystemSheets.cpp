@@ -213,6 +213,12 @@ class Sheet {
 
 }  // namespace
 
+std::vector<std::string_view> Kinds() {
+  std::vector<std::string_view> names;
+  for (const Kind& kind : kKinds) names.push_back(kind.name);
+  return names;
+}
+
 bool IsKind(std::string_view what) { return Find(what) != nullptr; }
 
 void Show(std::string_view what, RecordNr system, bool all, Session& session, Workplace& workplace) {

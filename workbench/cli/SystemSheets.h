@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "platform/Types.h"
 
@@ -12,6 +13,7 @@ class Workplace;
 namespace SystemSheets {
 
 /// "dtmf", "two-tone", "mdc1200"
+std::vector<std::string_view> Kinds();
 bool IsKind(std::string_view what);
 /// Of a kind: one system by its record, all for 0; `all` with presets that are empty. A record that is not
 /// there is a UsageError. The session is on its forms.

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -13,11 +14,17 @@
 /// which makes it known. Nothing lists the verbs.
 class Verb {
  public:
+  struct Example {
+    const char* what;  ///< it does, a phrase
+    const char*
+        command;  ///< a line for the shell, in a folder that has samples/; short enough for 80 columns
+  };
   struct Text {
     const char* name;
-    const char* about;         ///< a line
-    const char* details = "";  ///< what stands below its words in its help
-    bool inScripts = true;     ///< whether a line of a script may be of it
+    const char* about;                   ///< a line
+    const char* details = "";            ///< what stands below its words in its help: a paragraph
+    bool inScripts = true;               ///< whether a line of a script may be of it
+    std::vector<Example> examples = {};  ///< two of them; the tests run each
   };
   /// What a line with the verb does, once it has been read.
   using Action = std::function<ExitCode(Workplace&)>;
@@ -41,6 +48,8 @@ class Verb {
   /// By name.
   static std::vector<const Verb*> All();
   static bool Exists(std::string_view name);
+  /// That there is no verb of that name, and what is spelled alike.
+  static std::string Unknown(const std::string& name);
 
  private:
   Verb(Text text, std::function<Action(Words&)> take);

@@ -49,6 +49,10 @@ ExitCode ListBands(const NoArguments&, Workplace& workplace) {
 
 void Take(Words&, NoArguments&) {}
 
-const Verb kBands({.name = "bands", .about = "List the frequency bands with their limits"}, Take, ListBands);
+const Verb kBands({.name = "bands",
+                   .about = "List the frequency bands with their limits",
+                   .examples = {{"The bands with their steps", "kd4410 bands"},
+                                {"The same for a program", "kd4410 bands --json"}}},
+                  Take, ListBands);
 
 }  // namespace

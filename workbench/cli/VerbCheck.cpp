@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "workbench/cli/Verb.h"
+#include "workbench/files/Printable.h"
 #include "workbench/jobs/PersonalityCheck.h"
 
 namespace {
@@ -46,7 +47,7 @@ void PrintPlace(const Finding& finding, std::ostream& out) {
     out << ", table " << finding.table << " record " << finding.record;
     if (!finding.identity.empty()) out << " (number " << finding.identity << ")";
   }
-  if (finding.value) out << ": \"" << *finding.value << '"';
+  if (finding.value) out << ": " << Printable::Quoted(*finding.value);
   out << " [" << finding.rule << "]";
   if (!finding.answer.empty()) out << ", answered " << finding.answer;
   out << '\n';
@@ -95,7 +96,9 @@ const Verb kCheck(
     {.name = "check",
      .about = "Run the rules of all fields, forms and of a save over every record and list all findings; "
               "nothing is changed",
-     .details = "Questions of the rules are answered yes, unless --answer says otherwise."},
+     .details = "Questions of the rules are answered yes, unless --answer says otherwise.",
+     .examples = {{"All findings of a personality", "kd4410 check samples/marine-harbour.json"},
+                  {"How many there are", "kd4410 check samples/marine-harbour.json --json | jq .count"}}},
     Take, Check);
 
 }  // namespace

@@ -65,6 +65,12 @@ ExitCode Combo(const ComboArguments& arguments, Workplace& workplace) {
   return ExitCode::Done;
 }
 
-const Verb kCombo({.name = "combo", .about = "Show what the list of a field offers"}, Take, Combo);
+const Verb kCombo({.name = "combo",
+                   .about = "Show what the list of a field offers",
+                   .examples = {{"The channels that an emergency may use",
+                                 "kd4410 combo samples/city-fleet.json EmChannel"},
+                                {"The tones of the second channel",
+                                 "kd4410 combo samples/city-fleet.json TxSignalling_k6k 2"}}},
+                  Take, Combo);
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "workbench/conform/Runner.h"
 #include "workbench/files/AtomicFile.h"
 #include "workbench/files/FileError.h"
+#include "workbench/files/Printable.h"
 #include "workbench/store/TypedNames.h"
 
 namespace {
@@ -35,7 +36,7 @@ std::vector<Check> Chosen(const ConformArguments& arguments) {
   for (const Check& check : all) names.emplace_back(check.name);
   for (const std::string& name : arguments.checks) {
     if (std::ranges::find(names, name) != names.end()) continue;
-    throw UsageError("there is no check \"" + name + "\" (see kd4410 conform --list)" +
+    throw UsageError("there is no check " + Printable::Quoted(name) + " (see kd4410 conform --list)" +
                      TypedNames::Suggestion(name, names));
   }
   std::erase_if(all, [&](const Check& check) {
@@ -120,7 +121,8 @@ ExitCode Run(const ConformArguments& arguments, Workplace& workplace) {
 void Take(Words& words, ConformArguments& given) {
   words.NumberOption("--level", given.level, Conform::kLowestLevel, Conform::kHighestLevel,
                      "The highest level, 1 to 9; 5 when none is given");
-  words.ListOption("--check", given.checks, "Only the check of this name; may be given more than once");
+  words.ListOption("--check", given.checks, "CHECK",
+                   "Only the check of this name; may be given more than once");
   words.NumberOption("--seed", given.seed, 0, std::numeric_limits<std::int64_t>::max(),
                      "Of the random sessions; 1 when none is given");
   words.NumberOption("--patience", given.seconds, 1, std::numeric_limits<std::int32_t>::max(),
@@ -134,8 +136,10 @@ const Verb kConform(
     {.name = "conform",
      .about = "Prove that a tier library keeps what its interfaces promise, each check in a process of its "
               "own",
-     .details = "Levels add up: 1 the library, 2 its life, 3 every call, 4 side effects, 5 round trips and "
-                "messages,\n6 random sessions, 7 to 9 failing hosts. See --list."},
+     .details = "Levels add up: 1 the library, 2 its life, 3 every call, 4 side effects, 5 round trips "
+                "and messages, 6 random sessions, 7 to 9 failing hosts. See --list.",
+     .examples = {{"Whether the library loads and lets go", "kd4410 conform --level 1"},
+                  {"The checks there are", "kd4410 conform --list"}}},
     Take, Run);
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/files/AtomicFile.h"
+#include "workbench/files/Printable.h"
 #include "workbench/jobs/Conversion.h"
 #include "workbench/jobs/PersonalityCheck.h"
 #include "workbench/jobs/VersionNotes.h"
@@ -49,8 +50,9 @@ std::vector<std::string> WayTo(const ConvertArguments& arguments, const std::sha
     if (to != version.Text()) return WayBetween(path, version.Text(), to);
     throw UsageError(arguments.file + " is of version " + to + " already: there is nothing to convert");
   }
-  throw UsageError("no conversion leads from " + version.Text() + " to \"" + arguments.version +
-                   "\"; the versions of " + version.model + " are " + Joined(path));
+  throw UsageError("no conversion leads from " + version.Text() + " to " +
+                   Printable::Quoted(arguments.version) + "; the versions of " + version.model + " are " +
+                   Joined(path));
 }
 
 /// Beside the personality: "fleet-0093.json" for "fleet.json".
@@ -220,12 +222,14 @@ void Print(const Converted& converted, std::ostream& out) {
   const std::vector<Hop>& hops = converted.conversion.hops;
   for (const Hop& hop : hops) PrintHop(converted.session, hop, out);
   if (converted.written != nullptr) {
-    out << converted.written->Name() << ": written as version " << converted.way.back() << '\n';
+    out << Printable::Text(converted.written->Name()) << ": written as version " << converted.way.back()
+        << '\n';
   } else if (converted.conversion.result != nullptr) {
     out << "Dry run: nothing is written.\n";
   } else {
     out << "The step from " << hops.back().from << " to " << hops.back().to
-        << " refuses: nothing is written, " << converted.arguments.file << " is as it was.\n";
+        << " refuses: nothing is written, " << Printable::Text(converted.arguments.file)
+        << " is as it was.\n";
   }
 }
 
@@ -305,11 +309,12 @@ void Take(Words& words, ConvertArguments& given) {
 const Verb kConvert(
     {.name = "convert",
      .about = "Convert a personality to another database version, step by step, into a new file",
-     .details =
-         "Each step lists its messages, the stored values that it changed and what the version can not "
-         "hold. A\n"
-         "step that refuses ends the conversion with exit code 1 and no file. See also: kd4410 "
-         "versions."},
+     .details = "Each step lists its messages, the stored values that it changed and what the version "
+                "can not hold. A step that refuses ends the conversion with exit code 1 and no file. See "
+                "also: kd4410 versions.",
+     .examples = {{"See what an older version can not hold",
+                   "kd4410 convert samples/city-fleet.json --to 0089 --dry-run"},
+                  {"What the step does to any file", "kd4410 convert --explain 0090 0089"}}},
     Take, ConvertFile);
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/files/AtomicFile.h"
+#include "workbench/files/Printable.h"
 #include "workbench/jobs/Difference.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
@@ -73,8 +74,8 @@ void PrintCells(const Session& session, const std::vector<CellDifference>& cells
 
 void Print(const Compared& compared, std::ostream& out) {
   const Difference& difference = compared.difference;
-  out << "A: " << compared.fileA << ", version " << compared.versionA << "\nB: " << compared.fileB
-      << ", version " << compared.versionB << '\n';
+  out << "A: " << Printable::Text(compared.fileA) << ", version " << compared.versionA
+      << "\nB: " << Printable::Text(compared.fileB) << ", version " << compared.versionB << '\n';
   PrintRecords(difference.onlyInA, "Only in A", out);
   PrintRecords(difference.onlyInB, "Only in B", out);
   PrintCells(compared.session, difference.cells, out);
@@ -142,7 +143,7 @@ ComparedPersonality Read(const std::string& file, Workplace& workplace) {
   try {
     return ForComparison(workplace.Parts(), std::move(content), workplace.Messenger());
   } catch (const TierFault& fault) {
-    throw TierFault(file + ": " + fault.what());
+    throw TierFault(Printable::Text(file) + ": " + fault.what());
   }
 }
 
@@ -171,14 +172,13 @@ ExitCode Diff(const DiffArguments& arguments, Workplace& workplace) {
 const Verb kDiff(
     {.name = "diff",
      .about = "Compare two personalities by the identities of their records, whatever their order",
-     .details =
-         "A pointer to a record is the same when it points at the same record. The lists of tones in use "
-         "(tables\n"
-         "50 and 61) are compared through the channels that use them; the standard tone sets (74), which "
-         "every\n"
-         "save lays out anew, are not compared. Exit code 0: equal, 1: different, 2: one of the files can "
-         "not\n"
-         "be read."},
+     .details = "A pointer to a record is the same when it points at the same record. The lists of tones "
+                "in use (tables 50 and 61) are compared through the channels that use them; the standard "
+                "tone sets (74), which every save lays out anew, are not compared. Exit code 0: equal, "
+                "1: different, 2: one of the files can not be read.",
+     .examples = {{"What tells two fleets apart", "kd4410 diff samples/minimal.json samples/city-fleet.json"},
+                  {"Across two versions",
+                   "kd4410 diff samples/harbour-0081.json samples/harbour-0089.json"}}},
     Take, Diff);
 
 }  // namespace

@@ -33,7 +33,7 @@ void Take(Words& words, EnabledArguments& given) {
   words.Optional("UIID", given.uiid, "The control (see: kd4410 fields)");
   words.OptionalRecord("RECORD", given.record, "Its record (else 1), which its form is taken to show");
   words.Flag("--why", given.why, "What decides, what it reads, and what would enable the control");
-  words.Option("--form", given.form, "NAME", "All controls of a form (see: kd4410 form --list)");
+  words.Option("--form", given.form, "FORM", "All controls of a form (see: kd4410 form --list)");
   words.Flag("--all", given.all, "All controls of all forms");
   words.RecordOption("--record", given.shown, "The record that the forms show (else 1)");
 }
@@ -174,7 +174,7 @@ ExitCode Enabled(const EnabledArguments& arguments, Workplace& workplace) {
   const bool isOne = !arguments.uiid.empty();
   const bool isForm = !arguments.form.empty();
   if (isOne + isForm + arguments.all != 1)
-    throw UsageError("give one of these: the UIID of a control, --form NAME, or --all");
+    throw UsageError("give one of these: the UIID of a control, --form FORM, or --all");
   if (isOne && arguments.shown != kCurrent)
     throw UsageError("--record goes with --form and --all; the record of one control stands behind its UIID");
   if (!isOne && arguments.why) throw UsageError("--why is told of one control: give its UIID");
@@ -185,10 +185,11 @@ ExitCode Enabled(const EnabledArguments& arguments, Workplace& workplace) {
 const Verb kEnabled(
     {.name = "enabled",
      .about = "Tell whether a control may be edited now, and why",
-     .details =
-         "Exit code of one control: 0 enabled, 1 disabled. A control is drawn before its record exists, "
-         "so the\n"
-         "record may lie past the end."},
+     .details = "Exit code of one control: 0 enabled, 1 disabled. A control is drawn before its record "
+                "exists, so the record may lie past the end.",
+     .examples = {{"What a control needs", "kd4410 enabled samples/minimal.json GPSBaudRate --why"},
+                  {"All controls of a form, with the second network on it",
+                   "kd4410 enabled samples/city-fleet.json --form emergency --record 2"}}},
     Take, Enabled);
 
 }  // namespace

@@ -1,10 +1,15 @@
+#include <algorithm>
+#include <iterator>
 #include <memory>
+#include <ostream>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "platform/CaseText.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
+#include "workbench/files/Printable.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/TypedNames.h"
 
@@ -36,17 +41,37 @@ bool Contains(std::string_view text, const std::string& upperFilter) {
 struct FieldsArguments {
   std::string filter;
   std::string version;
+  bool names = false;
 };
 
 void Take(Words& words, FieldsArguments& given) {
   words.Optional("FILTER", given.filter, "Only fields with this in UIID or label; case does not count");
   words.Option("--version", given.version, "VERSION", "Database version (else the latest of the KD4410)");
+  words.Flag("--names", given.names, "The UIIDs alone, one a line");
+}
+
+ExitCode ListNames(const Schema& schema, const std::string& upperFilter, Workplace& workplace) {
+  std::vector<std::string> names;
+  for (const SchemaField& field : schema.Fields()) {
+    std::ranges::copy_if(field.uiids, std::back_inserter(names),
+                         [&](const std::string& uiid) { return Contains(uiid, upperFilter); });
+  }
+  workplace.Tell(
+      [&] {
+        return Json({{"names", names}});
+      },
+      [&](std::ostream& out) {
+        for (const std::string& name : names) out << name << '\n';
+      });
+  return ExitCode::Done;
 }
 
 ExitCode ListFields(const FieldsArguments& arguments, Workplace& workplace) {
-  const auto& [filter, version] = arguments;
+  const auto& [filter, version, names] = arguments;
   const std::shared_ptr<const Schema> schema =
       workplace.Schemas().At(version.empty() ? SchemaFiles::VersionsOf("KD4410").back().Text() : version);
+  const std::string upperFilter = UpperCase(filter);
+  if (names) return ListNames(*schema, upperFilter, workplace);
   const TierHost host(workplace.Parts(), nullptr, workplace.Messenger());
   TextTable table({{"UIID"},
                    {"Label"},
@@ -56,7 +81,6 @@ ExitCode ListFields(const FieldsArguments& arguments, Workplace& workplace) {
                    {"Grid"},
                    {"FieldId"}});
   Json list = Json::List();
-  const std::string upperFilter = UpperCase(filter);
   for (const SchemaField& field : schema->Fields()) {
     for (const std::string& uiid : field.uiids) {
       const FieldFacts facts = FactsOf(host, uiid);
@@ -74,11 +98,17 @@ ExitCode ListFields(const FieldsArguments& arguments, Workplace& workplace) {
   }
   const bool found = !list.IsEmpty();
   if (found || workplace.options.json) workplace.Tell(std::move(list), table);
-  if (!found) throw UsageError("no field of version " + schema->Version() + " has \"" + filter + "\" in it");
+  if (!found)
+    throw UsageError("no field of version " + schema->Version() + " has " + Printable::Quoted(filter) +
+                     " in it");
   return ExitCode::Done;
 }
 
-const Verb kFields({.name = "fields", .about = "List the fields of the forms as their metadata tells"}, Take,
-                   ListFields);
+const Verb kFields({.name = "fields",
+                    .about = "List the fields of the forms as their metadata tells",
+                    .examples = {{"The fields with a word in UIID or label", "kd4410 fields frequency"},
+                                 {"The UIIDs of an older version",
+                                  "kd4410 fields --names --version KD4410.0089"}}},
+                   Take, ListFields);
 
 }  // namespace

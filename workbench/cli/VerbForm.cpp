@@ -26,11 +26,11 @@ struct FormArguments {
 
 void Take(Words& words, FormArguments& given) {
   words.Optional("FILE", given.file, "The personality");
-  words.Optional("NAME", given.name, "The form, by its name or its title (\"Key Settings\")");
+  words.Optional("FORM", given.name, "The form, by its name or its title (\"Key Settings\")");
   words.RecordOption("--record", given.record, "The record that the form shows (else 1)");
   words.Flag("--list", given.list, "List the forms");
   words.Excludes("--list", "FILE");
-  words.Excludes("--list", "NAME");
+  words.Excludes("--list", "FORM");
 }
 
 ExitCode ListForms(Workplace& workplace) {
@@ -108,12 +108,15 @@ ExitCode LeaveForm(const FormArguments& arguments, Workplace& workplace) {
 
 ExitCode Leave(const FormArguments& arguments, Workplace& workplace) {
   if (arguments.list) return ListForms(workplace);
-  if (arguments.name.empty()) throw UsageError("FILE and NAME are required, or --list");
+  if (arguments.name.empty()) throw UsageError("FILE and FORM are required, or --list");
   return LeaveForm(arguments, workplace);
 }
 
 const Verb kForm({.name = "form",
-                  .about = "Run the check that a form makes when it is left; nothing is saved"},
+                  .about = "Run the check that a form makes when it is left; nothing is saved",
+                  .examples = {{"Leave the form of the second channel",
+                                "kd4410 form samples/city-fleet.json channels --record 2"},
+                               {"The forms there are", "kd4410 form --list"}}},
                  Take, Leave);
 
 }  // namespace

@@ -17,7 +17,7 @@ struct GetArguments {
 
 void Take(Words& words, GetArguments& given) {
   words.Required("FILE", given.file, "The personality");
-  words.Required("NAME", given.name, "UIID (TxFreq_k6k) or FieldId (5.ChannelTxFreq)");
+  words.Required("FIELD", given.name, "UIID (TxFreq_k6k) or FieldId (5.ChannelTxFreq)");
   words.OptionalRecord("RECORD", given.record, "Record, from 1; all when left out");
 }
 
@@ -46,6 +46,12 @@ ExitCode Get(const GetArguments& arguments, Workplace& workplace) {
   return ExitCode::Done;
 }
 
-const Verb kGet({.name = "get", .about = "Print the value of a field"}, Take, Get);
+const Verb kGet({.name = "get",
+                 .about = "Print the value of a field",
+                 .examples = {{"The receive frequency of the second channel",
+                               "kd4410 get samples/city-fleet.json RxFreq_k6k 2"},
+                              {"What is stored of all transmit frequencies",
+                               "kd4410 get samples/city-fleet.json 5.ChannelTxFreq"}}},
+                Take, Get);
 
 }  // namespace

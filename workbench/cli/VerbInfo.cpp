@@ -5,6 +5,7 @@
 #include "platform/XArrayDBObject.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
+#include "workbench/files/Printable.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/ValueText.h"
@@ -51,8 +52,9 @@ ExitCode ShowInfo(const InfoArguments& arguments, Workplace& workplace) {
             {{"file", arguments.file}, {"version", version}, {"band", band}, {"tables", std::move(tables)}});
       },
       [&](std::ostream& out) {
-        out << "File:     " << arguments.file << "\nVersion:  " << version << "\nBand:     " << band
-            << "\nChannels: " << content.Count(5) << "\nNetworks: " << content.Count(21) << "\n\n";
+        out << "File:     " << Printable::Text(arguments.file) << "\nVersion:  " << version
+            << "\nBand:     " << band << "\nChannels: " << content.Count(5)
+            << "\nNetworks: " << content.Count(21) << "\n\n";
         list.Print(out);
       });
   return ExitCode::Done;
@@ -60,6 +62,10 @@ ExitCode ShowInfo(const InfoArguments& arguments, Workplace& workplace) {
 
 void Take(Words& words, InfoArguments& given) { words.Required("FILE", given.file, "The personality"); }
 
-const Verb kInfo({.name = "info", .about = "Tell version, band and size of a personality"}, Take, ShowInfo);
+const Verb kInfo({.name = "info",
+                  .about = "Tell version, band and size of a personality",
+                  .examples = {{"Version, band and size", "kd4410 info samples/city-fleet.json"},
+                               {"The same for a program", "kd4410 info samples/harbour-0081.json --json"}}},
+                 Take, ShowInfo);
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "platform/XArrayDBObject.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/files/AtomicFile.h"
+#include "workbench/files/Printable.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/TypedNames.h"
@@ -29,7 +30,7 @@ std::int32_t BandPosition(Session& session, const std::string& code) {
     if (EqualsIgnoringCase(bandCode, code)) return row;
     known += (known.empty() ? "" : ", ") + bandCode;
   }
-  throw UsageError("\"" + code + "\" is no band; the bands are " + known);
+  throw UsageError(Printable::Quoted(code) + " is no band; the bands are " + known);
 }
 
 ExitCode MakeNew(const NewArguments& arguments, Workplace& workplace) {
@@ -53,7 +54,7 @@ ExitCode MakeNew(const NewArguments& arguments, Workplace& workplace) {
         return Json({{"file", arguments.file}, {"version", version}});
       },
       [&](std::ostream& out) {
-        out << arguments.file << ": a new personality of version " << version << '\n';
+        out << Printable::Text(arguments.file) << ": a new personality of version " << version << '\n';
       });
   return ExitCode::Done;
 }
@@ -66,7 +67,11 @@ void Take(Words& words, NewArguments& given) {
   words.Flag("--force", given.force, "Overwrite the file if it exists");
 }
 
-const Verb kNew({.name = "new", .about = "Make a new personality with the defaults of the schema"}, Take,
-                MakeNew);
+const Verb kNew({.name = "new",
+                 .about = "Make a new personality with the defaults of the schema",
+                 .examples = {{"A personality of the newest radios in the band of 136 to 174 MHz",
+                               "kd4410 new fleet.json --version KD4410.0094 --band B1"},
+                              {"One of a base station", "kd4410 new relay.json --version 'KE2210 Rx.0094'"}}},
+                Take, MakeNew);
 
 }  // namespace

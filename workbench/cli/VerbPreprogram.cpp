@@ -5,6 +5,7 @@
 
 #include "workbench/cli/Report.h"
 #include "workbench/cli/Verb.h"
+#include "workbench/files/Printable.h"
 #include "workbench/host/RadioDescription.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Journal.h"
@@ -55,7 +56,7 @@ ExitCode Preprogram(const PreprogramArguments& arguments, Workplace& workplace) 
                      {"messages", Report::JsonOf(messenger->Boxes())}});
       },
       [&](std::ostream& out) {
-        for (const std::string& difference : differences) out << difference << ".\n";
+        for (const std::string& difference : differences) out << Printable::Text(difference) << ".\n";
         out << "The radio may " << (mayProgram != kFalse ? "" : "not ") << "be programmed.\n";
       });
   return mayProgram != kFalse ? ExitCode::Done : ExitCode::No;
@@ -69,10 +70,14 @@ void Take(Words& words, PreprogramArguments& given) {
 const Verb kPreprogram(
     {.name = "preprogram",
      .about = "Ask the tier whether the personality may go into the radio that is attached; nothing is saved",
-     .details =
-         "RADIO is an object of texts, each of which may be missing: model, databaseVersion, serialNumber, "
-         "firmware,\nhardware, band, controlHead (KDAC1, KDAC2, KDAC4, KDAC5), controlHeadFirmware. A model "
-         "or database version\nthat differs is told. Exit code: 0 after Yes and No, 1 after Cancel."},
+     .details = "RADIO is an object of texts, each of which may be missing: model, databaseVersion, "
+                "serialNumber, firmware, hardware, band, controlHead (KDAC1, KDAC2, KDAC4, KDAC5), "
+                "controlHeadFirmware. A model or database version that differs is told. Exit code: 0 "
+                "after Yes and No, 1 after Cancel.",
+     .examples = {{"Ask for the radio that radio.json describes",
+                   "kd4410 preprogram samples/city-fleet.json --radio radio.json"},
+                  {"Say Yes to what it asks",
+                   "kd4410 preprogram samples/full.json --radio radio.json --answer yes"}}},
     Take, Preprogram);
 
 }  // namespace

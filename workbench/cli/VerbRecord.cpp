@@ -21,7 +21,7 @@ struct RecordArguments {
 void Take(Words& words, RecordArguments& given) {
   words.Required("TRACE", given.trace, "The file to be written");
   words.Flag("--force", given.force, "Overwrite the file if it exists");
-  words.Rest(given.words);
+  words.Rest("COMMAND", given.words, "What is recorded: a command with its words and options");
 }
 
 ExitCode Record(const RecordArguments& arguments, Workplace& workplace) {
@@ -49,11 +49,13 @@ ExitCode Record(const RecordArguments& arguments, Workplace& workplace) {
 const Verb kRecord(
     {.name = "record",
      .about = "Carry out another command and write every call between host and tier to a file",
-     .details =
-         "Behind TRACE stands a command as it is given otherwise, with its options; output and exit code "
-         "are\n"
-         "its own. The trace holds what the command read of the personality. See also: kd4410 replay.",
-     .inScripts = false},
+     .details = "Behind TRACE stands a command as it is given otherwise, with its options; output and "
+                "exit code are its own. The trace holds what the command read of the personality. See "
+                "also: kd4410 replay.",
+     .inScripts = false,
+     .examples = {{"Record an edit", "kd4410 record edit.trace set samples/minimal.json TxPower_k6k 1 2"},
+                  {"Record a check over an older trace",
+                   "kd4410 record --force check.trace check samples/minimal.json"}}},
     Take, Record);
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <ostream>
 
 #include "workbench/cli/Verb.h"
+#include "workbench/files/Printable.h"
 #include "workbench/host/Replayer.h"
 #include "workbench/host/TierLoader.h"
 #include "workbench/trace/Recorder.h"
@@ -13,7 +14,8 @@ std::string Counted(int calls) { return std::to_string(calls) + (calls == 1 ? " 
 void Print(const std::string& trace, const Trace::Replayed& replayed, std::ostream& out) {
   if (replayed.difference) {
     const auto& [line, recorded, now] = *replayed.difference;
-    out << trace << ':' << line << ": the tier differs, after " << Counted(replayed.calls) << " as recorded\n"
+    out << Printable::Text(trace) << ':' << line << ": the tier differs, after " << Counted(replayed.calls)
+        << " as recorded\n"
         << "  recorded: " << Trace::LineOf(recorded) << '\n'
         << "  now:      " << (now.is_null() ? "no call" : Trace::LineOf(now)) << '\n';
     return;
@@ -61,11 +63,11 @@ void Take(Words& words, ReplayArguments& given) {
 const Verb kReplay(
     {.name = "replay",
      .about = "Make the calls of a trace on a tier (--tier) and report where it acts otherwise than recorded",
-     .details =
-         "No personality is needed: the calls of the tier are answered from the trace, questions to the "
-         "user\n"
-         "among them. The exit code is 1 for a difference. See also: kd4410 record.",
-     .inScripts = false},
+     .details = "No personality is needed: the calls of the tier are answered from the trace, questions "
+                "to the user among them. The exit code is 1 for a difference. See also: kd4410 record.",
+     .inScripts = false,
+     .examples = {{"Whether the tier still acts as recorded", "kd4410 replay edit.trace"},
+                  {"The same for a program", "kd4410 replay check.trace --json"}}},
     Take, Replay);
 
 }  // namespace

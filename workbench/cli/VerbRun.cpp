@@ -8,6 +8,7 @@
 #include "workbench/cli/CommandLine.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/files/AtomicFile.h"
+#include "workbench/files/Printable.h"
 #include "workbench/store/TypedNames.h"
 
 namespace {
@@ -85,7 +86,7 @@ class Script {
 
  private:
   ExitCode RunLine(const std::string& line) {
-    workplace_.prefix = name_ + ":" + std::to_string(number_) + ": ";
+    workplace_.prefix = Printable::Text(name_) + ":" + std::to_string(number_) + ": ";
     std::vector<std::string> words;
     try {
       words = WordCutter(line).Words();
@@ -132,9 +133,11 @@ ExitCode Run(const RunArguments& arguments, Workplace& workplace) {
 const Verb kRun(
     {.name = "run",
      .about = "Run the commands of a script, one a line",
-     .details = "Words are separated by blanks; \"double quotes\" keep blanks together; # begins a comment.\n"
-                "The exit code is the highest of the lines that ran.",
-     .inScripts = false},
+     .details = "Words are separated by blanks; \"double quotes\" keep blanks together; # begins a "
+                "comment. The exit code is the highest of the lines that ran.",
+     .inScripts = false,
+     .examples = {{"Run the commands of edits.txt", "kd4410 run edits.txt"},
+                  {"All of them, whatever one says", "kd4410 run edits.txt --keep-going --json"}}},
     Take, Run);
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "workbench/cli/Report.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
+#include "workbench/files/Printable.h"
 #include "workbench/jobs/Difference.h"
 #include "workbench/jobs/FiledEdit.h"
 #include "workbench/jobs/Forms.h"
@@ -63,17 +64,19 @@ struct Edited {
   Report::Outcome Outcome() const { return {result.accepted, IsGranted(), saved, result.others}; }
 };
 
+std::string Quoted(const Variant& value) { return Printable::Quoted(ValueText::Of(value)); }
+
 std::string NotHeld(const Edited& edited) {
   const EditResult& result = edited.result;
-  return "\"" + ValueText::Of(result.asked) + "\" is no value that the radio can hold here; it " +
-         (result.IsLost() ? "keeps" : "would hold") + " \"" + ValueText::Of(result.now) + "\"";
+  return Quoted(result.asked) + " is no value that the radio can hold here; it " +
+         (result.IsLost() ? "keeps " : "would hold ") + Quoted(result.now);
 }
 
 /// Why the value does not come back.
 std::string ReasonOf(const LostValue& lost) {
   const bool isAsBefore = lost.back.IsEmpty() || SameCell(lost.back, lost.before);
   if (!isAsBefore || SameCell(lost.back, lost.now)) {
-    return ", which comes back as \"" + ValueText::Of(lost.back) + "\"";
+    return ", which comes back as " + Quoted(lost.back);
   }
   return lost.field->IsRaw() ? ", for the tier makes the field from another one of the forms"
                              : ", for the tier does not convert the field for the radio";
@@ -86,9 +89,9 @@ std::string WouldBeLost(const Edited& edited, const Session& session) {
   }
   const std::string place = session.LabelOf(*lost.field) + " (" + lost.field->CommonName() + "), record " +
                             std::to_string(lost.record);
-  const std::string value = "\"" + ValueText::Of(lost.now) + "\"";
+  const std::string value = Quoted(lost.now);
   if (SameCell(lost.before, lost.now)) {
-    return "a save would make \"" + ValueText::Of(lost.back) + "\" of the value " + value + " of " + place;
+    return "a save would make " + Quoted(lost.back) + " of the value " + value + " of " + place;
   }
   return "a save would lose the value " + value + " that the edit gives to " + place + ReasonOf(lost);
 }
@@ -174,13 +177,13 @@ void Print(const Edited& edited, const Session& session, std::ostream& out) {
   if (edited.isOther || result.IsLost()) {
     out << NotHeld(edited) << '\n';
   } else if (edited.lost) {
-    out << "\"" << edited.arguments.value << "\": " << WouldBeLost(edited, session) << '\n';
+    out << Printable::Quoted(edited.arguments.value) << ": " << WouldBeLost(edited, session) << '\n';
   } else if (result.accepted) {
     out << ValueText::Of(result.before) << " -> " << ValueText::Of(result.now) << '\n';
   } else if (result.refusal.starts_with('"')) {  // it names the value itself
     out << result.refusal << '\n';
   } else {
-    out << "\"" << edited.arguments.value << "\" is refused"
+    out << Printable::Quoted(edited.arguments.value) << " is refused"
         << (result.refusal.empty() ? "" : ": " + result.refusal) << '\n';
   }
   Report::Print(edited.Outcome(), session, out);
@@ -233,10 +236,13 @@ ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
 const Verb kSet(
     {.name = "set",
      .about = "Edit a field as on its form: ask the rule, store, convert, list what changed, save",
-     .details =
-         "A field with a list takes an entry of it, by its name or its number (see: kd4410 combo FILE UIID "
-         "RECORD).\n"
-         "An edit that the file would not give back is refused; what changes in the file is listed."},
+     .details = "A field with a list takes an entry of it, by its name or its number (see: kd4410 combo "
+                "FILE UIID RECORD). An edit that the file would not give back is refused; what changes "
+                "in the file is listed.",
+     .examples = {{"See what another frequency would change",
+                   "kd4410 set samples/city-fleet.json RxFreq_k6k 2 460.5 --dry-run"},
+                  {"Choose an entry of a list by its word",
+                   "kd4410 set samples/city-fleet.json ScanType_k6k 1 Background"}}},
     Take, Set);
 
 }  // namespace

@@ -5,13 +5,16 @@
 #include <utility>
 #include <vector>
 
+#include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "workbench/cli/IOSheet.h"
 #include "workbench/cli/Report.h"
+#include "workbench/cli/Sections.h"
 #include "workbench/cli/SoundSheet.h"
 #include "workbench/cli/SystemSheets.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
+#include "workbench/files/Printable.h"
 #include "workbench/jobs/BurstSlots.h"
 #include "workbench/jobs/ComboList.h"
 #include "workbench/jobs/Session.h"
@@ -168,18 +171,26 @@ void Print(const SchemaTable& table, Session& session, std::ostream& out) {
   for (RecordNr record = 1; record <= count; ++record) PrintRecord(session, table, record, out);
 }
 
-constexpr const char* kWhat =
-    "channels, networks, scan-groups, keys, selcall, dtmf, two-tone, mdc1200, io, sounds, or the number of a "
-    "table";
+/// "channels, networks, ..."
+std::string What() {
+  const auto sections = ShownSections();
+  return ListOf({sections.begin(), sections.end()}) + ", or the number or the title of a table";
+}
 
-const SchemaTable& TableOfNumber(const Schema& schema, const std::string& text) {
+/// By its number or, in any case, its title.
+const SchemaTable& TableNamed(const Schema& schema, const std::string& text) {
   std::int32_t number = -1;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   const bool isNumber = error == std::errc() && end == text.data() + text.size();
-  const SchemaTable* table = isNumber ? schema.FindTable(number) : nullptr;
-  if (table != nullptr) return *table;
-  throw UsageError("\"" + text + "\" is no table of version " + schema.Version() + "; what can be shown is " +
-                   kWhat);
+  const auto sections = ShownSections();
+  std::vector<std::string> names(sections.begin(), sections.end());
+  for (const SchemaTable& table : schema.Tables()) {
+    if (isNumber ? table.number == number : EqualsIgnoringCase(table.title, text)) return table;
+    names.push_back(table.title);
+  }
+  throw UsageError(Printable::Quoted(text) + " is no table of version " + schema.Version() +
+                   "; what can be shown is " + What() +
+                   (isNumber ? "" : TypedNames::Suggestion(text, std::move(names))));
 }
 
 struct ShowArguments {
@@ -191,7 +202,7 @@ struct ShowArguments {
 
 void Take(Words& words, ShowArguments& given) {
   words.Required("FILE", given.file, "The personality");
-  words.Required("WHAT", given.what, kWhat);
+  words.Required("WHAT", given.what, What().c_str());
   words.OptionalRecord("SYSTEM", given.system, "Of signalling systems: this one alone, by its record");
   words.Flag("--all", given.all, "Of selcall and dtmf: unused bursts and empty presets, too");
 }
@@ -326,7 +337,17 @@ void ShowSelcall(const ShowArguments& arguments, Session& session, Workplace& wo
       });
 }
 
-ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
+/// As it is listed, however its letters were typed; any other word as it stands.
+std::string SectionMeant(const std::string& what) {
+  for (const std::string_view section : ShownSections()) {
+    if (EqualsIgnoringCase(section, what)) return std::string(section);
+  }
+  return what;
+}
+
+ExitCode Show(const ShowArguments& given, Workplace& workplace) {
+  ShowArguments arguments = given;
+  arguments.what = SectionMeant(given.what);
   OpenedFile opened(workplace, arguments.file, workplace.Messenger());
   opened.ShowForms();
   const Provider& content = opened.Content();
@@ -342,7 +363,7 @@ ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
     ShowSelcall(arguments, opened.GetSession(), workplace);
     return ExitCode::Done;
   }
-  if (arguments.what == "io") {
+  if (arguments.what == IOSheet::kName) {
     IOSheet::Show(opened.GetSession(), workplace);
     return ExitCode::Done;
   }
@@ -355,7 +376,7 @@ ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
     ShowView(view, opened.GetSession(), workplace);
     return ExitCode::Done;
   }
-  const SchemaTable& table = TableOfNumber(content.GetSchema(), arguments.what);
+  const SchemaTable& table = TableNamed(content.GetSchema(), arguments.what);
   workplace.Tell([&] { return JsonOf(table, content); },
                  [&](std::ostream& out) { Print(table, opened.GetSession(), out); });
   return ExitCode::Done;
@@ -363,7 +384,19 @@ ExitCode Show(const ShowArguments& arguments, Workplace& workplace) {
 
 const Verb kShow({.name = "show",
                   .about = "Show channels, networks, scan groups, function keys, signalling systems, sounds, "
-                           "inputs and outputs or any table of a personality"},
+                           "inputs and outputs or any table of a personality",
+                  .examples = {{"The channels", "kd4410 show samples/city-fleet.json channels"},
+                               {"The first Selcall system with the bursts that it does not use",
+                                "kd4410 show samples/city-fleet.json selcall 1 --all"}}},
                  Take, Show);
 
 }  // namespace
+
+std::vector<std::string_view> ShownSections() {
+  std::vector<std::string_view> names;
+  for (const View& view : kViews) names.push_back(view.name);
+  names.push_back(kSelcall);
+  for (const std::string_view kind : SystemSheets::Kinds()) names.push_back(kind);
+  names.insert(names.end(), {IOSheet::kName, SoundSheet::kName});
+  return names;
+}

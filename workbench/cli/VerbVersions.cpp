@@ -6,6 +6,7 @@
 #include "platform/CaseText.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
+#include "workbench/files/Printable.h"
 #include "workbench/jobs/Conversion.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/TypedNames.h"
@@ -102,7 +103,7 @@ ExitCode ListVersions(const VersionsArguments& arguments, Workplace& workplace) 
     if (asked.empty() || EqualsIgnoringCase(model, asked)) models.push_back(model);
     known += (known.empty() ? "" : ", ") + model;
   }
-  if (models.empty()) throw UsageError("\"" + asked + "\" is no model; the models are " + known);
+  if (models.empty()) throw UsageError(Printable::Quoted(asked) + " is no model; the models are " + known);
   Json data = Json::List();
   for (const std::string& model : models) {
     const VersionList list = AskTier(model, workplace);
@@ -116,10 +117,13 @@ ExitCode ListVersions(const VersionsArguments& arguments, Workplace& workplace) 
 }
 
 void Take(Words& words, VersionsArguments& given) {
-  words.Option("--model", given.model, "NAME", "KD4410, \"KE2210 Rx\" or \"KE2210 Tx\"; all when left out");
+  words.Option("--model", given.model, "MODEL", "KD4410, \"KE2210 Rx\" or \"KE2210 Tx\"; all when left out");
 }
 
-const Verb kVersions({.name = "versions", .about = "List the database versions that the tier knows"}, Take,
-                     ListVersions);
+const Verb kVersions({.name = "versions",
+                      .about = "List the database versions that the tier knows",
+                      .examples = {{"All versions", "kd4410 versions"},
+                                   {"Those of one model", "kd4410 versions --model 'KE2210 Rx'"}}},
+                     Take, ListVersions);
 
 }  // namespace

@@ -145,15 +145,26 @@ constexpr const char* kGridNames =
 
 const Verb kAdd({.name = "add",
                  .about = "Add a record as in a grid: ask the tier, add, complete, list what changed, save",
-                 .details = kGridNames},
+                 .details = kGridNames,
+                 .examples = {{"Three channels with the values of the second",
+                               "kd4410 add samples/city-fleet.json channel --count 3 --from 2"},
+                              {"See what a new network brings along",
+                               "kd4410 add samples/city-fleet.json network --dry-run"}}},
                 Take<Action::Add>, Run<Action::Add>);
-const Verb kInsert({.name = "insert",
-                    .about = "Insert a channel or a control status before a record, as in a grid",
-                    .details = kGridNames},
-                   Take<Action::Insert>, Run<Action::Insert>);
+const Verb kInsert(
+    {.name = "insert",
+     .about = "Insert a channel or a control status before a record, as in a grid",
+     .details = kGridNames,
+     .examples = {{"A channel before the second", "kd4410 insert samples/city-fleet.json channel 2"},
+                  {"See what the same does", "kd4410 insert samples/city-fleet.json channel 2 --dry-run"}}},
+    Take<Action::Insert>, Run<Action::Insert>);
 const Verb kDelete({.name = "delete",
                     .about = "Delete a record as in a grid: ask the tier, delete, list what changed, save",
-                    .details = kGridNames},
+                    .details = kGridNames,
+                    .examples = {{"See what goes with a network",
+                                  "kd4410 delete samples/city-fleet.json network 3 --dry-run"},
+                                 {"Delete the second scan group",
+                                  "kd4410 delete samples/city-fleet.json scan-group 2"}}},
                    Take<Action::Delete>, Run<Action::Delete>);
 
 }  // namespace

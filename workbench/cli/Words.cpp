@@ -16,51 +16,65 @@ std::string NoRecord(const std::string& text) {
 
 void Words::Required(const char* name, std::string& word, const char* about) {
   command_.add_option(name, word, about)->required();
+  Note({.name = name, .about = about, .isRequired = true});
 }
 
 void Words::Required(const char* name, RecordNr& number, const char* about) {
   command_.add_option(name, number, about)->required();
+  Note({.name = name, .about = about, .isRequired = true});
 }
 
 void Words::Optional(const char* name, std::string& word, const char* about) {
   command_.add_option(name, word, about);
+  Note({.name = name, .about = about});
 }
 
 void Words::OptionalRecord(const char* name, RecordNr& record, const char* about) {
   command_.add_option(name, record, about)->check(NoRecord);
+  Note({.name = name, .about = about});
 }
 
-void Words::Rest(std::vector<std::string>& words) {
+void Words::Rest(const char* name, std::vector<std::string>& words, const char* about) {
   command_.fallthrough(false);  // options are the rest's
   command_.prefix_command();
   rest_ = &words;
+  Note({.name = name, .about = about, .isRequired = true, .isRepeated = true});
 }
 
 void Words::TakeRest() const {
   if (rest_ != nullptr) *rest_ = command_.remaining();
 }
 
-void Words::Flag(const char* name, bool& flag, const char* about) { command_.add_flag(name, flag, about); }
+void Words::Flag(const char* name, bool& flag, const char* about) {
+  command_.add_flag(name, flag, about);
+  Note({.name = name, .about = about});
+}
 
 void Words::Option(const char* name, std::string& value, const char* type, const char* about) {
   command_.add_option(name, value, about)->type_name(type);
+  Note({.name = name, .value = type, .about = about});
 }
 
 void Words::RequiredOption(const char* name, std::string& value, const char* type, const char* about) {
   command_.add_option(name, value, about)->type_name(type)->required();
+  Note({.name = name, .value = type, .about = about, .isRequired = true});
 }
 
 void Words::RecordOption(const char* name, RecordNr& record, const char* about) {
   command_.add_option(name, record, about)->type_name("N")->check(NoRecord);
+  Note({.name = name, .value = "N", .about = about});
 }
 
-void Words::ListOption(const char* name, std::vector<std::string>& values, const char* about) {
-  command_.add_option(name, values, about)->take_all();
+void Words::ListOption(const char* name, std::vector<std::string>& values, const char* type,
+                       const char* about) {
+  command_.add_option(name, values, about)->type_name(type)->take_all();
+  Note({.name = name, .value = type, .about = about, .isRepeated = true});
 }
 
 void Words::NumberOption(const char* name, std::int64_t& value, std::int64_t lowest, std::int64_t highest,
                          const char* about) {
   command_.add_option(name, value, about)->check(CLI::Range(lowest, highest).description(""));
+  Note({.name = name, .value = "N", .about = about});
 }
 
 void Words::Needs(const char* name, const char* other) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/Types.h"
@@ -10,6 +11,19 @@ namespace CLI {
 class App;
 }
 
+/// A word that a line may have, as help and completion tell of it.
+struct Word {
+  std::string name = {};   ///< "FILE", "--out"; of an option with two names "-h,--help"
+  std::string value = {};  ///< what stands behind an option ("VERSION"); empty for a flag
+  std::string about = {};  ///< a sentence
+  bool isRequired = false;
+  bool isRepeated = false;  ///< may be given more than once
+
+  bool IsOption() const { return name.starts_with('-'); }
+  /// What is typed for it, which tells of which kind it is: its own name or the value of an option.
+  const std::string& Typed() const { return IsOption() ? value : name; }
+};
+
 /// The words that a verb takes on the command line. A verb declares them, in the order of its help; each is
 /// written to its place when a line with the verb is read. The places outlive this object. `about` is a line
 /// of the help.
@@ -17,24 +31,24 @@ class Words {
  public:
   explicit Words(CLI::App& command) : command_(command) {}
 
-  // By their place on the line.
+  // By their place on the line. The name tells what the word is ("FILE", "UIID", "GRID"), for completion.
 
   void Required(const char* name, std::string& word, const char* about);
   void Required(const char* name, RecordNr& number, const char* about);
   void Optional(const char* name, std::string& word, const char* about);
   /// Records count from 1; any other number is refused.
   void OptionalRecord(const char* name, RecordNr& record, const char* about);
-  /// All words behind those that were declared, options among them.
-  void Rest(std::vector<std::string>& words);
+  /// All words behind those that were declared, options among them: those of another command.
+  void Rest(const char* name, std::vector<std::string>& words, const char* about);
 
-  // By their names ("--out"). `type` is what the help calls the value.
+  // By their names ("--out"). `type` is what the help calls the value, and tells what it is ("FILE").
 
   void Flag(const char* name, bool& flag, const char* about);
   void Option(const char* name, std::string& value, const char* type, const char* about);
   void RequiredOption(const char* name, std::string& value, const char* type, const char* about);
   void RecordOption(const char* name, RecordNr& record, const char* about);
   /// May be given more than once.
-  void ListOption(const char* name, std::vector<std::string>& values, const char* about);
+  void ListOption(const char* name, std::vector<std::string>& values, const char* type, const char* about);
   void NumberOption(const char* name, std::int64_t& value, std::int64_t lowest, std::int64_t highest,
                     const char* about);
 
@@ -43,10 +57,16 @@ class Words {
   void Needs(const char* name, const char* other);
   void Excludes(const char* name, const char* other);
 
+  /// What was declared, in its order.
+  const std::vector<Word>& Declared() const { return declared_; }
+
   /// To be called when the line has been read.
   void TakeRest() const;
 
  private:
+  void Note(Word word) { declared_.push_back(std::move(word)); }
+
   CLI::App& command_;
+  std::vector<Word> declared_;
   std::vector<std::string>* rest_ = nullptr;
 };

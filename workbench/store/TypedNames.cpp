@@ -50,8 +50,8 @@ std::string Suggestion(std::string_view typed, std::vector<std::string> names) {
   constexpr std::size_t kMost = 5;
   std::erase_if(names, [&](const std::string& name) { return !IsLike(name, typed); });
   std::ranges::stable_sort(names, {}, [&](const std::string& name) { return Distance(name, typed); });
-  const auto repeated = std::ranges::unique(names, EqualsIgnoringCase);  // the nearest differ by nothing else
-  names.erase(repeated.begin(), repeated.end());
+  // Names that differ by their case alone are equally near.
+  names.erase(std::unique(names.begin(), names.end(), EqualsIgnoringCase), names.end());
   if (names.size() > kMost) names.resize(kMost);
   std::string text;
   for (const std::string& name : names) text += (text.empty() ? "; did you mean " : ", ") + name;

@@ -15,7 +15,6 @@ namespace {
 using nlohmann::json;
 using testing::AllOf;
 using testing::HasSubstr;
-using Words = std::vector<std::string>;
 
 struct Outcome {
   int code = -1;
@@ -26,6 +25,8 @@ struct Outcome {
 /// The built command line, with a sample in a folder of its own.
 class CommandLine : public testing::Test {
  protected:
+  using Words = std::vector<std::string>;
+
   Outcome Execute(const Words& words) const {
     std::string line;
     for (const std::string& word : words) line += "'" + word + "' ";
@@ -56,7 +57,7 @@ TEST_F(CommandLine, TellsByItsExitCodeHowItEnded) {
       {{"check", Sample("minimal")}, 0, ""},
       {{"check", file}, 1, ""},
       {{"set", file, "TxFreq_k6k", "1", "780"}, 1, "outside the allowable range for this band 136-174 MHz."},
-      {{}, 2, "subcommand"},
+      {{}, 2, "give a command"},
       {{"show", file, "6"},
        2,
        "\"6\" is no table of version KD4410.0094; what can be shown is channels, networks"},
@@ -80,7 +81,7 @@ TEST_F(CommandLine, TellsByItsExitCodeHowItEnded) {
       {{"enabled", file, "--all", "--why"}, 2, "give its UIID"},
       {{"enabled", file, "--all", "--record", "0"}, 2, "records count from 1"},
       {{"form", file, "USRCTLPTTS"}, 2, "did you mean USRCTLPTT"},
-      {{"form", file}, 2, "FILE and NAME"},
+      {{"form", file}, 2, "FILE and FORM"},
       {{"form", file, "Channels", "--record", "20"}, 2, "record 20 is outside 1..19"},
       {{"form", file, "PTT", "--record", "1"}, 2, "does not show one record"},
       {{"check", faulty}, 3, "a fault of the tier"},
