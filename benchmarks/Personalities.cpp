@@ -29,7 +29,9 @@ class ConsentingMessenger final : public Imessenger {
 std::shared_ptr<const SchemaFiles> RoomySchemas() {
   const auto folder = std::filesystem::temp_directory_path() / ("kd4410-bench-" + std::to_string(getpid()));
   std::filesystem::create_directories(folder);
-  std::filesystem::copy_file(SCHEMA_FOLDER "/fields.tsv", folder / "fields.tsv");
+  for (const char* name : {"fields.tsv", "words.tsv"}) {
+    std::filesystem::copy_file(std::filesystem::path(SCHEMA_FOLDER) / name, folder / name);
+  }
   std::ifstream original(SCHEMA_FOLDER "/tables.tsv");
   std::ofstream roomy(folder / "tables.tsv");
   const std::regex capacity("^((?:5|7|16|18|50|61)\\t[^\\t]*\\t[^\\t]*\\t\\d+\\t)\\d+");

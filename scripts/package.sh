@@ -19,7 +19,7 @@ export PKG_CONFIG_PATH=$(dirname "$(find "$scratch/prefix" -name kd4410.pc)")
 # shellcheck disable=SC2046
 g++ $(pkg-config --cflags kd4410) "$ROOT/tests/package/host.cpp" $(pkg-config --libs kd4410) -o "$scratch/host2"
 "$scratch/host2" "$tier"
-"$scratch/prefix/bin/kd4410" bands >/dev/null
+"$scratch/prefix/bin/kd4410" fields >/dev/null
 
 for told in man/man1/kd4410.1 bash-completion/completions/kd4410 zsh/site-functions/_kd4410 \
   fish/vendor_completions.d/kd4410.fish; do

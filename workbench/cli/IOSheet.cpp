@@ -8,11 +8,10 @@
 
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
-#include "workbench/jobs/ComboList.h"
 #include "workbench/jobs/Session.h"
+#include "workbench/jobs/Wording.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
-#include "workbench/store/ValueText.h"
 
 namespace IOSheet {
 namespace {
@@ -85,10 +84,7 @@ class Sheet {
   }
   /// A number that stands for an entry of its list is told by it.
   std::string Shown(std::string_view uiid, RecordNr record) const {
-    const std::string text = ValueText::At(content_, uiid, record);
-    const SchemaField& field = content_.FieldOf(uiid);
-    if (field.type != FieldType::Integer || text.empty()) return text;
-    return EntryHeld(session_.Host(), content_, uiid, record).value_or(text);
+    return Wording::TextAt(session_, uiid, record);
   }
   bool IsInUse(std::string_view parameter) const {
     Boolean enabled = kFalse;

@@ -1,12 +1,14 @@
 #include "workbench/cli/Report.h"
 
 #include <ostream>
+#include <utility>
 
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/jobs/PersonalityCheck.h"
 #include "workbench/jobs/Session.h"
+#include "workbench/jobs/Wording.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/ValueText.h"
@@ -29,16 +31,33 @@ Json JsonOf(const Variant& value) {
   return CDbl(value);
 }
 
+void AddValue(Json& object, std::string_view name, const Variant& value,
+              const std::optional<std::string>& word) {
+  object[name] = JsonOf(value);
+  if (word) object[name == "value" ? "word" : std::string(name) + "Word"] = *word;
+}
+
+std::optional<std::string> WordOfShown(const Session& session, const SchemaField& stored,
+                                       const SchemaField& shownAs, const Variant& value) {
+  constexpr RecordNr kAny = 1;  // the code of an entry is the same in the lists of all records
+  if (&stored == &shownAs && !Wording::IsShownAsStored(stored)) return {};
+  return Wording::WordOf(session, shownAs, kAny, value);
+}
+
 TextTable ChangeTable(const Session& session, const std::vector<Change>& changes) {
   TextTable table({{""}, {""}, {""}, {""}});
   for (const Change& change : changes) {
-    const std::string values = ValueText::Of(change.before) + " -> " + ValueText::Of(change.now);
     if (change.field == nullptr) {
-      table.Add({"table " + std::to_string(change.table->number), change.table->title, "records", values});
+      table.Add({"table " + std::to_string(change.table->number), change.table->title, "records",
+                 ValueText::Of(change.before) + " -> " + ValueText::Of(change.now)});
     } else {
+      const auto text = [&](const Variant& value) {
+        return Wording::TextOf(session, *change.field, change.record, value);
+      };
       const std::string& name = change.field->CommonName();
       const std::string label = session.LabelOf(*change.field);
-      table.Add({name, label == name ? "" : label, "record " + std::to_string(change.record), values});
+      table.Add({name, label == name ? "" : label, "record " + std::to_string(change.record),
+                 text(change.before) + " -> " + text(change.now)});
     }
   }
   return table;
@@ -53,12 +72,16 @@ Json JsonOf(const Session& session, const std::vector<Change>& changes) {
                 {"recordsBefore", JsonOf(change.before)},
                 {"recordsNow", JsonOf(change.now)}});
     } else {
-      list.Add({{"name", change.field->CommonName()},
-                {"fieldId", change.field->id},
-                {"label", session.LabelOf(*change.field)},
-                {"record", change.record},
-                {"before", JsonOf(change.before)},
-                {"now", JsonOf(change.now)}});
+      const auto word = [&](const Variant& value) {
+        return Wording::WordOf(session, *change.field, change.record, value);
+      };
+      Json one = {{"name", change.field->CommonName()},
+                  {"fieldId", change.field->id},
+                  {"label", session.LabelOf(*change.field)},
+                  {"record", change.record}};
+      AddValue(one, "before", change.before, word(change.before));
+      AddValue(one, "now", change.now, word(change.now));
+      list.Add(std::move(one));
     }
   }
   return list;

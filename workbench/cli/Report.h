@@ -1,7 +1,9 @@
 #pragma once
 
 #include <iosfwd>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/Variant.h"
@@ -10,12 +12,22 @@
 class Session;
 class TextTable;
 struct Change;
+struct SchemaField;
 struct Shown;
 
 /// How values, changes and edits appear in the output.
 namespace Report {
 
 Json JsonOf(const Variant& value);
+/// Adds a value and, behind it, the word for it where it has one: beside "value" as "word", beside "before"
+/// as "beforeWord".
+void AddValue(Json& object, std::string_view name, const Variant& value,
+              const std::optional<std::string>& word);
+
+/// The word of a value that the forms show of a stored field, or that is told as it is stored where they show
+/// it under its own name.
+std::optional<std::string> WordOfShown(const Session& session, const SchemaField& stored,
+                                       const SchemaField& shownAs, const Variant& value);
 
 /// A line for each changed cell: name, label, record, value before, value now.
 TextTable ChangeTable(const Session& session, const std::vector<Change>& changes);

@@ -8,10 +8,9 @@
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/jobs/Session.h"
+#include "workbench/jobs/Wording.h"
 #include "workbench/schema/Schema.h"
-#include "workbench/store/CodeWords.h"
 #include "workbench/store/Provider.h"
-#include "workbench/store/ValueText.h"
 
 namespace SoundSheet {
 namespace {
@@ -35,7 +34,7 @@ constexpr std::string_view kNetwork = "NetworkID";
 
 class Sheet {
  public:
-  explicit Sheet(const Provider& content) : content_(content) {}
+  explicit Sheet(const Session& session) : session_(session), content_(session.Content()) {}
 
   Json AsJson() const {
     Json indicators = Json::List();
@@ -62,7 +61,7 @@ class Sheet {
   RecordNr CountOf(std::string_view field) const { return content_.Count(content_.FieldOf(field).table); }
   /// A code that has a word is told by it.
   std::string Text(std::string_view field, RecordNr record) const {
-    return CodeWords::Worded(field, ValueText::At(content_, field, record));
+    return Wording::TextAt(session_, field, record);
   }
 
   Json NetworkAsJson(RecordNr network) const {
@@ -105,13 +104,14 @@ class Sheet {
     return type + " " + Text(call.duration, network) + " " + content_.FieldOf(call.duration).units;
   }
 
+  const Session& session_;
   const Provider& content_;
 };
 
 }  // namespace
 
 void Show(const Session& session, Workplace& workplace) {
-  const Sheet sheet(session.Content());
+  const Sheet sheet(session);
   workplace.Tell([&] { return sheet.AsJson(); }, [&](std::ostream& out) { sheet.Print(out); });
 }
 

@@ -11,8 +11,8 @@
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/jobs/Session.h"
+#include "workbench/jobs/Wording.h"
 #include "workbench/schema/Schema.h"
-#include "workbench/store/CodeWords.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/RecordKeys.h"
 #include "workbench/store/TypedNames.h"
@@ -151,9 +151,7 @@ class Sheet {
     return fact.of.empty() || IsCode(content_.Get(fact.of, record_), fact.code);
   }
   /// A code that has a word is told by it.
-  std::string Text(std::string_view uiid) const {
-    return CodeWords::Worded(uiid, ValueText::At(content_, uiid, record_));
-  }
+  std::string Text(std::string_view uiid) const { return Wording::TextAt(session_, uiid, record_); }
   std::string WithUnits(const Fact& fact) const {
     const std::string& units = content_.FieldOf(fact.uiid).units;
     const std::string text = Text(fact.uiid);

@@ -1,33 +1,42 @@
 #include <algorithm>
 #include <map>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "workbench/cli/Report.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/files/Printable.h"
 #include "workbench/jobs/PersonalityCheck.h"
+#include "workbench/jobs/Session.h"
+#include "workbench/jobs/Wording.h"
 
 namespace {
 
-Json JsonOf(const Finding& finding) {
+std::optional<std::string> WordOf(const Session& session, const Finding& finding) {
+  if (finding.field == nullptr || !finding.value) return {};
+  return Wording::WordOf(session, *finding.field, finding.record, *finding.value);
+}
+
+Json JsonOf(const Session& session, const Finding& finding) {
   Json json = {{"kind", NameOf(finding.kind)}, {"rule", finding.rule}, {"label", finding.label}};
   if (finding.table >= 0) {
     json["table"] = finding.table;
     json["record"] = finding.record;
     json["identity"] = finding.identity;
   }
-  if (finding.value) json["value"] = *finding.value;
+  if (finding.value) Report::AddValue(json, "value", *finding.value, WordOf(session, finding));
   json["text"] = finding.text;
   if (!finding.answer.empty()) json["answer"] = finding.answer;
   return json;
 }
 
-Json JsonOf(const std::string& file, const std::vector<Finding>& findings) {
+Json JsonOf(const Session& session, const std::string& file, const std::vector<Finding>& findings) {
   Json list = Json::List();
-  for (const Finding& finding : findings) list.Add(JsonOf(finding));
+  for (const Finding& finding : findings) list.Add(JsonOf(session, finding));
   return {{"file", file}, {"count", findings.size()}, {"findings", std::move(list)}};
 }
 
@@ -41,20 +50,20 @@ void PrintText(const std::string& text, std::ostream& out) {
   }
 }
 
-void PrintPlace(const Finding& finding, std::ostream& out) {
+void PrintPlace(const Session& session, const Finding& finding, std::ostream& out) {
   out << "  - " << finding.label;
   if (finding.table >= 0) {
     out << ", table " << finding.table << " record " << finding.record;
     if (!finding.identity.empty()) out << " (number " << finding.identity << ")";
   }
-  if (finding.value) out << ": " << Printable::Quoted(*finding.value);
+  if (finding.value) out << ": " << Printable::Quoted(WordOf(session, finding).value_or(*finding.value));
   out << " [" << finding.rule << "]";
   if (!finding.answer.empty()) out << ", answered " << finding.answer;
   out << '\n';
 }
 
 /// Findings of the same text stand together under it, in the order in which they came first.
-void Print(const std::vector<Finding>& findings, std::ostream& out) {
+void Print(const Session& session, const std::vector<Finding>& findings, std::ostream& out) {
   std::vector<std::vector<const Finding*>> groups;
   std::map<std::pair<FindingKind, std::string_view>, std::size_t> groupOf;
   for (const Finding& finding : findings) {
@@ -65,7 +74,7 @@ void Print(const std::vector<Finding>& findings, std::ostream& out) {
   for (const auto& group : groups) {
     out << NameOf(group.front()->kind) << ":\n";
     PrintText(group.front()->text, out);
-    for (const Finding* finding : group) PrintPlace(*finding, out);
+    for (const Finding* finding : group) PrintPlace(session, *finding, out);
     out << '\n';
   }
   out << findings.size() << (findings.size() == 1 ? " finding\n" : " findings\n");
@@ -85,8 +94,8 @@ ExitCode Check(const CheckArguments& arguments, Workplace& workplace) {
   check.RunRules();
 
   const std::vector<Finding>& findings = check.Findings();
-  workplace.Tell([&] { return JsonOf(arguments.file, findings); },
-                 [&](std::ostream& out) { Print(findings, out); });
+  workplace.Tell([&] { return JsonOf(opened.GetSession(), arguments.file, findings); },
+                 [&](std::ostream& out) { Print(opened.GetSession(), findings, out); });
   return findings.empty() ? ExitCode::Done : ExitCode::No;
 }
 

@@ -6,6 +6,7 @@
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/jobs/ComboList.h"
+#include "workbench/jobs/Wording.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/RecordKeys.h"
@@ -33,6 +34,16 @@ Json JsonOf(const ComboList& list) {
   return items;
 }
 
+/// The tier's list; of a field without one its words.
+ComboList ListOf(const TierHost& host, const Provider& content, const SchemaField& field, RecordNr record) {
+  ComboList list = ComboListOf(host, content, field.CommonName(), record);
+  const CodeWords words = Wording::WordsOf(host, field);
+  if (!list.IsNone() || words.Entries().empty()) return list;
+  list = {.items = {}, .hasCodes = true};
+  for (const auto& [code, word] : words.Entries()) list.items.push_back({word, code});
+  return list;
+}
+
 struct ComboArguments {
   std::string file;
   std::string uiid;
@@ -50,7 +61,7 @@ ExitCode Combo(const ComboArguments& arguments, Workplace& workplace) {
   opened.ShowForms();
   const SchemaField& field = TypedNames::FieldNamed(opened.Content().GetSchema(), arguments.uiid);
   const std::string& uiid = field.CommonName();
-  const ComboList list = ComboListOf(opened.GetSession().Host(), opened.Content(), uiid, arguments.record);
+  const ComboList list = ListOf(opened.GetSession().Host(), opened.Content(), field, arguments.record);
   workplace.Tell(
       [&] {
         return Json({{"uiid", uiid},

@@ -14,6 +14,7 @@
 #include "workbench/jobs/Conversion.h"
 #include "workbench/jobs/PersonalityCheck.h"
 #include "workbench/jobs/VersionNotes.h"
+#include "workbench/jobs/Wording.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
@@ -86,7 +87,7 @@ void PrintLosses(const Session& session, const std::vector<Loss>& losses, std::o
       const std::string label = session.LabelOf(*loss.field);
       table.Add({name, label == name ? "" : label,
                  loss.place.empty() ? "record " + std::to_string(loss.record) : loss.place,
-                 ValueText::Of(loss.value)});
+                 Wording::TextOf(session, *loss.field, loss.record, loss.value)});
     } else {
       table.Add({"table " + std::to_string(loss.table->number), loss.table->title,
                  "records " + std::to_string(loss.record) + " to " + std::to_string(loss.last),
@@ -115,7 +116,7 @@ void PrintObstacles(const Session& session, const std::vector<Obstacle>& obstacl
     const std::string label = session.LabelOf(*one.field);
     table.Add({name, label == name ? "" : label,
                one.where.empty() ? "record " + std::to_string(one.record) : one.where,
-               ValueText::Of(one.value), one.way});
+               Wording::TextOf(session, *one.field, one.record, one.value), one.way});
   }
   table.Print(out, 4);
 }
@@ -152,7 +153,8 @@ Json JsonOf(const Session& session, const Loss& loss) {
     json["fieldId"] = loss.field->id;
     json["label"] = session.LabelOf(*loss.field);
     json["record"] = loss.record;
-    json["value"] = Report::JsonOf(loss.value);
+    Report::AddValue(json, "value", loss.value,
+                     Wording::WordOf(session, *loss.field, loss.record, loss.value));
     if (!loss.place.empty()) json["place"] = loss.place;
   } else {
     json["firstRecord"] = loss.record;
@@ -165,10 +167,8 @@ Json JsonOf(const Session& session, const Loss& loss) {
 Json JsonOf(const Session& session, const std::vector<Obstacle>& obstacles) {
   Json list = Json::List();
   for (const Obstacle& one : obstacles) {
-    Json json = {{"fieldId", one.field->id},
-                 {"label", session.LabelOf(*one.field)},
-                 {"record", one.record},
-                 {"value", Report::JsonOf(one.value)}};
+    Json json = {{"fieldId", one.field->id}, {"label", session.LabelOf(*one.field)}, {"record", one.record}};
+    Report::AddValue(json, "value", one.value, Wording::WordOf(session, *one.field, one.record, one.value));
     if (!one.where.empty()) json["where"] = one.where;
     if (!one.way.empty()) json["way"] = one.way;
     list.Add(std::move(json));

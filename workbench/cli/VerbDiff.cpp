@@ -1,4 +1,6 @@
+#include <optional>
 #include <ostream>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -8,6 +10,7 @@
 #include "workbench/files/AtomicFile.h"
 #include "workbench/files/Printable.h"
 #include "workbench/jobs/Difference.h"
+#include "workbench/jobs/Wording.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/RecordKeys.h"
@@ -19,14 +22,32 @@ namespace {
 struct Compared {
   const std::string& fileA;
   const std::string& fileB;
-  const std::string& versionA;
-  const std::string& versionB;
+  const Schema& schemaA;
+  const Schema& schemaB;
   const Difference& difference;
   const Session& session;
 };
 
 std::string NameOf(const SchemaTable& table) {
   return "table " + std::to_string(table.number) + " " + table.title;
+}
+
+/// The word of what a person reads of the first personality.
+std::optional<std::string> WordOfA(const Compared& compared, const CellDifference& cell) {
+  return Report::WordOfShown(compared.session, *cell.field, *cell.shownAs, cell.a);
+}
+
+/// Of the second: another version may have other words.
+std::optional<std::string> WordOfB(const Compared& compared, const CellDifference& cell) {
+  const SchemaField* stored = compared.schemaB.Find(cell.field->id);
+  const SchemaField* shownAs = compared.schemaB.Find(cell.shownAs->id);
+  if (stored == nullptr || shownAs == nullptr) return {};
+  return Report::WordOfShown(compared.session, *stored, *shownAs, cell.b);
+}
+
+std::optional<std::string> WordOfStoredB(const Compared& compared, const CellDifference& cell) {
+  const SchemaField* stored = compared.schemaB.Find(cell.field->id);
+  return stored == nullptr ? std::nullopt : Wording::WordOfStored(*stored, cell.storedB);
 }
 
 /// The label of the form field and, behind it, what is stored.
@@ -54,19 +75,23 @@ void PrintExtra(const Session& session, const std::vector<ExtraValue>& values, c
   TextTable table({{""}, {""}, {""}, {""}});
   for (const ExtraValue& one : values) {
     const std::string label = session.LabelOf(*one.field);
-    table.Add({one.field->id, label == one.field->id ? "" : label, one.record, ValueText::Of(one.value)});
+    table.Add({one.field->id, label == one.field->id ? "" : label, one.record,
+               Wording::WordOfStored(*one.field, one.value).value_or(ValueText::Of(one.value))});
   }
   table.Print(out, 2);
 }
 
-void PrintCells(const Session& session, const std::vector<CellDifference>& cells, std::ostream& out) {
+void PrintCells(const Compared& compared, std::ostream& out) {
+  const std::vector<CellDifference>& cells = compared.difference.cells;
   const SchemaTable* current = nullptr;
   for (auto cell = cells.begin(); cell != cells.end();) {
     current = cell->table;
     out << "Different in " << NameOf(*current) << '\n';
     TextTable table({{"Record"}, {"Field"}, {"A"}, {"B"}});
     for (; cell != cells.end() && cell->table == current; ++cell) {
-      table.Add({cell->record, PlaceOf(session, *cell), ValueText::Of(cell->a), ValueText::Of(cell->b)});
+      table.Add({cell->record, PlaceOf(compared.session, *cell),
+                 WordOfA(compared, *cell).value_or(ValueText::Of(cell->a)),
+                 WordOfB(compared, *cell).value_or(ValueText::Of(cell->b))});
     }
     table.Print(out, 2);
   }
@@ -74,13 +99,13 @@ void PrintCells(const Session& session, const std::vector<CellDifference>& cells
 
 void Print(const Compared& compared, std::ostream& out) {
   const Difference& difference = compared.difference;
-  out << "A: " << Printable::Text(compared.fileA) << ", version " << compared.versionA
-      << "\nB: " << Printable::Text(compared.fileB) << ", version " << compared.versionB << '\n';
+  out << "A: " << Printable::Text(compared.fileA) << ", version " << compared.schemaA.Version()
+      << "\nB: " << Printable::Text(compared.fileB) << ", version " << compared.schemaB.Version() << '\n';
   PrintRecords(difference.onlyInA, "Only in A", out);
   PrintRecords(difference.onlyInB, "Only in B", out);
-  PrintCells(compared.session, difference.cells, out);
-  PrintExtra(compared.session, difference.extraInA, compared.versionA, out);
-  PrintExtra(compared.session, difference.extraInB, compared.versionB, out);
+  PrintCells(compared, out);
+  PrintExtra(compared.session, difference.extraInA, compared.schemaA.Version(), out);
+  PrintExtra(compared.session, difference.extraInB, compared.schemaB.Version(), out);
   for (const SchemaTable* table : difference.reordered) {
     out << "The records of " << NameOf(*table) << " stand in another order, which is no difference.\n";
   }
@@ -98,26 +123,26 @@ Json JsonOf(const std::vector<RecordDifference>& records) {
 Json JsonOf(const Session& session, const std::vector<ExtraValue>& values) {
   Json list = Json::List();
   for (const ExtraValue& one : values) {
-    list.Add({{"fieldId", one.field->id},
-              {"label", session.LabelOf(*one.field)},
-              {"record", one.record},
-              {"value", Report::JsonOf(one.value)}});
+    Json value = {{"fieldId", one.field->id}, {"label", session.LabelOf(*one.field)}, {"record", one.record}};
+    Report::AddValue(value, "value", one.value, Wording::WordOfStored(*one.field, one.value));
+    list.Add(std::move(value));
   }
   return list;
 }
 
-Json JsonOf(const Session& session, const std::vector<CellDifference>& cells) {
+Json CellsOf(const Compared& compared) {
   Json list = Json::List();
-  for (const CellDifference& cell : cells) {
-    list.Add({{"table", cell.table->number},
-              {"title", cell.table->title},
-              {"record", cell.record},
-              {"fieldId", cell.field->id},
-              {"label", session.LabelOf(*cell.shownAs)},
-              {"a", Report::JsonOf(cell.a)},
-              {"b", Report::JsonOf(cell.b)},
-              {"storedA", Report::JsonOf(cell.storedA)},
-              {"storedB", Report::JsonOf(cell.storedB)}});
+  for (const CellDifference& cell : compared.difference.cells) {
+    Json one = {{"table", cell.table->number},
+                {"title", cell.table->title},
+                {"record", cell.record},
+                {"fieldId", cell.field->id},
+                {"label", compared.session.LabelOf(*cell.shownAs)}};
+    Report::AddValue(one, "a", cell.a, WordOfA(compared, cell));
+    Report::AddValue(one, "b", cell.b, WordOfB(compared, cell));
+    Report::AddValue(one, "storedA", cell.storedA, Wording::WordOfStored(*cell.field, cell.storedA));
+    Report::AddValue(one, "storedB", cell.storedB, WordOfStoredB(compared, cell));
+    list.Add(std::move(one));
   }
   return list;
 }
@@ -126,12 +151,12 @@ Json JsonOf(const Compared& compared) {
   const Difference& difference = compared.difference;
   Json reordered = Json::List();
   for (const SchemaTable* table : difference.reordered) reordered.Add(table->number);
-  return {{"a", {{"file", compared.fileA}, {"version", compared.versionA}}},
-          {"b", {{"file", compared.fileB}, {"version", compared.versionB}}},
+  return {{"a", {{"file", compared.fileA}, {"version", compared.schemaA.Version()}}},
+          {"b", {{"file", compared.fileB}, {"version", compared.schemaB.Version()}}},
           {"equal", difference.IsEqual()},
           {"onlyInA", JsonOf(difference.onlyInA)},
           {"onlyInB", JsonOf(difference.onlyInB)},
-          {"cells", JsonOf(compared.session, difference.cells)},
+          {"cells", CellsOf(compared)},
           {"fieldsOfVersionA", JsonOf(compared.session, difference.extraInA)},
           {"fieldsOfVersionB", JsonOf(compared.session, difference.extraInB)},
           {"reorderedTables", std::move(reordered)}};
@@ -162,9 +187,8 @@ ExitCode Diff(const DiffArguments& arguments, Workplace& workplace) {
   const ComparedPersonality b = Read(arguments.b, workplace);
   const Difference difference = Compare(a, b);
   const Session labels(workplace.Parts(), a.forms, workplace.Messenger());
-  const Compared compared{
-      arguments.a, arguments.b, a.stored->GetSchema().Version(), b.stored->GetSchema().Version(),
-      difference,  labels};
+  const Compared compared{arguments.a,           arguments.b, a.stored->GetSchema(),
+                          b.stored->GetSchema(), difference,  labels};
   workplace.Tell([&] { return JsonOf(compared); }, [&](std::ostream& out) { Print(compared, out); });
   return difference.IsEqual() ? ExitCode::Done : ExitCode::No;
 }

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <optional>
 #include <ostream>
 #include <string_view>
 #include <utility>
@@ -9,6 +10,7 @@
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/jobs/Forms.h"
+#include "workbench/jobs/Wording.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/TypedNames.h"
@@ -61,15 +63,23 @@ EnablementReason ReasonOf(const TierHost& host, const std::string& uiid, RecordN
   return reason;
 }
 
-Json JsonOf(const EnablementReason& reason) {
+/// No value where the field is not there, or no such record.
+std::optional<std::string> WordOf(const Session& session, const EnablementReading& reading) {
+  const SchemaField* field = session.Content().GetSchema().Find(reading.field);
+  if (field == nullptr || reading.exists == kFalse) return {};
+  return Wording::WordOf(session, *field, reading.record, reading.value);
+}
+
+Json JsonOf(const Session& session, const EnablementReason& reason) {
   Json readings = Json::List();
   for (const EnablementReading& reading : reason.readings) {
-    readings.Add({{"field", reading.field},
-                  {"test", reading.test},
-                  {"record", reading.record},
-                  {"exists", reading.exists != kFalse},
-                  {"value", Report::JsonOf(reading.value)},
-                  {"holds", reading.holds != kFalse}});
+    Json one = {{"field", reading.field},
+                {"test", reading.test},
+                {"record", reading.record},
+                {"exists", reading.exists != kFalse}};
+    Report::AddValue(one, "value", reading.value, WordOf(session, reading));
+    one["holds"] = reading.holds != kFalse;
+    readings.Add(std::move(one));
   }
   return {{"hasCondition", !reason.condition.empty()},
           {"condition", reason.condition},
@@ -77,25 +87,26 @@ Json JsonOf(const EnablementReason& reason) {
           {"missing", reason.missing}};
 }
 
-void PrintReadings(const std::vector<EnablementReading>& readings, std::ostream& out) {
+void PrintReadings(const Session& session, const std::vector<EnablementReading>& readings,
+                   std::ostream& out) {
   TextTable table({{"Field"}, {"Test"}, {"Record", TextTable::Align::Right}, {"Value"}, {"Holds"}});
   for (const EnablementReading& reading : readings) {
     const bool exists = reading.exists != kFalse;
     table.Add({reading.field, reading.test, reading.record == 0 ? "" : std::to_string(reading.record),
-               exists ? ValueText::Of(reading.value) : "no such record",
+               exists ? WordOf(session, reading).value_or(ValueText::Of(reading.value)) : "no such record",
                reading.holds != kFalse ? "yes" : "no"});
   }
   table.Print(out, 2);
 }
 
-void PrintReason(const EnablementReason& reason, std::ostream& out) {
+void PrintReason(const Session& session, const EnablementReason& reason, std::ostream& out) {
   if (reason.condition.empty()) {
     out << "it has no condition: it is always enabled\n";
     return;
   }
   out << "enabled when: " << reason.condition << '\n';
   if (reason.readings.empty()) return;  // no value decides: the control is there to be looked at
-  PrintReadings(reason.readings, out);
+  PrintReadings(session, reason.readings, out);
   if (!reason.missing.empty()) out << "to enable it: " << reason.missing << '\n';
   const bool lacksRecord = std::ranges::any_of(
       reason.readings, [](const EnablementReading& reading) { return reading.exists == kFalse; });
@@ -118,8 +129,8 @@ ExitCode OneControl(const EnabledArguments& arguments, Workplace& workplace) {
   if (!workplace.options.json) workplace.Out() << StateOf(enabled) << '\n';
   if (arguments.why) {
     const EnablementReason reason = ReasonOf(session.Host(), uiid, arguments.record);
-    data["why"] = JsonOf(reason);
-    if (!workplace.options.json) PrintReason(reason, workplace.Out());
+    data["why"] = JsonOf(session, reason);
+    if (!workplace.options.json) PrintReason(session, reason, workplace.Out());
   }
   if (workplace.options.json) workplace.Emit(std::move(data));
   return enabled ? ExitCode::Done : ExitCode::No;

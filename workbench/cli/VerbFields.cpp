@@ -10,6 +10,7 @@
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/files/Printable.h"
+#include "workbench/jobs/Wording.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/TypedNames.h"
 
@@ -32,6 +33,19 @@ FieldFacts FactsOf(const TierHost& host, std::string_view uiid) {
   host.Require(ui.GetCustAccessLevelByUIID(uiid, facts.access, known));
   host.Require(ui.GetATGridIDByUIID(uiid, facts.grid, known));
   return facts;
+}
+
+Json JsonOf(const CodeWords& words) {
+  Json list = Json::List();
+  for (const auto& [code, word] : words.Entries()) list.Add({{"code", code}, {"word", word}});
+  return list;
+}
+
+/// "Off, Very Low, Low"
+std::string TextOf(const CodeWords& words) {
+  std::string text;
+  for (const auto& [code, word] : words.Entries()) text += (text.empty() ? "" : ", ") + word;
+  return text;
 }
 
 bool Contains(std::string_view text, const std::string& upperFilter) {
@@ -79,21 +93,24 @@ ExitCode ListFields(const FieldsArguments& arguments, Workplace& workplace) {
                    {"Width", TextTable::Align::Right},
                    {"Access", TextTable::Align::Right},
                    {"Grid"},
-                   {"FieldId"}});
+                   {"FieldId"},
+                   {"Words"}});
   Json list = Json::List();
   for (const SchemaField& field : schema->Fields()) {
+    const CodeWords words = Wording::WordsOf(host, field);
     for (const std::string& uiid : field.uiids) {
       const FieldFacts facts = FactsOf(host, uiid);
       if (!Contains(uiid, upperFilter) && !Contains(facts.label, upperFilter)) continue;
       table.Add({uiid, facts.label, facts.units, std::to_string(facts.width), std::to_string(facts.access),
-                 facts.grid, field.id});
+                 facts.grid, field.id, TextOf(words)});
       list.Add({{"uiid", uiid},
                 {"label", facts.label},
                 {"units", facts.units},
                 {"width", facts.width},
                 {"accessLevel", facts.access},
                 {"grid", facts.grid},
-                {"fieldId", field.id}});
+                {"fieldId", field.id},
+                {"words", JsonOf(words)}});
     }
   }
   const bool found = !list.IsEmpty();

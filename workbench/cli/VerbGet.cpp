@@ -2,10 +2,10 @@
 
 #include "workbench/cli/Report.h"
 #include "workbench/cli/Verb.h"
+#include "workbench/jobs/Wording.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/TypedNames.h"
-#include "workbench/store/ValueText.h"
 
 namespace {
 
@@ -34,10 +34,13 @@ ExitCode Get(const GetArguments& arguments, Workplace& workplace) {
   }
   Json values = Json::List();
   for (RecordNr record = first; record <= last; ++record) {
+    const Variant& value = content.Get(field, record);
     if (workplace.options.json) {
-      values.Add({{"record", record}, {"value", Report::JsonOf(content.Get(field, record))}});
+      Json one = {{"record", record}};
+      Report::AddValue(one, "value", value, Wording::WordOf(opened.GetSession(), field, record, value));
+      values.Add(std::move(one));
     } else {
-      workplace.Out() << ValueText::Of(content.Get(field, record)) << '\n';
+      workplace.Out() << Wording::TextOf(opened.GetSession(), field, record, value) << '\n';
     }
   }
   if (workplace.options.json) {

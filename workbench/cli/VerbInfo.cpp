@@ -1,11 +1,14 @@
+#include <iterator>
 #include <ostream>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/Conversions.h"
-#include "platform/XArrayDBObject.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/files/Printable.h"
+#include "workbench/jobs/Wording.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/ValueText.h"
@@ -13,12 +16,10 @@
 namespace {
 
 std::string BandOf(OpenedFile& opened) {
-  Session& session = opened.GetSession();
-  XArrayDBObject bands;
-  session.Host().Require(session.Host().Owner().GetBands(bands));
+  const std::vector<std::string> bands = Wording::BandNames(opened.GetSession().Host());
   const std::string position = ValueText::At(opened.Content(), "Band_k6k", 1);
-  return IsNumeric(position) && CLng(position) >= 0 && CLng(position) <= bands.UpperBound(1)
-             ? CStr(bands.GetValue(CLng(position), 0))
+  return IsNumeric(position) && CLng(position) >= 0 && CLng(position) < std::ssize(bands)
+             ? bands[static_cast<std::size_t>(CLng(position))]
              : "unknown";
 }
 

@@ -1,12 +1,10 @@
 #include <ostream>
 #include <utility>
 
-#include "platform/CaseText.h"
-#include "platform/Conversions.h"
-#include "platform/XArrayDBObject.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/files/AtomicFile.h"
 #include "workbench/files/Printable.h"
+#include "workbench/jobs/Wording.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/TypedNames.h"
@@ -20,16 +18,11 @@ struct NewArguments {
   bool force = false;
 };
 
-/// The place in the band list of a band's code ("B1"), compared without regard to case.
-std::int32_t BandPosition(Session& session, const std::string& code) {
-  XArrayDBObject bands;
-  session.Host().Require(session.Host().Owner().GetBands(bands));
+/// The position of a band by its code ("B1").
+std::int32_t BandPosition(const CodeWords& bands, const std::string& code) {
+  if (const auto position = bands.CodeOf(code)) return *position;
   std::string known;
-  for (std::int32_t row = 0; row <= bands.UpperBound(1); ++row) {
-    const std::string bandCode = CStr(bands.GetValue(row, 0)).substr(0, 2);
-    if (EqualsIgnoringCase(bandCode, code)) return row;
-    known += (known.empty() ? "" : ", ") + bandCode;
-  }
+  for (const CodeWords::Entry& band : bands.Entries()) known += (known.empty() ? "" : ", ") + band.word;
   throw UsageError(Printable::Quoted(code) + " is no band; the bands are " + known);
 }
 
@@ -44,8 +37,8 @@ ExitCode MakeNew(const NewArguments& arguments, Workplace& workplace) {
   opened.ShowForms();
   if (!arguments.band.empty()) {
     // No rule to ask: it would judge channels that are not there yet.
-    session.Store(TypedNames::FieldNamed(opened.Content().GetSchema(), "Band_k6k"), 1,
-                  BandPosition(session, arguments.band));
+    const SchemaField& band = TypedNames::FieldNamed(opened.Content().GetSchema(), "Band_k6k");
+    session.Store(band, 1, BandPosition(Wording::WordsOf(session.Host(), band), arguments.band));
   }
   opened.Save();
   const std::string& version = opened.Content().GetSchema().Version();

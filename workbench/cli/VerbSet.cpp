@@ -1,6 +1,7 @@
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <utility>
 #include <vector>
 
 #include "platform/CaseText.h"
@@ -11,6 +12,7 @@
 #include "workbench/jobs/Difference.h"
 #include "workbench/jobs/FiledEdit.h"
 #include "workbench/jobs/Forms.h"
+#include "workbench/jobs/Wording.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/RecordKeys.h"
@@ -64,19 +66,30 @@ struct Edited {
   Report::Outcome Outcome() const { return {result.accepted, IsGranted(), saved, result.others}; }
 };
 
-std::string Quoted(const Variant& value) { return Printable::Quoted(ValueText::Of(value)); }
+/// A value of the edited field.
+std::string TextOf(const Edited& edited, const Session& session, const Variant& value) {
+  return Wording::TextOf(session, edited.field, edited.arguments.record, value);
+}
+std::optional<std::string> WordOf(const Edited& edited, const Session& session, const Variant& value) {
+  return Wording::WordOf(session, edited.field, edited.arguments.record, value);
+}
 
-std::string NotHeld(const Edited& edited) {
+std::string NotHeld(const Edited& edited, const Session& session) {
   const EditResult& result = edited.result;
-  return Quoted(result.asked) + " is no value that the radio can hold here; it " +
-         (result.IsLost() ? "keeps " : "would hold ") + Quoted(result.now);
+  return Printable::Quoted(TextOf(edited, session, result.asked)) +
+         " is no value that the radio can hold here; it " + (result.IsLost() ? "keeps " : "would hold ") +
+         Printable::Quoted(TextOf(edited, session, result.now));
+}
+
+std::string Quoted(const LostValue& lost, const Session& session, const Variant& value) {
+  return Printable::Quoted(Wording::TextOf(session, *lost.field, lost.record, value));
 }
 
 /// Why the value does not come back.
-std::string ReasonOf(const LostValue& lost) {
+std::string ReasonOf(const LostValue& lost, const Session& session) {
   const bool isAsBefore = lost.back.IsEmpty() || SameCell(lost.back, lost.before);
   if (!isAsBefore || SameCell(lost.back, lost.now)) {
-    return ", which comes back as " + Quoted(lost.back);
+    return ", which comes back as " + Quoted(lost, session, lost.back);
   }
   return lost.field->IsRaw() ? ", for the tier makes the field from another one of the forms"
                              : ", for the tier does not convert the field for the radio";
@@ -85,42 +98,54 @@ std::string ReasonOf(const LostValue& lost) {
 std::string WouldBeLost(const Edited& edited, const Session& session) {
   const LostValue& lost = *edited.lost;
   if (lost.field == &edited.field && lost.record == edited.arguments.record) {
-    return "a save would lose the value" + ReasonOf(lost);
+    return "a save would lose the value" + ReasonOf(lost, session);
   }
   const std::string place = session.LabelOf(*lost.field) + " (" + lost.field->CommonName() + "), record " +
                             std::to_string(lost.record);
-  const std::string value = Quoted(lost.now);
+  const std::string value = Quoted(lost, session, lost.now);
   if (SameCell(lost.before, lost.now)) {
-    return "a save would make " + Quoted(lost.back) + " of the value " + value + " of " + place;
+    return "a save would make " + Quoted(lost, session, lost.back) + " of the value " + value + " of " + place;
   }
-  return "a save would lose the value " + value + " that the edit gives to " + place + ReasonOf(lost);
+  return "a save would lose the value " + value + " that the edit gives to " + place +
+         ReasonOf(lost, session);
+}
+
+/// Of what a person reads.
+std::optional<std::string> WordOf(const CellDifference& cell, const Session& session, const Variant& value) {
+  return Report::WordOfShown(session, *cell.field, *cell.shownAs, value);
 }
 
 Json JsonOf(const Session& session, const std::vector<CellDifference>& stored) {
   Json list = Json::List();
   for (const CellDifference& cell : stored) {
-    list.Add({{"table", cell.table->number},
-              {"title", cell.table->title},
-              {"record", cell.record},
-              {"fieldId", cell.field->id},
-              {"label", session.LabelOf(*cell.shownAs)},
-              {"before", Report::JsonOf(cell.a)},
-              {"after", Report::JsonOf(cell.b)},
-              {"storedBefore", Report::JsonOf(cell.storedA)},
-              {"storedAfter", Report::JsonOf(cell.storedB)}});
+    Json one = {{"table", cell.table->number},
+                {"title", cell.table->title},
+                {"record", cell.record},
+                {"fieldId", cell.field->id},
+                {"label", session.LabelOf(*cell.shownAs)}};
+    Report::AddValue(one, "before", cell.a, WordOf(cell, session, cell.a));
+    Report::AddValue(one, "after", cell.b, WordOf(cell, session, cell.b));
+    Report::AddValue(one, "storedBefore", cell.storedA, Wording::WordOfStored(*cell.field, cell.storedA));
+    Report::AddValue(one, "storedAfter", cell.storedB, Wording::WordOfStored(*cell.field, cell.storedB));
+    list.Add(std::move(one));
   }
   return list;
 }
 
 /// By its meaning, and behind it what is stored where that is something else.
-std::string TextOf(const CellDifference& cell) {
-  const auto text = [](const Variant& value) {
-    return value.IsEmpty() ? "(no record)" : ValueText::Of(value);
+std::string TextOf(const CellDifference& cell, const Session& session) {
+  const auto text = [](const Variant& value, const std::optional<std::string>& word) {
+    return value.IsEmpty() ? "(no record)" : word.value_or(ValueText::Of(value));
   };
-  const std::string meant = text(cell.a) + " -> " + text(cell.b);
-  const std::string stored = text(cell.storedA) + " -> " + text(cell.storedB);
-  const bool tellsMore = stored != meant && text(cell.storedA) != text(cell.storedB);
-  return tellsMore ? meant + " (stored: " + stored + ")" : meant;
+  const auto meant = [&](const Variant& value) { return text(value, WordOf(cell, session, value)); };
+  const auto stored = [&](const Variant& value) {
+    return text(value, Wording::WordOfStored(*cell.field, value));
+  };
+  const std::string change = meant(cell.a) + " -> " + meant(cell.b);
+  const std::string storedChange = stored(cell.storedA) + " -> " + stored(cell.storedB);
+  const bool isSame = SameCell(cell.a, cell.storedA) && SameCell(cell.b, cell.storedB);
+  const bool tellsMore = !isSame && storedChange != change && stored(cell.storedA) != stored(cell.storedB);
+  return tellsMore ? change + " (stored: " + storedChange + ")" : change;
 }
 
 void PrintLaidOutAnew(const Edited& edited, std::ostream& out) {
@@ -142,7 +167,7 @@ void PrintStored(const Edited& edited, const Session& session, std::ostream& out
   for (const CellDifference& cell : edited.stored) {
     const std::string label = session.LabelOf(*cell.shownAs);
     table.Add({cell.field->id, label == cell.field->id ? "" : label, cell.table->title + " " + cell.record,
-               TextOf(cell)});
+               TextOf(cell, session)});
   }
   table.Print(out, 2);
 }
@@ -154,12 +179,13 @@ Json JsonOf(const Edited& edited, const Session& session, const std::vector<Show
                {"uiid", edited.uiid},
                {"fieldId", edited.field.id},
                {"label", session.LabelOf(edited.uiid)},
-               {"record", edited.arguments.record},
-               {"before", Report::JsonOf(result.before)},
-               {"entered", edited.arguments.value},
-               {"now", Report::JsonOf(edited.IsGranted() ? result.now : result.before)}};
+               {"record", edited.arguments.record}};
+  const Variant& now = edited.IsGranted() ? result.now : result.before;
+  Report::AddValue(data, "before", result.before, WordOf(edited, session, result.before));
+  data["entered"] = edited.arguments.value;
+  Report::AddValue(data, "now", now, WordOf(edited, session, now));
   if (!result.refusal.empty()) data["refusal"] = result.refusal;
-  if (edited.isOther || result.IsLost()) data["refusal"] = NotHeld(edited);
+  if (edited.isOther || result.IsLost()) data["refusal"] = NotHeld(edited, session);
   if (edited.lost) data["refusal"] = WouldBeLost(edited, session);
   Report::AddTo(data, edited.Outcome(), session, boxes);
   data["stored"] = JsonOf(session, edited.stored);
@@ -175,11 +201,11 @@ void Print(const Edited& edited, const Session& session, std::ostream& out) {
   out << label << (label == edited.uiid ? "" : " (" + edited.uiid + ")") << ", record "
       << edited.arguments.record << ": ";
   if (edited.isOther || result.IsLost()) {
-    out << NotHeld(edited) << '\n';
+    out << NotHeld(edited, session) << '\n';
   } else if (edited.lost) {
     out << Printable::Quoted(edited.arguments.value) << ": " << WouldBeLost(edited, session) << '\n';
   } else if (result.accepted) {
-    out << ValueText::Of(result.before) << " -> " << ValueText::Of(result.now) << '\n';
+    out << TextOf(edited, session, result.before) << " -> " << TextOf(edited, session, result.now) << '\n';
   } else if (result.refusal.starts_with('"')) {  // it names the value itself
     out << result.refusal << '\n';
   } else {

@@ -1,4 +1,5 @@
 #include <charconv>
+#include <optional>
 #include <ostream>
 #include <span>
 #include <string_view>
@@ -16,10 +17,9 @@
 #include "workbench/cli/Verb.h"
 #include "workbench/files/Printable.h"
 #include "workbench/jobs/BurstSlots.h"
-#include "workbench/jobs/ComboList.h"
 #include "workbench/jobs/Session.h"
+#include "workbench/jobs/Wording.h"
 #include "workbench/schema/Schema.h"
-#include "workbench/store/CodeWords.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/RecordKeys.h"
 #include "workbench/store/TypedNames.h"
@@ -36,7 +36,6 @@ struct ViewColumn {
   TextTable::Align align = TextTable::Align::Left;
   std::vector<std::string> (*list)(const Provider& content,
                                    RecordNr record) = nullptr;  // in place of a field
-  bool isChosen = false;  // shown by the entry of the field's list, whose row it is
 };
 
 /// The numbers of a group's channels, in the order of the members.
@@ -77,7 +76,7 @@ constexpr ViewColumn kGroupColumns[] = {
     {"Members",       "members",   {}, TextTable::Align::Left, MembersOf},
 };
 constexpr ViewColumn kKeyColumns[] = {
-    {"Action",    "action",    "FunctionKey#", TextTable::Align::Left, nullptr, true},
+    {"Action",    "action",    "FunctionKey#"},
     {"Parameter", "parameter", "FK#Parameter1"},
 };
 // clang-format on
@@ -97,13 +96,11 @@ constexpr View kViews[] = {{"channels", 5, kChannelColumns},
                            {"keys", 1099, kKeyColumns, "Key", "key", 4}};
 
 /// What a view shows of the field in a row.
-std::string CellOf(Session& session, const View& view, const ViewColumn& column, RecordNr row) {
+std::string CellOf(const Session& session, const View& view, const ViewColumn& column, RecordNr row) {
   std::string field(column.field);
   if (view.numbered > 0) field.replace(field.find('#'), 1, std::to_string(row));
   const RecordNr record = view.numbered > 0 ? 1 : row;
-  std::string text = CodeWords::Worded(field, ValueText::At(session.Content(), field, record));
-  if (!column.isChosen) return text;
-  return EntryHeld(session.Host(), session.Content(), field, record).value_or(text);
+  return Wording::TextAt(session, field, record);
 }
 
 void ShowView(const View& view, Session& session, Workplace& workplace) {
@@ -148,20 +145,34 @@ void PrintRecord(Session& session, const SchemaTable& table, RecordNr record, st
   out << "Record " << record << '\n';
   TextTable fields({{""}, {""}, {""}});
   for (const SchemaField& field : session.Content().GetSchema().FieldsOf(table)) {
-    fields.Add(
-        {std::string(field.Name()),
-         ValueText::Of(session.Content().Get(field, record)) + (field.units.empty() ? "" : " " + field.units),
-         field.uiids.empty() ? "" : session.LabelOf(field)});
+    fields.Add({std::string(field.Name()),
+                Wording::TextOf(session, field, record, session.Content().Get(field, record)) +
+                    (field.units.empty() ? "" : " " + field.units),
+                field.uiids.empty() ? "" : session.LabelOf(field)});
   }
   fields.Print(out, 2);
 }
 
-Json JsonOf(const SchemaTable& table, const Provider& content) {
-  Json records = Json::List();
-  for (RecordNr record = 1; record <= content.Count(table); ++record) {
-    records.Add(RecordAsJson(content, table, record));
+/// The words of those values that have one.
+Json WordsAsJson(const Session& session, const SchemaTable& table, RecordNr record) {
+  Json words = Json::Object();
+  for (const SchemaField& field : session.Content().GetSchema().FieldsOf(table)) {
+    const auto word = Wording::WordOf(session, field, record, session.Content().Get(field, record));
+    if (word) words[field.Name()] = *word;
   }
-  return {{"table", table.number}, {"title", table.title}, {"records", std::move(records)}};
+  return words;
+}
+
+Json JsonOf(const SchemaTable& table, const Session& session) {
+  Json records = Json::List(), words = Json::List();
+  for (RecordNr record = 1; record <= session.Content().Count(table); ++record) {
+    records.Add(RecordAsJson(session.Content(), table, record));
+    words.Add(WordsAsJson(session, table, record));
+  }
+  return {{"table", table.number},
+          {"title", table.title},
+          {"records", std::move(records)},
+          {"words", std::move(words)}};
 }
 
 void Print(const SchemaTable& table, Session& session, std::ostream& out) {
@@ -217,7 +228,7 @@ class SystemView {
 
   Json AsJson() const {
     Json json = {{"record", record_}, {"system", Text("SignalSystemID_k6k")}};
-    for (const auto& [key, uiid] : kFacts) json[key] = Text(uiid);
+    for (const auto& [key, uiid] : kFacts) Report::AddValue(json, key, Text(uiid), WordOf(uiid));
     Json bursts = Json::List();
     for (const BurstSlots::Entry& entry : entries_) {
       Json channels = Json::List();
@@ -233,7 +244,11 @@ class SystemView {
     Json statuses = Json::List();
     for (const RecordNr row : Statuses()) {
       Json status;
-      for (const auto& [key, field] : kStatusFields) status[key] = Report::JsonOf(Status(field, row));
+      for (const auto& [key, name] : kStatusFields) {
+        const SchemaField& field = session_.Content().FieldOf(name);
+        Report::AddValue(status, key, Status(name, row),
+                         Wording::WordOf(session_, field, row, Status(name, row)));
+      }
       statuses.Add(std::move(status));
     }
     json["controlStatuses"] = std::move(statuses);
@@ -243,7 +258,8 @@ class SystemView {
   void Print(std::ostream& out) const {
     out << "Selcall system " << Text("SignalSystemID_k6k") << ", record " << record_ << '\n';
     TextTable facts({{""}, {""}});
-    for (const auto& [key, uiid] : kFacts) facts.Add({session_.LabelOf(uiid), Text(uiid)});
+    for (const auto& [key, uiid] : kFacts)
+      facts.Add({session_.LabelOf(uiid), WordOf(uiid).value_or(Text(uiid))});
     facts.Print(out, 2);
     for (std::size_t kind = 0; kind < BurstSlots::kKinds.size(); ++kind) Print(kind, out);
     PrintStatuses(out);
@@ -294,6 +310,9 @@ class SystemView {
     const Provider& content = session_.Content();
     const bool exists = record_ <= content.Count(content.FieldOf(uiid).table);
     return exists ? ValueText::At(content, uiid, record_) : std::string();
+  }
+  std::optional<std::string> WordOf(std::string_view uiid) const {
+    return Wording::WordOf(session_, session_.Content().FieldOf(uiid), record_, Text(uiid));
   }
   std::string LabelOf(const BurstSlots::Entry& entry) const {
     return session_.LabelOf(BurstSlots::kKinds[entry.kind].uiid);
@@ -377,7 +396,7 @@ ExitCode Show(const ShowArguments& given, Workplace& workplace) {
     return ExitCode::Done;
   }
   const SchemaTable& table = TableNamed(content.GetSchema(), arguments.what);
-  workplace.Tell([&] { return JsonOf(table, content); },
+  workplace.Tell([&] { return JsonOf(table, opened.GetSession()); },
                  [&](std::ostream& out) { Print(table, opened.GetSession(), out); });
   return ExitCode::Done;
 }

@@ -33,12 +33,11 @@ std::optional<ComboList> ListOffered(const TierHost& host, const Provider& conte
   return {};
 }
 
-std::optional<std::string> EntryHeld(const TierHost& host, const Provider& content, std::string_view uiid,
-                                     RecordNr record) {
-  const Variant& held = content.Get(uiid, record);
+std::optional<std::string> EntryOf(const TierHost& host, const Provider& content, std::string_view uiid,
+                                   RecordNr record, const Variant& value) {
   std::int32_t row = 0;
   for (const ComboItem& item : ComboListOf(host, content, uiid, record).items) {
-    if (SameValue(held, item.code.value_or(row++))) return item.text;
+    if (SameValue(value, item.code.value_or(row++))) return item.text;
   }
   return {};
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/Types.h"
+#include "platform/Variant.h"
 
 class Provider;
 class TierHost;
@@ -33,7 +34,7 @@ ComboList ComboListOf(const TierHost& host, const Provider& content, std::string
 /// No value for a field without list, and where the tier does not have it yet.
 std::optional<ComboList> ListOffered(const TierHost& host, const Provider& content, std::string_view uiid,
                                      RecordNr record);
-/// The text of the entry that the record holds, by its code or, in a list without codes, by its row from 0.
-/// No value where the list has no such entry.
-std::optional<std::string> EntryHeld(const TierHost& host, const Provider& content, std::string_view uiid,
-                                     RecordNr record);
+/// The text of the entry that a value of the field stands for, by its code or, in a list without codes, by
+/// its row from 0. No value where the list has no such entry.
+std::optional<std::string> EntryOf(const TierHost& host, const Provider& content, std::string_view uiid,
+                                   RecordNr record, const Variant& value);

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
 #include <optional>
 
@@ -16,8 +17,8 @@
 #include "workbench/jobs/ComboList.h"
 #include "workbench/jobs/Forms.h"
 #include "workbench/jobs/Session.h"
+#include "workbench/jobs/Wording.h"
 #include "workbench/schema/Schema.h"
-#include "workbench/store/CodeWords.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/RecordKeys.h"
 #include "workbench/store/TypedNames.h"
@@ -105,11 +106,11 @@ Entry NumberEntered(const SchemaField& field, std::string_view typed) {
   return Refuse(std::move(why));
 }
 
+/// What is no word of it.
 Entry FlagEntered(std::string_view typed) {
-  constexpr std::string_view kFlags[] = {"true", "false", "1", "0", "-1"};
-  const bool isFlag =
-      std::ranges::any_of(kFlags, [&](std::string_view flag) { return EqualsIgnoringCase(flag, typed); });
-  return isFlag ? HandOn(std::string(typed)) : Refuse("the field takes true or false");
+  const std::optional<std::int32_t> number = WholeNumber(typed);
+  if (number && std::abs(*number) <= 1) return HandOn(*number == 0 ? "false" : "true");
+  return Refuse("the field takes true or false");
 }
 
 // Identities
@@ -182,11 +183,21 @@ Entry Chosen(const Session& session, const SchemaField& field, const ComboList& 
                 std::to_string(record) + " lists them)");
 }
 
+/// What the field stores for a word; no value for any other text.
+std::optional<std::string> CodeOf(const SchemaField& field, const CodeWords& words, std::string_view typed) {
+  const std::optional<std::int32_t> code = words.CodeOf(Trim(typed));
+  if (!code) return {};
+  if (field.type == FieldType::Flag) return *code == 0 ? "false" : "true";
+  return std::to_string(*code);
+}
+
 /// What the refusal of a code adds: the words that may be typed in its place.
-Entry WithWords(Entry entry, std::string_view uiid) {
-  const auto words = CodeWords::Of(uiid);
-  if (entry.refusal.empty() || words.empty()) return entry;
-  entry.refusal += ", or " + ListOf({words.begin(), words.end()});
+Entry WithWords(Entry entry, const CodeWords& words) {
+  if (entry.refusal.empty() || words.Entries().empty()) return entry;
+  if (words.IsTick()) return Refuse("the field takes yes or no, on or off, 1 or 0");
+  std::vector<std::string> texts;
+  for (const auto& [code, word] : words.Entries()) texts.push_back(word);
+  entry.refusal += ", or " + ListOf(texts);
   return entry;
 }
 
@@ -234,7 +245,8 @@ Entry EnteredIn(Session& session, const SchemaField& field, std::string_view uii
   if (field.type == FieldType::Text) {
     if (std::string refusal = TextRefusal(typed); !refusal.empty()) return Refuse(std::move(refusal));
   }
-  if (const auto code = CodeWords::CodeOf(uiid, typed)) return HandOn(std::to_string(*code));
+  const CodeWords words = Wording::WordsOf(session.Host(), field);
+  if (auto code = CodeOf(field, words, typed)) return HandOn(std::move(*code));
   const std::optional<ComboList> list = ListOffered(session.Host(), session.Content(), uiid, record);
-  return list ? Chosen(session, field, *list, uiid, record, typed) : WithWords(Typed(field, typed), uiid);
+  return list ? Chosen(session, field, *list, uiid, record, typed) : WithWords(Typed(field, typed), words);
 }

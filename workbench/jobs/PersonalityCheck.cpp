@@ -391,6 +391,7 @@ Finding PersonalityCheck::Origin(const SchemaField& field, std::string rule, std
   finding.table = field.table;
   finding.record = record;
   finding.identity = IdentityOf(session_.Content().GetSchema().TableOf(field), record);
+  finding.field = &field;
   finding.value = ValueText::Of(value);
   return finding;
 }

@@ -38,7 +38,8 @@ struct Finding {
   std::int32_t table = -1;  // -1: no single record
   RecordNr record = 0;
   std::string identity;  // the number that a person knows the record by (a channel's); empty for none
-  std::optional<std::string> value;  // of the field; a form has none
+  const SchemaField* field = nullptr;  // whose value it is; a form has none
+  std::optional<std::string> value;
   std::string text;
   std::string answer;  // to a question: "Yes", "No", "Cancel"
 };

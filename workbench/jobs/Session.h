@@ -89,6 +89,7 @@ class Session {
   /// The content as the tier is handed it.
   const std::shared_ptr<Provider>& SharedContent() const { return provider_; }
   TierHost& Host() { return host_; }
+  const TierHost& Host() const { return host_; }
 
   /// The label of a UIID on the forms; the UIID itself where there is none.
   std::string LabelOf(std::string_view uiid) const;

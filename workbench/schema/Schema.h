@@ -12,6 +12,7 @@
 #include "platform/CaseText.h"
 #include "platform/Types.h"
 #include "platform/Variant.h"
+#include "workbench/schema/CodeWords.h"
 
 class TabbedFile;
 
@@ -58,6 +59,8 @@ struct SchemaField {
   std::int32_t width = 0;  // the characters of a text, the decimals of a number at most; 0 for no limit
   /// The field that holds the same fact in versions without this one; empty for none.
   std::string twin;
+  /// What its codes are called in the version; null for a quantity and for codes without words.
+  std::shared_ptr<const CodeWords> words;
 
   bool IsRaw() const { return kind == StorageKind::Raw; }
   /// The name without the table number.
@@ -163,10 +166,10 @@ class Schema {
   std::vector<FieldNames> fieldsOfTable_;  // by their own names, in the order of the tables
 };
 
-/// The schema files of all versions: tables.tsv and fields.tsv of one folder.
+/// The schema files of all versions: tables.tsv, fields.tsv and words.tsv of one folder.
 class SchemaFiles {
  public:
-  /// Reads both files. Throws a FileError for a file that is missing or damaged, and for rows that
+  /// Reads the files. Throws a FileError for a file that is missing or damaged, and for rows that
   /// contradict each other in a version.
   static std::shared_ptr<const SchemaFiles> Read(const std::string& folder);
 
@@ -194,15 +197,27 @@ class SchemaFiles {
     VersionRange versions;
     int line = 0;
   };
+  struct WordsRow {
+    std::shared_ptr<const CodeWords> words;
+    VersionRange versions;
+    int line = 0;
+  };
   struct FieldRow {
     SchemaField field;
     VersionRange versions;
     int line = 0;
+    std::vector<WordsRow> words = {};
   };
+
+  /// By their FieldIds and UIIDs.
+  using FieldsByName = std::unordered_map<std::string_view, std::vector<FieldRow*>, NameHash, NameEqual>;
 
   static VersionRange RangeOf(const TabbedFile& file, std::size_t first, std::size_t last);
   void ReadTables();
   void ReadFields();
+  void ReadWords();
+  /// Gives the words of a row to all rows of one field.
+  static void GiveWords(const TabbedFile& file, std::span<FieldRow* const> fields, const WordsRow& row);
   /// Whether the field's table exists in each version that the field exists in.
   bool HasTableFor(const FieldRow& row) const;
   /// Throws when two fields of one version share a FieldId or a plain name.
@@ -211,6 +226,7 @@ class SchemaFiles {
 
   std::string tablesFile_;
   std::string fieldsFile_;
+  std::string wordsFile_;
   std::vector<TableRow> tables_;
   std::vector<FieldRow> fields_;
   std::unordered_map<std::int32_t, std::vector<std::size_t>> rowsOfTable_;  // indices in tables_

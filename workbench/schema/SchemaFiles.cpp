@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
@@ -45,6 +46,11 @@ enum : std::size_t {
   kTwin
 };
 }  // namespace field_columns
+
+namespace words_columns {
+constexpr std::string_view kNames[] = {"field", "words", "first", "last"};
+enum : std::size_t { kField, kWords, kFirst, kLast };
+}  // namespace words_columns
 
 constexpr struct {
   std::string_view model;
@@ -159,7 +165,30 @@ SchemaField FieldOfRow(const TabbedFile& file) {
   field.width = WidthOf(file, field);
   field.twin = file.Cell(kTwin);
   field.isIdentity = IsIdentity(file, field);
+  if (field.type == FieldType::Flag) field.words = std::make_shared<const CodeWords>(CodeWords::Tick());
   return field;
+}
+
+bool IsWithin(const SchemaField& field, std::int32_t code) {
+  return field.minimum >= field.maximum || (field.minimum <= code && code <= field.maximum);
+}
+
+/// What the words of a row can not be given to; empty for a field that takes them.
+std::string WordsRefusal(const SchemaField& field, const CodeWords& words) {
+  if (field.type == FieldType::Flag) return words.IsTick() ? "" : "is a flag: its words are those of a tick";
+  if (field.type != FieldType::Integer || !field.IsUnscaled()) return "holds no codes";
+  const bool isTick = field.minimum == 0 && field.maximum == 1;
+  return words.IsTick() && !isTick ? "is no tick: its limits are not 0 and 1" : "";
+}
+
+/// Those of the codes that the field knows.
+std::shared_ptr<const CodeWords> WordsFor(const SchemaField& field,
+                                          const std::shared_ptr<const CodeWords>& words) {
+  const auto isKnown = [&](const CodeWords::Entry& entry) { return IsWithin(field, entry.code); };
+  if (std::ranges::all_of(words->Entries(), isKnown)) return words;
+  std::vector<CodeWords::Entry> known;
+  std::ranges::copy_if(words->Entries(), std::back_inserter(known), isKnown);
+  return std::make_shared<const CodeWords>(std::move(known));
 }
 
 SchemaTable TableOfRow(const TabbedFile& file) {
@@ -257,12 +286,56 @@ void SchemaFiles::CheckNames() const {
   }
 }
 
+void SchemaFiles::ReadWords() {
+  using namespace words_columns;
+  TabbedFile file(wordsFile_, kNames);
+  FieldsByName fields;
+  for (FieldRow& row : fields_) {
+    fields[row.field.id].push_back(&row);
+    for (const std::string& uiid : row.field.uiids) fields[uiid].push_back(&row);
+  }
+  while (file.NextRow()) {
+    const WordsRow row{std::make_shared<const CodeWords>(CodeWords::Read(file, kWords)),
+                       RangeOf(file, kFirst, kLast), file.Line()};
+    for (const std::string& name : SplitNames(file.Cell(kField))) {
+      std::vector<FieldRow*> meant;
+      if (const auto found = fields.find(name); found != fields.end()) meant = found->second;
+      std::erase_if(meant, [&](const FieldRow* field) { return !field->versions.Overlaps(row.versions); });
+      if (meant.empty()) file.Fail(kField, "no version of the row has a field " + name);
+      GiveWords(file, meant, row);
+    }
+  }
+}
+
+void SchemaFiles::GiveWords(const TabbedFile& file, std::span<FieldRow* const> fields, const WordsRow& row) {
+  using namespace words_columns;
+  const std::string& id = fields.front()->field.id;
+  for (FieldRow* field : fields) {
+    const std::string refusal = WordsRefusal(field->field, *row.words);
+    if (!refusal.empty()) file.Fail(kField, std::string(id).append(" ").append(refusal));
+    for (const WordsRow& other : field->words) {
+      if (!other.versions.Overlaps(row.versions)) continue;
+      file.Fail(kField, id + " has words for the same versions in line " + std::to_string(other.line));
+    }
+    field->words.push_back(row);
+  }
+  for (const CodeWords::Entry& entry : row.words->Entries()) {
+    const bool isKnown = std::ranges::any_of(
+        fields, [&](const FieldRow* field) { return IsWithin(field->field, entry.code); });
+    if (!isKnown) {
+      file.Fail(kWords, "code " + std::to_string(entry.code) + " is outside the limits of " + id);
+    }
+  }
+}
+
 std::shared_ptr<const SchemaFiles> SchemaFiles::Read(const std::string& folder) {
   auto files = std::make_shared<SchemaFiles>();
   files->tablesFile_ = System::PathIn(folder, "tables.tsv");
   files->fieldsFile_ = System::PathIn(folder, "fields.tsv");
+  files->wordsFile_ = System::PathIn(folder, "words.tsv");
   files->ReadTables();
   files->ReadFields();
+  files->ReadWords();
   return files;
 }
 
@@ -276,19 +349,22 @@ std::shared_ptr<const Schema> SchemaFiles::At(std::string_view version) const {
 std::shared_ptr<const Schema> SchemaFiles::Make(const VersionName& version) const {
   std::vector<SchemaTable> tables;
   std::vector<SchemaField> fields;
-  std::unordered_map<std::int32_t, std::vector<const SchemaField*>> fieldsOfTable;
+  std::unordered_map<std::int32_t, std::vector<const FieldRow*>> fieldsOfTable;
   for (const FieldRow& row : fields_) {
-    if (row.versions.Holds(version.number)) fieldsOfTable[row.field.table].push_back(&row.field);
+    if (row.versions.Holds(version.number)) fieldsOfTable[row.field.table].push_back(&row);
   }
   for (const TableRow& row : tables_) {
     if (!row.versions.Holds(version.number)) continue;
     SchemaTable& table = tables.emplace_back(row.table);
     table.index = tables.size() - 1;
     table.firstField = fields.size();
-    for (const SchemaField* field : fieldsOfTable[table.number]) {
-      fields.push_back(*field);
-      fields.back().index = fields.size() - 1;
-      fields.back().tableIndex = table.index;
+    for (const FieldRow* fieldRow : fieldsOfTable[table.number]) {
+      SchemaField& field = fields.emplace_back(fieldRow->field);
+      field.index = fields.size() - 1;
+      field.tableIndex = table.index;
+      for (const WordsRow& words : fieldRow->words) {
+        if (words.versions.Holds(version.number)) field.words = WordsFor(field, words.words);
+      }
     }
     table.fieldCount = fields.size() - table.firstField;
   }

@@ -123,6 +123,7 @@ void Provider::SetCount(std::int32_t table, RecordNr count) {
 }
 
 void Provider::SetOnForms(bool on) { state_->records.SetOnForms(on); }
+bool Provider::IsOnForms() const { return state_->records.IsOnForms(); }
 
 void Provider::SetFactoryMode(bool on) { state_->factoryMode = on; }
 

@@ -48,6 +48,7 @@ class Provider final : public Iprovider {
   void SetCount(std::int32_t table, RecordNr count);
   /// Whether the content is in the shape of the forms, for the defaults of new records.
   void SetOnForms(bool on);
+  bool IsOnForms() const;
   void SetFactoryMode(bool on);
   bool IsAutoUpdating() const;
 

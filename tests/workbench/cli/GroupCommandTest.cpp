@@ -76,7 +76,7 @@ TEST_F(GroupCommands, ManyChannelsAreCopiesWithFreeNumbersAllOrNone) {
 
 TEST_F(GroupCommands, WordsServeForCodes) {
   EXPECT_EQ(Run({"set", file, "ScanType_k6k", "2", "background"}), ExitCode::Done);
-  EXPECT_THAT(out.str(), HasSubstr("Initiate Call Channel  record 2  0 -> 4"));
+  EXPECT_THAT(out.str(), HasSubstr("Initiate Call Channel  record 2  Preset -> Selected"));
   EXPECT_EQ(Run({"set", file, "ScanType_k6k", "1", "Background"}), ExitCode::No);
   EXPECT_THAT(messages, HasSubstr("Only one group may be set to background scanning"));
   EXPECT_EQ(Run({"set", file, "ScanType_k6k", "1", "Fast"}), ExitCode::No);

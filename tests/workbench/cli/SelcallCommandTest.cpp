@@ -175,7 +175,7 @@ TEST_F(SelcallCommands, TheStandardToneSetsAreLaidOutAnewByNobodysEdit) {
   EXPECT_EQ(Run({"set", file, "TxPower_k6k", "1", "2"}), ExitCode::Done);
   EXPECT_THAT(
       out.str(),
-      EndsWith("Channels 1  4 -> 2\nLaid out anew, as by every save: table 74 (Standard tone sets)\n"));
+      EndsWith("Channels 1  High -> Low\nLaid out anew, as by every save: table 74 (Standard tone sets)\n"));
   EXPECT_EQ(Run({"set", file, "TxPower_k6k", "1", "3", "--json"}), ExitCode::Done);
   EXPECT_EQ(Told()["laidOutAnew"], json::array());
 }
@@ -241,7 +241,7 @@ TEST_F(SelcallCommands, WhatTheFormsLeaveOutIsToldAndNotLost) {
 
 TEST_F(SelcallCommands, AToneSetIsReadAgainWhereItsTonesChange) {
   EXPECT_EQ(Run({"set", file, "GroupTone", "1", "11"}), ExitCode::Done);
-  EXPECT_THAT(out.str(), testing::ContainsRegex("ToneSet +Tone Set +record 1 +0 -> 9\n"));
+  EXPECT_THAT(out.str(), testing::ContainsRegex("ToneSet +Tone Set +record 1 +0 -> Custom\n"));
   EXPECT_EQ(Run({"set", file, "RepeatTone", "1", "1"}), ExitCode::No);
   EXPECT_THAT(messages, HasSubstr("The repeat tone '1' is contained in one or more sequences."));
   EXPECT_EQ(Run({"set", file, "RepeatTone", "1", "11"}), ExitCode::No);

@@ -52,7 +52,7 @@ TEST_F(SoundCommands, ACadenceAndAnAlertAreTypedAsTheyAreRead) {
 
 TEST_F(SoundCommands, AnIndicatorOfTheListIsTickedAndNotRenamed) {
   EXPECT_THAT(Told({"set", full, "AudibleIndicators_k6k", "3", "no"}),
-              AllOf(HasSubstr("4.EnabledFlag    Audible indicator list 6  1 -> 0"),
+              AllOf(HasSubstr("4.EnabledFlag    Audible indicator list 6  Yes -> No"),
                     Not(HasSubstr("Audible indicator cadences"))));
   Told({"set", full, "AudibleIndicators_k6k", "1", "1"});
   EXPECT_THAT(Told({"show", full, "sounds"}), AllOf(HasSubstr("Acknowledgement                  Yes\n"),

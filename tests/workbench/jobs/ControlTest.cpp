@@ -146,6 +146,37 @@ TEST_F(ControlTest, RefusesWhatTheFieldDoesNotTakeAndTellsWhatItTakes) {
   }
 }
 
+TEST_F(ControlTest, TakesTheWordOfACodeInAnyCaseOrTheCode) {
+  Open("city-fleet");
+  const Accepted cases[] = {
+      {"TxPower_k6k", 1, "very low", "1"}, {"TxPower_k6k", 1, " HIGH ", "4"},
+      {"SignallingType", 1, "none", "0"},  {"TonePeriod", 1, "33 ms", "2"},
+      {"GroupTone", 1, "b", "11"},         {"GroupTone", 1, "9", "9"},  // has no word
+      {"TxInhibit_k6k", 1, "ON", "1"},     {"TxInhibit_k6k", 1, "off", "0"},
+      {"TxInhibit_k6k", 1, "yes", "1"},    {"TxInhibit_k6k", 1, "False", "0"},
+      {"TxInhibit_k6k", 1, "1", "1"},      {"DCSTxPolarity", 1, "true", "1"},  // as on the form
+      {"Band_k6k", 1, "b1", "1"},          {"Band_k6k", 1, "L3", "9"},
+      {"FunctionKey1", 1, "none", "0"},  // a word of its list
+  };
+  for (const auto& [uiid, record, typed, handedOn] : cases) {
+    const Entry entry = Enter(uiid, record, typed);
+    EXPECT_EQ(entry.refusal, "") << uiid;
+    EXPECT_EQ(entry.value, handedOn) << uiid << " " << typed;
+  }
+  const Refused refused[] = {
+      {"TxPower_k6k", 1, "on", "whole numbers from 0 to 4, or Off, Very Low, Low, Medium, High"},
+      {"TxPower_k6k", 1, "None", "whole numbers from 0 to 4"},
+      {"TxInhibit_k6k", 1, "2", "the field takes yes or no"},
+      {"TxInhibit_k6k", 1, "-1", "the field takes yes or no"},
+      {"Band_k6k", 1, "H9", "from 0 to 9, or A4, B1, C0"},
+      {"GroupTone", 1, "G", "from 0 to 15, or A, B, C, D, E, F"},
+      {"FunctionKey1", 1, "off", "is not in the list"},
+  };
+  for (const auto& [uiid, record, typed, why] : refused) {
+    EXPECT_THAT(Enter(uiid, record, typed).refusal, HasSubstr(why)) << uiid << " " << typed;
+  }
+}
+
 TEST_F(ControlTest, TonesOfAListAreNoNumber) {
   Open("city-fleet");
   content->Set("65.DTMFChannelPresetSequenceUI", 2, "12");

@@ -136,7 +136,7 @@ TEST_F(SetCommand, AnotherSpellingOfTheSameValueIsNotLost) {
   const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
       {"TxFreq_k6k", "1", "140.05", "140.050000"}, {"MDC1200ANISequence", "1", "a", "000A"},
       {"dataTotalLinkIdHex", "1", "f", "0F"},      {"DTMFANISequence", "1", "012", "012"},
-      {"EmTxOnHighPower", "1", "+01", "1"},
+      {"EmTxOnHighPower", "1", "+01", "Yes"},
   };
   for (const auto& [uiid, record, typed, held] : cases) {
     EXPECT_EQ(Run({"set", path, uiid, record, typed, "--answer", "yes"}), ExitCode::Done) << out.str();

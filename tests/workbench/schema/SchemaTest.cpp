@@ -14,12 +14,14 @@ constexpr const char* kTableHeader = "table\ttitle\tkind\tminimum\tmaximum\tfirs
 constexpr const char* kFieldHeader =
     "table\tfield\tuiid\tkind\ttype\tdefault\tminimum\tmaximum\tscale\tunits\ttransform\tscope\tvalidation"
     "\twidth\tfirst\tlast\ttwin\n";
+constexpr const char* kWordsHeader = "field\twords\tfirst\tlast\n";
 constexpr const char* kTables = "5\tChannels\traw\t0\t100\t0029\t0094\n7\tOthers\tform\t1\t1\t0029\t0094\n";
 
 struct SchemaFolder {
-  SchemaFolder(const std::string& tables, const std::string& fields) {
+  SchemaFolder(const std::string& tables, const std::string& fields, const std::string& words = "") {
     folder.Write("tables.tsv", kTableHeader + tables);
     folder.Write("fields.tsv", kFieldHeader + fields);
+    folder.Write("words.tsv", kWordsHeader + words);
   }
   std::shared_ptr<const Schema> At(std::string_view version) const {
     return SchemaFiles::Read(folder.Path())->At(version);
@@ -136,6 +138,66 @@ TEST(Schema, DamagedFilesAreRefusedWithLineAndColumn) {
   for (const char* header : {"table\tfield\n", ""}) {
     folder.Write("fields.tsv", header);
     EXPECT_THROW(SchemaFiles::Read(folder.Path()), FileError) << header;
+  }
+  folder.Write("fields.tsv", kFieldHeader);
+  EXPECT_THAT(RefusalOf([&] { SchemaFiles::Read(folder.Path()); }), HasSubstr("words.tsv"));
+}
+
+/// The words of a field in a version: "0=Off 1=Low".
+std::string WordsOf(const Schema& schema, std::string_view name) {
+  const SchemaField* field = schema.Find(name);
+  std::string text;
+  if (field == nullptr || field->words == nullptr) return "none";
+  for (const auto& [code, word] : field->words->Entries()) {
+    text += (text.empty() ? "" : " ") + std::to_string(code) + "=" + word;
+  }
+  return text;
+}
+
+constexpr const char* kCodeFields =
+    "5\tPower\tTxPower|Twice\traw\tinteger\t0\t0\t2\t\t\t\t\t\t\t0029\t0085\n"
+    "5\tPower\tTxPower|Twice\traw\tinteger\t0\t0\t4\t\t\t\t\t\t\t0086\t0094\n"
+    "5\tTick\t\traw\tinteger\t0\t0\t1\n5\tFlag\t\traw\tboolean\n5\tText\t\traw\ttext\n"
+    "5\tScaled\t\traw\tinteger\t0\t0\t9\t0.5\n";
+
+TEST(Schema, AVersionHasTheWordsOfTheCodesThatItsLimitsAllow) {
+  const SchemaFolder files(kTables, kCodeFields,
+                           "twice\t0=Off|1=Low|2=Mid\t0029\t0088\n# told\n"
+                           "5.POWER\t4=High|-0=Off\t0089\n5.Tick\ttick\n");
+  const auto schemas = SchemaFiles::Read(files.folder.Path());
+  EXPECT_EQ(WordsOf(*schemas->At("KD4410.0085"), "TxPower"), "0=Off 1=Low 2=Mid");
+  EXPECT_EQ(WordsOf(*schemas->At("KD4410.0089"), "TxPower"), "4=High 0=Off");
+  const SchemaFolder wide(kTables, kCodeFields, "TxPower\t4=High|0=Off\n");
+  const auto old = wide.At("KD4410.0085");
+  EXPECT_EQ(WordsOf(*old, "5.Power"), "0=Off") << "0085 has no code 4";
+  EXPECT_EQ(WordsOf(*old, "Flag"), "0=No 1=Yes") << "without a row";
+  EXPECT_EQ(WordsOf(*old, "Tick"), "none");
+}
+
+TEST(Schema, DamagedWordsAreRefusedWithLineAndColumn) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"Power5\t0=Off\n", "words.tsv:2: field: no version of the row has a field Power5"},
+      {"\n5.Power|TxPowers\t0=Off\n", "words.tsv:3: field: no version of the row has a field TxPowers"},
+      {"TxPower\t0=Off\n\nTwice\t1=Low\t0094\n", "words.tsv:4: field: 5.Power has words for the same"},
+      {"5.Tick|5.TICK\ttick\n", "words.tsv:2: field: 5.Tick has words for the same versions in line 2"},
+      {"5.Text\t0=Off\n", "words.tsv:2: field: 5.Text holds no codes"},
+      {"5.Scaled\t0=Off\n", "words.tsv:2: field: 5.Scaled holds no codes"},
+      {"5.Flag\t0=Off|1=On\n", "words.tsv:2: field: 5.Flag is a flag"},
+      {"TxPower\ttick\n", "words.tsv:2: field: 5.Power is no tick"},
+      {"TxPower\t0=Off|5=Top\n", "words.tsv:2: words: code 5 is outside the limits of 5.Power"},
+      {"TxPower\t4=High\t\t0085\n", "words.tsv:2: words: code 4 is outside the limits of 5.Power"},
+      {"TxPower\t1=Low|1=High\n", "words.tsv:2: words: code 1 stands twice"},
+      {"TxPower\t1=Low|2=LOW\n", "words.tsv:2: words: LOW stands twice"},
+      {"TxPower\t1=2|2=Low\n", "words.tsv:2: words: 2 reads as a number"},
+      {"TxPower\t0=Off|\n", "words.tsv:2: words: neither tick nor codes"},
+      {"TxPower\t0= Off\n", "words.tsv:2: words: neither tick nor codes"},
+      {"TxPower\tOff\n", "words.tsv:2: words: neither tick nor codes"},
+      {"TxPower\n", "words.tsv:2: words: neither tick nor codes"},
+      {"TxPower\t0=Off\t0094\t0029\n", "words.tsv:2: last: less than the first version"},
+  };
+  for (const auto& [words, expected] : cases) {
+    const SchemaFolder files(kTables, kCodeFields, words);
+    EXPECT_THAT(RefusalOf([&] { SchemaFiles::Read(files.folder.Path()); }), HasSubstr(expected)) << words;
   }
 }
 }  // namespace

@@ -31,6 +31,7 @@ std::shared_ptr<const Schema> TestSchema() {
                  "16\tGroupIDTracker\t\traw\tinteger\t0\t1\t9\n"
                  "16\tName\t\traw\ttext\n"
                  "30\tBurst\t\traw\tarray\n");
+    folder.Write("words.tsv", "field\twords\tfirst\tlast\n");
     return SchemaFiles::Read(folder.Path())->At("KD4410.0094");
   }();
   return schema;
