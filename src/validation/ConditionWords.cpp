@@ -19,7 +19,7 @@ constexpr struct {
     {"SignallingType", SignallingType::kNone, "None"},
     {"SignallingType", SignallingType::kSelcall, "Selcall"},
     {"SignallingType", SignallingType::kDTMF, "DTMF"},
-    {"SignallingType", SignallingType::kTwoTone, "Two Tone"},
+    {"SignallingType", SignallingType::kTwoTone, "Two-tone"},
     {"SignallingType", SignallingType::kMDC1200, "MDC1200"},
     {"EmCyclingType", EmCycling::kNone, "None"},
     {"EmCyclingType", EmCycling::kFixedNumber, "Fixed Number"},
@@ -32,6 +32,14 @@ constexpr struct {
     {"ScanType_k6k", ScanType::kVornAx, "VornAx"},
     {"ScanDefaultTxChannel_k6k", InitiateCallChannel::kPreset, "Preset"},
     {"GPSPollResponseChannelType", ChannelType::kCurrent, "Current"},
+    {"SignallingOnPTTPress_k6k", SignallingOnPTT::kANI, "Leading ANI"},
+    {"SignallingOnPTTPress_k6k", SignallingOnPTT::kTone, "Repeater Access Tone"},
+    {"SignallingOnPTTRelease_k6k", SignallingOnPTT::kANI, "Trailing ANI"},
+    {"SignallingOnPTTRelease_k6k", SignallingOnPTT::kTone, "Auto Over Beep"},
+    {"PTTTransmissionType1_k6k", PTTTransmission::kNone, "None"},
+    {"PTTTransmissionType2_k6k", PTTTransmission::kNone, "None"},
+    {"PTTTransmissionType3_k6k", PTTTransmission::kNone, "None"},
+    {"T99TableFormat_k6k", 0, "MOT"},
     {"ToneSet", 9, "Custom"},
 };
 

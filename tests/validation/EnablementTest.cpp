@@ -1,9 +1,12 @@
+#include <algorithm>
 #include <map>
 
 #include "host/IenablementReasons.h"
 #include "tests/channels/ChannelFixture.h"
 #include "tests/workbench/FileHelpers.h"
+#include "validation/ConditionWords.h"
 #include "validation/modvalEnablement.h"
+#include "workbench/schema/Schema.h"
 
 namespace {
 using Settings = std::vector<std::pair<const char*, Variant>>;
@@ -114,6 +117,27 @@ TEST_F(Enablement, AControlWithoutItsRecordsIsEnabled) {
     EXPECT_TRUE(IsEnabled(uiid)) << uiid;
   }
   EXPECT_FALSE(IsEnabled("StealthIndicator"));
+}
+
+/// Each code that a condition can ask for is called as it is where values are shown and typed.
+TEST_F(Enablement, CallsCodesAsTheyAreTyped) {
+  const ValidatorRef validator(Tier().get());
+  const ConditionWords words(validator);
+  int named = 0;
+  for (const SchemaField& field : ProjectSchemas()->At("KD4410.0094")->Fields()) {
+    if (field.type != FieldType::Integer || field.uiids.empty()) continue;
+    for (std::int32_t code = field.minimum; code <= std::min(field.maximum, 20); ++code) {
+      const std::int32_t codes[] = {code};
+      const std::string told =
+          words.Of({.kind = Condition::Kind::OneOf, .field = field.uiids.front(), .codes = codes});
+      const auto typed = field.words == nullptr ? std::nullopt : field.words->WordOf(code);
+      const std::string name = told.substr(told.rfind(" is ") + 4);
+      if (name == std::to_string(code)) continue;
+      ++named;
+      EXPECT_EQ(name, typed.value_or("nothing")) << field.id << " " << code;
+    }
+  }
+  EXPECT_GT(named, 20);
 }
 
 /// All conditions as a technician reads them, with the records that they ask: network 3, group 4 and Selcall
