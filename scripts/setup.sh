@@ -34,7 +34,7 @@ install_packages() {
 }
 
 BUILD_PACKAGES=(g++ cmake ninja-build nlohmann-json3-dev libcli11-dev)
-TEST_PACKAGES=(libgtest-dev libgmock-dev jq)
+TEST_PACKAGES=(libgtest-dev libgmock-dev libvalijson-dev jq)
 
 # build FOLDER [CMAKE-OPTION...]: configures and builds with ninja.
 build() {

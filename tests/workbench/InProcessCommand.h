@@ -9,18 +9,22 @@
 
 #include "tests/support/BuiltFiles.h"
 #include "tests/workbench/FileHelpers.h"
+#include "tests/workbench/JsonContract.h"
 #include "workbench/cli/CommandLine.h"
 
-/// Runs commands in this process, in a folder of its own that holds the smallest sample.
+/// Runs commands in this process, in a folder of its own that holds the smallest sample. What they print as JSON
+/// is held against its schema.
 class InProcessCommand : public testing::Test {
  protected:
   ExitCode Run(std::vector<std::string> words) {
+    const std::vector<std::string> given = words;
     words.insert(words.begin(), {"--tier", kTierLibrary, "--data",
                                  std::filesystem::path(kTierLibrary).parent_path().string()});
     out.str("");
     testing::internal::CaptureStderr();
     const ExitCode code = RunCommand(std::move(words), workplace);
     messages = testing::internal::GetCapturedStderr();
+    ExpectDocumented(given, out.str());
     workplace.options = {};
     return code;
   }

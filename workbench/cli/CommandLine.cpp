@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/Error.h"
+#include "workbench/cli/Failure.h"
 #include "workbench/cli/HelpText.h"
 #include "workbench/cli/Manual.h"
 #include "workbench/cli/Paragraph.h"
@@ -130,7 +130,10 @@ std::string Problem(const CLI::App& app, const CLI::ParseError& error) {
 }
 
 /// Reads the line; Done when there is nothing more to do (help), nothing when its verb is to run.
-std::optional<ExitCode> Parse(CLI::App& app, std::vector<std::string> words, const Workplace& workplace) {
+std::optional<ExitCode> Parse(CLI::App& app, std::vector<std::string> words, Workplace& workplace) {
+  // Also of a line that can not be read to its end, and of one whose options another verb takes.
+  const auto end = std::ranges::find(words, "--");
+  if (std::find(words.begin(), end, "--json") != end) workplace.options.json = true;
   std::ranges::reverse(words);  // the order in which the library takes them
   try {
     app.parse(std::move(words));
@@ -140,26 +143,18 @@ std::optional<ExitCode> Parse(CLI::App& app, std::vector<std::string> words, con
     return ExitCode::Done;
   } catch (const CLI::ParseError& error) {
     const auto commands = app.get_subcommands();
-    std::cerr << workplace.prefix << Problem(app, error) << "\nSee kd4410 "
-              << (commands.empty() ? "help" : "help " + commands.front()->get_name()) << ".\n";
-    return ExitCode::CouldNot;
+    const ExitCode code = Failure::OfUsage(Problem(app, error)).TellAt(workplace);
+    std::cerr << "See kd4410 " << (commands.empty() ? "help" : "help " + commands.front()->get_name())
+              << ".\n";
+    return code;
   }
 }
 
 ExitCode Carry(const Verbs& verbs, Workplace& workplace) {
   try {
     return verbs.Run(workplace);
-  } catch (const TierFault& fault) {
-    std::cerr << workplace.prefix << "a fault of the tier: " << Printable::Lines(fault.what())
-              << ". Nothing was saved.\n";
-    return ExitCode::Fault;
-  } catch (const Error& error) {
-    std::cerr << workplace.prefix << "error " << error.Number() << ": " << Printable::Lines(error.what())
-              << ". Nothing was saved.\n";
-    return ExitCode::Fault;
-  } catch (const std::exception& error) {
-    std::cerr << workplace.prefix << Printable::Text(error.what()) << '\n';
-    return ExitCode::CouldNot;
+  } catch (...) {
+    return Failure::OfCurrentException().TellAt(workplace);
   }
 }
 
@@ -209,6 +204,7 @@ ExitCode RunCommand(std::vector<std::string> words, Workplace& workplace, bool i
   TakeOptions(common, workplace.options);
   const Verbs verbs(app, insideScript);
 
+  workplace.StartCommand();
   const std::optional<ExitCode> end = Parse(app, std::move(words), workplace);
   return end ? *end : Carry(verbs, workplace);
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "workbench/cli/Report.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/jobs/Session.h"
@@ -53,11 +54,11 @@ class Sheet {
   Json AsJson() const {
     Json json = {{"pins", Rows(kPins)}, {"audioPaths", Rows(kPaths)}};
     Json lines = Json::Object();
-    for (const Column& line : kLines) lines[line.key] = Shown(line.uiid, 1);
+    for (const Column& line : kLines) Add(lines, line.key, line.uiid, 1);
     json["flowControl"] = std::move(lines);
     Json parameters = Json::Object();
     for (const std::string_view uiid : kParameters) {
-      if (IsInUse(uiid)) parameters[uiid] = Shown(uiid, 1);
+      if (IsInUse(uiid)) Add(parameters, uiid, uiid, 1);
     }
     json["parameters"] = std::move(parameters);
     return json;
@@ -82,6 +83,11 @@ class Sheet {
   RecordNr RowsOf(std::span<const Column> columns) const {
     return content_.Count(content_.FieldOf(columns.front().uiid).table);
   }
+  /// Adds what is stored, and the entry of its list beside a number that stands for one.
+  void Add(Json& json, std::string_view key, std::string_view uiid, RecordNr record) const {
+    Report::AddWorded(json, key, Report::JsonAt(content_, uiid, record),
+                      ValueText::At(content_, uiid, record), Shown(uiid, record));
+  }
   /// A number that stands for an entry of its list is told by it.
   std::string Shown(std::string_view uiid, RecordNr record) const {
     return Wording::TextAt(session_, uiid, record);
@@ -96,7 +102,7 @@ class Sheet {
     Json rows = Json::List();
     for (RecordNr record = 1; record <= RowsOf(columns); ++record) {
       Json row = {{"record", record}};
-      for (const Column& column : columns) row[column.key] = Shown(column.uiid, record);
+      for (const Column& column : columns) Add(row, column.key, column.uiid, record);
       rows.Add(std::move(row));
     }
     return rows;

@@ -1,6 +1,7 @@
 #include "workbench/cli/Json.h"
 
 #include <algorithm>
+#include <cmath>
 #include <nlohmann/json.hpp>
 #include <ostream>
 
@@ -16,7 +17,7 @@ struct Json::Library {
       case Kind::Integer:
         return json.integer_;
       case Kind::Number:
-        return json.number_;
+        return OfNumber(json.number_);
       case Kind::Text:
         return json.text_;
       case Kind::List: {
@@ -31,6 +32,16 @@ struct Json::Library {
       }
     }
     return nullptr;
+  }
+
+  static Value OfNumber(double number) {
+    constexpr double kExactIntegers = 1LL << 53;
+    const bool isWhole = std::trunc(number) == number && std::abs(number) <= kExactIntegers;
+    return isWhole ? Value(static_cast<std::int64_t>(number)) : Value(number);
+  }
+
+  static void Write(const Json& json, int indent, std::ostream& out) {
+    out << Of(json).dump(indent, ' ', false, Value::error_handler_t::replace) << '\n';
   }
 
   static Json From(const Value& value) {
@@ -67,6 +78,11 @@ Json& Json::operator[](std::string_view name) {
   return items_.emplace_back();
 }
 
-void Json::Print(std::ostream& out) const {
-  out << Library::Of(*this).dump(2, ' ', false, Library::Value::error_handler_t::replace) << '\n';
+void Json::Lead(std::string_view name, Json value) {
+  kind_ = Kind::Object;
+  names_.emplace(names_.begin(), name);
+  items_.insert(items_.begin(), std::move(value));
 }
+
+void Json::Print(std::ostream& out) const { Library::Write(*this, 2, out); }
+void Json::PrintLine(std::ostream& out) const { Library::Write(*this, -1, out); }

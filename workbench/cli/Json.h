@@ -39,10 +39,15 @@ class Json {
 
   /// The value of a name in an object, which gets it at its end when it is not there.
   Json& operator[](std::string_view name);
+  /// Puts a member before those that an object has.
+  void Lead(std::string_view name, Json value);
 
-  /// In lines of their own, two blanks deeper for each level. Texts that are no UTF-8 must not end the
-  /// output.
+  // A number without a fraction is written as an integer. Texts that are no UTF-8 must not end the output.
+
+  /// In lines of their own, two blanks deeper for each level.
   void Print(std::ostream& out) const;
+  /// In a single line.
+  void PrintLine(std::ostream& out) const;
 
  private:
   enum class Kind : std::uint8_t { Null, Flag, Integer, Number, Text, List, Object };

@@ -1,11 +1,13 @@
 #include "workbench/cli/Report.h"
 
+#include <optional>
 #include <ostream>
 #include <utility>
 
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
 #include "workbench/cli/TextTable.h"
+#include "workbench/files/TabbedFile.h"
 #include "workbench/jobs/PersonalityCheck.h"
 #include "workbench/jobs/Session.h"
 #include "workbench/jobs/Wording.h"
@@ -31,10 +33,25 @@ Json JsonOf(const Variant& value) {
   return CDbl(value);
 }
 
-void AddValue(Json& object, std::string_view name, const Variant& value,
-              const std::optional<std::string>& word) {
-  object[name] = JsonOf(value);
+Json JsonOf(const SchemaField& field, const Variant& value) {
+  const bool isOfNumbers = field.type == FieldType::Integer || field.type == FieldType::Number;
+  return isOfNumbers && value.IsText() && IsNumeric(value) ? Json(CDbl(value)) : JsonOf(value);
+}
+
+Json JsonAt(const Provider& content, std::string_view name, RecordNr record) {
+  const SchemaField* field = content.GetSchema().Find(name);
+  if (field == nullptr || record > content.Count(field->table)) return nullptr;
+  return JsonOf(*field, content.Get(*field, record));
+}
+
+void AddValue(Json& object, std::string_view name, Json value, const std::optional<std::string>& word) {
+  object[name] = std::move(value);
   if (word) object[name == "value" ? "word" : std::string(name) + "Word"] = *word;
+}
+
+void AddWorded(Json& object, std::string_view name, Json value, const std::string& plain,
+               const std::string& shown) {
+  AddValue(object, name, std::move(value), shown == plain ? std::nullopt : std::optional(shown));
 }
 
 std::optional<std::string> WordOfShown(const Session& session, const SchemaField& stored,
@@ -42,6 +59,22 @@ std::optional<std::string> WordOfShown(const Session& session, const SchemaField
   constexpr RecordNr kAny = 1;  // the code of an entry is the same in the lists of all records
   if (&stored == &shownAs && !Wording::IsShownAsStored(stored)) return {};
   return Wording::WordOf(session, shownAs, kAny, value);
+}
+
+Json NumberOf(std::string_view text) {
+  if (const std::optional<std::int32_t> number = ParseInteger(text)) return *number;
+  if (text.empty() || text == "None") return nullptr;
+  return text;
+}
+
+std::string LinesOf(std::string_view text) {
+  std::string lines;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool isReturn = text[i] == '\r';
+    if (isReturn && i + 1 < text.size() && text[i + 1] == '\n') continue;
+    lines += isReturn ? '\n' : text[i];
+  }
+  return lines;
 }
 
 TextTable ChangeTable(const Session& session, const std::vector<Change>& changes) {
@@ -79,8 +112,8 @@ Json JsonOf(const Session& session, const std::vector<Change>& changes) {
                   {"fieldId", change.field->id},
                   {"label", session.LabelOf(*change.field)},
                   {"record", change.record}};
-      AddValue(one, "before", change.before, word(change.before));
-      AddValue(one, "now", change.now, word(change.now));
+      AddValue(one, "before", JsonOf(*change.field, change.before), word(change.before));
+      AddValue(one, "now", JsonOf(*change.field, change.now), word(change.now));
       list.Add(std::move(one));
     }
   }
@@ -90,7 +123,7 @@ Json JsonOf(const Session& session, const std::vector<Change>& changes) {
 Json JsonOf(const std::vector<Shown>& boxes) {
   Json list = Json::List();
   for (const Shown& box : boxes) {
-    Json message = {{"kind", ::NameOf(KindOf(box))}, {"text", box.text}};
+    Json message = {{"kind", ::NameOf(KindOf(box))}, {"text", LinesOf(box.text)}};
     if (IsQuestion(box.style)) message["answer"] = NameOf(box.answer);
     list.Add(std::move(message));
   }

@@ -6,9 +6,11 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/Types.h"
 #include "platform/Variant.h"
 #include "workbench/cli/Json.h"
 
+class Provider;
 class Session;
 class TextTable;
 struct Change;
@@ -19,15 +21,25 @@ struct Shown;
 namespace Report {
 
 Json JsonOf(const Variant& value);
+/// Of a field of numbers also a value that was typed is a number.
+Json JsonOf(const SchemaField& field, const Variant& value);
+/// The value of a field by name; null for a name that the version does not have, and for a record that is not
+/// there.
+Json JsonAt(const Provider& content, std::string_view name, RecordNr record);
 /// Adds a value and, behind it, the word for it where it has one: beside "value" as "word", beside "before"
 /// as "beforeWord".
-void AddValue(Json& object, std::string_view name, const Variant& value,
-              const std::optional<std::string>& word);
-
+void AddValue(Json& object, std::string_view name, Json value, const std::optional<std::string>& word);
+/// The same with what a person is shown in place of the plain value, where that is another text.
+void AddWorded(Json& object, std::string_view name, Json value, const std::string& plain,
+               const std::string& shown);
 /// The word of a value that the forms show of a stored field, or that is told as it is stored where they show
 /// it under its own name.
 std::optional<std::string> WordOfShown(const Session& session, const SchemaField& stored,
                                        const SchemaField& shownAs, const Variant& value);
+/// Of a number that a form has as a text: the number; null for "None" and no text; any other text as it is.
+Json NumberOf(std::string_view text);
+/// With "\n" for each line break.
+std::string LinesOf(std::string_view text);
 
 /// A line for each changed cell: name, label, record, value before, value now.
 TextTable ChangeTable(const Session& session, const std::vector<Change>& changes);

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "workbench/cli/Report.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/jobs/Session.h"
@@ -39,11 +40,11 @@ class Sheet {
   Json AsJson() const {
     Json indicators = Json::List();
     for (RecordNr record = 1; record <= CountOf(kIndicator); ++record) {
-      indicators.Add(
-          {{"record", record}, {"indicator", Text(kIndicator, record)}, {"sounds", Text(kSounds, record)}});
+      indicators.Add({{"record", record}, {"indicator", Report::JsonAt(content_, kIndicator, record)}});
+      Add(indicators.Last(), "sounds", kSounds, record);
     }
     Json cadences = Json::Object();
-    for (const Call& call : kCalls) cadences[call.key] = Text(call.cadence, 1);
+    for (const Call& call : kCalls) cadences[call.key] = Report::JsonAt(content_, call.cadence, 1);
     Json networks = Json::List();
     for (RecordNr network = 1; network <= CountOf(kNetwork); ++network) networks.Add(NetworkAsJson(network));
     return {{"indicators", std::move(indicators)},
@@ -64,12 +65,21 @@ class Sheet {
     return Wording::TextAt(session_, field, record);
   }
 
+  void Add(Json& json, std::string_view key, std::string_view field, RecordNr record) const {
+    Report::AddWorded(json, key, Report::JsonAt(content_, field, record),
+                      ValueText::At(content_, field, record), Text(field, record));
+  }
+
   Json NetworkAsJson(RecordNr network) const {
     Json alerts = Json::Object();
     for (const Call& call : kCalls) {
-      alerts[call.key] = {{"type", Text(call.type, network)}, {"seconds", Text(call.duration, network)}};
+      Json& alert = alerts[call.key];
+      Add(alert, "type", call.type, network);
+      alert["seconds"] = Report::JsonAt(content_, call.duration, network);
     }
-    return {{"record", network}, {"network", Text(kNetwork, network)}, {"alerts", std::move(alerts)}};
+    return {{"record", network},
+            {"network", Report::JsonAt(content_, kNetwork, network)},
+            {"alerts", std::move(alerts)}};
   }
 
   void PrintIndicators(std::ostream& out) const {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/Conversions.h"
+#include "workbench/cli/Report.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/jobs/Session.h"
@@ -91,9 +92,9 @@ const Kind* Find(std::string_view what) {
   return kind == std::end(kKinds) ? nullptr : kind;
 }
 
-Json ListOfTexts(const std::vector<std::string>& texts) {
+Json ListOfNumbers(const std::vector<std::string>& texts) {
   Json list = Json::List();
-  for (const std::string& text : texts) list.Add(text);
+  for (const std::string& text : texts) list.Add(Report::NumberOf(text));
   return list;
 }
 
@@ -103,16 +104,18 @@ class Sheet {
       : session_(session), content_(session.Content()), kind_(kind), record_(record), all_(all) {}
 
   Json AsJson() const {
-    Json json = {{"record", record_}, {"system", Text(kind_.identity)}};
+    Json json = {{"record", record_}, {"system", Report::JsonAt(content_, kind_.identity, record_)}};
     for (const Fact& fact : kind_.facts) {
-      if (IsTold(fact)) json[fact.key] = Text(fact.uiid);
+      if (!IsTold(fact)) continue;
+      Report::AddWorded(json, fact.key, Report::JsonAt(content_, fact.uiid, record_),
+                        ValueText::At(content_, fact.uiid, record_), Text(fact.uiid));
     }
-    json["networks"] = ListOfTexts(Networks());
+    json["networks"] = ListOfNumbers(Networks());
     if (!HasPresets()) return json;
     Json presets = Json::List();
     for (const Preset& preset : Presets()) {
       presets.Add(
-          {{"row", preset.row}, {"sequence", preset.sequence}, {"channels", ListOfTexts(preset.channels)}});
+          {{"row", preset.row}, {"sequence", preset.sequence}, {"channels", ListOfNumbers(preset.channels)}});
     }
     json["presets"] = std::move(presets);
     return json;
@@ -232,7 +235,7 @@ void Show(std::string_view what, RecordNr system, bool all, Session& session, Wo
       [&] {
         Json list = Json::List();
         for (const Sheet& sheet : sheets) list.Add(sheet.AsJson());
-        return list;
+        return Json({{"systems", std::move(list)}});
       },
       [&](std::ostream& out) {
         for (const Sheet& sheet : sheets) sheet.Print(out);

@@ -1,5 +1,7 @@
 #include <sstream>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
@@ -8,14 +10,25 @@
 
 namespace {
 
-/// "6.25, 5, 3.125, 2.5" of the steps in Hz "6250|5000|3125|2500".
-std::string StepsInKHz(const std::string& steps) {
+/// Of the tier's "6250|5000|3125|2500", in Hz.
+std::vector<std::int32_t> StepsOf(const std::string& text) {
+  std::vector<std::int32_t> steps;
+  std::istringstream list(text);
+  for (std::string step; std::getline(list, step, '|');) steps.push_back(CLng(step));
+  return steps;
+}
+
+/// "6.25, 5, 3.125, 2.5"
+std::string InKHz(const std::vector<std::int32_t>& steps) {
   std::string text;
-  std::istringstream list(steps);
-  for (std::string step; std::getline(list, step, '|');) {
-    text += (text.empty() ? "" : ", ") + CStr(CDbl(step) / 1000);
-  }
+  for (const std::int32_t step : steps) text += (text.empty() ? "" : ", ") + CStr(step / 1e3);
   return text;
+}
+
+Json JsonOf(const std::vector<std::int32_t>& steps) {
+  Json list = Json::List();
+  for (const std::int32_t step : steps) list.Add(step);
+  return list;
 }
 
 struct NoArguments {};
@@ -33,17 +46,17 @@ ExitCode ListBands(const NoArguments&, Workplace& workplace) {
   for (std::int32_t position = 0; position <= bands.UpperBound(1); ++position) {
     const std::string name = CStr(bands.GetValue(position, 0));
     std::int32_t txLowest = 0, txHighest = 0, rxLowest = 0, rxHighest = 0;
-    std::string steps;
-    host.Require(host.Owner().GetFrequencyRanges(position, txLowest, txHighest, rxLowest, rxHighest, steps));
-    table.Add(
-        {std::to_string(position), name, CStr(rxLowest / 1e6), CStr(rxHighest / 1e6), StepsInKHz(steps)});
+    std::string listed;
+    host.Require(host.Owner().GetFrequencyRanges(position, txLowest, txHighest, rxLowest, rxHighest, listed));
+    const std::vector<std::int32_t> steps = StepsOf(listed);
+    table.Add({std::to_string(position), name, CStr(rxLowest / 1e6), CStr(rxHighest / 1e6), InKHz(steps)});
     list.Add({{"position", position},
               {"band", name},
               {"lowestHz", rxLowest},
               {"highestHz", rxHighest},
-              {"stepsHz", steps}});
+              {"stepsHz", JsonOf(steps)}});
   }
-  workplace.Tell(std::move(list), table);
+  workplace.Tell("bands", std::move(list), table);
   return ExitCode::Done;
 }
 

@@ -13,12 +13,13 @@
 #include "workbench/jobs/PersonalityCheck.h"
 #include "workbench/jobs/Session.h"
 #include "workbench/jobs/Wording.h"
+#include "workbench/store/ValueText.h"
 
 namespace {
 
 std::optional<std::string> WordOf(const Session& session, const Finding& finding) {
-  if (finding.field == nullptr || !finding.value) return {};
-  return Wording::WordOf(session, *finding.field, finding.record, *finding.value);
+  if (finding.field == nullptr) return {};
+  return Wording::WordOf(session, *finding.field, finding.record, finding.value);
 }
 
 Json JsonOf(const Session& session, const Finding& finding) {
@@ -26,10 +27,12 @@ Json JsonOf(const Session& session, const Finding& finding) {
   if (finding.table >= 0) {
     json["table"] = finding.table;
     json["record"] = finding.record;
-    json["identity"] = finding.identity;
+    json["identity"] = Report::NumberOf(finding.identity);
   }
-  if (finding.value) Report::AddValue(json, "value", *finding.value, WordOf(session, finding));
-  json["text"] = finding.text;
+  if (finding.field != nullptr) {
+    Report::AddValue(json, "value", Report::JsonOf(*finding.field, finding.value), WordOf(session, finding));
+  }
+  json["text"] = Report::LinesOf(finding.text);
   if (!finding.answer.empty()) json["answer"] = finding.answer;
   return json;
 }
@@ -56,7 +59,9 @@ void PrintPlace(const Session& session, const Finding& finding, std::ostream& ou
     out << ", table " << finding.table << " record " << finding.record;
     if (!finding.identity.empty()) out << " (number " << finding.identity << ")";
   }
-  if (finding.value) out << ": " << Printable::Quoted(WordOf(session, finding).value_or(*finding.value));
+  if (finding.field != nullptr) {
+    out << ": " << Printable::Quoted(WordOf(session, finding).value_or(ValueText::Of(finding.value)));
+  }
   out << " [" << finding.rule << "]";
   if (!finding.answer.empty()) out << ", answered " << finding.answer;
   out << '\n';

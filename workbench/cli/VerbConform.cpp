@@ -94,7 +94,10 @@ void Print(const CheckResult& result, std::ostream& out) {
 ExitCode Run(const ConformArguments& arguments, Workplace& workplace) {
   const std::vector<Check> checks = Chosen(arguments);
   if (arguments.list) return List(checks, workplace);
-  if (arguments.here) return RunHere(checks.front(), arguments, workplace);
+  if (arguments.here) {
+    if (workplace.options.json) throw UsageError("--here prints lines of its own: leave out --json");
+    return RunHere(checks.front(), arguments, workplace);
+  }
 
   const HostParts parts = workplace.Parts();
   if (!AtomicFile(parts.tierLibrary).Exists()) {

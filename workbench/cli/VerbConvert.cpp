@@ -153,13 +153,15 @@ Json JsonOf(const Session& session, const Loss& loss) {
     json["fieldId"] = loss.field->id;
     json["label"] = session.LabelOf(*loss.field);
     json["record"] = loss.record;
-    Report::AddValue(json, "value", loss.value,
+    Report::AddValue(json, "value", Report::JsonOf(*loss.field, loss.value),
                      Wording::WordOf(session, *loss.field, loss.record, loss.value));
     if (!loss.place.empty()) json["place"] = loss.place;
   } else {
     json["firstRecord"] = loss.record;
     json["lastRecord"] = loss.last;
-    if (!loss.identities.empty()) json["identities"] = loss.identities;
+    Json identities = Json::List();
+    for (const std::string& identity : loss.identities) identities.Add(Report::NumberOf(identity));
+    if (!loss.identities.empty()) json["identities"] = std::move(identities);
   }
   return json;
 }
@@ -168,7 +170,8 @@ Json JsonOf(const Session& session, const std::vector<Obstacle>& obstacles) {
   Json list = Json::List();
   for (const Obstacle& one : obstacles) {
     Json json = {{"fieldId", one.field->id}, {"label", session.LabelOf(*one.field)}, {"record", one.record}};
-    Report::AddValue(json, "value", one.value, Wording::WordOf(session, *one.field, one.record, one.value));
+    Report::AddValue(json, "value", Report::JsonOf(*one.field, one.value),
+                     Wording::WordOf(session, *one.field, one.record, one.value));
     if (!one.where.empty()) json["where"] = one.where;
     if (!one.way.empty()) json["way"] = one.way;
     list.Add(std::move(json));
@@ -184,7 +187,7 @@ Json JsonOf(const Session& session, const Hop& hop) {
     outside.Add({{"fieldId", one.field->id},
                  {"label", session.LabelOf(*one.field)},
                  {"record", one.record},
-                 {"value", Report::JsonOf(one.value)},
+                 {"value", Report::JsonOf(*one.field, one.value)},
                  {"minimum", one.field->minimum},
                  {"maximum", one.field->maximum}});
   }
@@ -261,7 +264,7 @@ ExitCode Explain(const ConvertArguments& arguments, Workplace& workplace) {
                     {"step", notes.step},
                     {"differences", notes.differences}});
         }
-        return list;
+        return Json({{"steps", std::move(list)}});
       },
       [&](std::ostream& out) {
         for (const VersionNotes& notes : steps) {

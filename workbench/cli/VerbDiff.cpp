@@ -115,7 +115,7 @@ void Print(const Compared& compared, std::ostream& out) {
 Json JsonOf(const std::vector<RecordDifference>& records) {
   Json list = Json::List();
   for (const RecordDifference& one : records) {
-    list.Add({{"table", one.table->number}, {"title", one.table->title}, {"record", one.record}});
+    list.Add({{"table", one.table->number}, {"title", one.table->title}, {"record", Report::NumberOf(one.record)}});
   }
   return list;
 }
@@ -123,8 +123,11 @@ Json JsonOf(const std::vector<RecordDifference>& records) {
 Json JsonOf(const Session& session, const std::vector<ExtraValue>& values) {
   Json list = Json::List();
   for (const ExtraValue& one : values) {
-    Json value = {{"fieldId", one.field->id}, {"label", session.LabelOf(*one.field)}, {"record", one.record}};
-    Report::AddValue(value, "value", one.value, Wording::WordOfStored(*one.field, one.value));
+    Json value = {{"fieldId", one.field->id},
+                  {"label", session.LabelOf(*one.field)},
+                  {"record", Report::NumberOf(one.record)}};
+    Report::AddValue(value, "value", Report::JsonOf(*one.field, one.value),
+                     Wording::WordOfStored(*one.field, one.value));
     list.Add(std::move(value));
   }
   return list;
@@ -135,13 +138,15 @@ Json CellsOf(const Compared& compared) {
   for (const CellDifference& cell : compared.difference.cells) {
     Json one = {{"table", cell.table->number},
                 {"title", cell.table->title},
-                {"record", cell.record},
+                {"record", Report::NumberOf(cell.record)},
                 {"fieldId", cell.field->id},
                 {"label", compared.session.LabelOf(*cell.shownAs)}};
-    Report::AddValue(one, "a", cell.a, WordOfA(compared, cell));
-    Report::AddValue(one, "b", cell.b, WordOfB(compared, cell));
-    Report::AddValue(one, "storedA", cell.storedA, Wording::WordOfStored(*cell.field, cell.storedA));
-    Report::AddValue(one, "storedB", cell.storedB, WordOfStoredB(compared, cell));
+    const auto shown = [&](const Variant& value) { return Report::JsonOf(*cell.shownAs, value); };
+    const auto stored = [&](const Variant& value) { return Report::JsonOf(*cell.field, value); };
+    Report::AddValue(one, "a", shown(cell.a), WordOfA(compared, cell));
+    Report::AddValue(one, "b", shown(cell.b), WordOfB(compared, cell));
+    Report::AddValue(one, "storedA", stored(cell.storedA), Wording::WordOfStored(*cell.field, cell.storedA));
+    Report::AddValue(one, "storedB", stored(cell.storedB), WordOfStoredB(compared, cell));
     list.Add(std::move(one));
   }
   return list;

@@ -63,11 +63,21 @@ EnablementReason ReasonOf(const TierHost& host, const std::string& uiid, RecordN
   return reason;
 }
 
+/// Null where the version does not have the field.
+const SchemaField* FieldOf(const Session& session, const EnablementReading& reading) {
+  return session.Content().GetSchema().Find(reading.field);
+}
+
 /// No value where the field is not there, or no such record.
 std::optional<std::string> WordOf(const Session& session, const EnablementReading& reading) {
-  const SchemaField* field = session.Content().GetSchema().Find(reading.field);
+  const SchemaField* field = FieldOf(session, reading);
   if (field == nullptr || reading.exists == kFalse) return {};
   return Wording::WordOf(session, *field, reading.record, reading.value);
+}
+
+Json ValueOf(const Session& session, const EnablementReading& reading) {
+  const SchemaField* field = FieldOf(session, reading);
+  return field == nullptr ? Report::JsonOf(reading.value) : Report::JsonOf(*field, reading.value);
 }
 
 Json JsonOf(const Session& session, const EnablementReason& reason) {
@@ -77,7 +87,7 @@ Json JsonOf(const Session& session, const EnablementReason& reason) {
                 {"test", reading.test},
                 {"record", reading.record},
                 {"exists", reading.exists != kFalse}};
-    Report::AddValue(one, "value", reading.value, WordOf(session, reading));
+    Report::AddValue(one, "value", ValueOf(session, reading), WordOf(session, reading));
     one["holds"] = reading.holds != kFalse;
     readings.Add(std::move(one));
   }
@@ -177,7 +187,7 @@ ExitCode ManyControls(const Form* form, const EnabledArguments& arguments, Workp
               {"record", record},
               {"enabled", enabled}});
   }
-  workplace.Tell(std::move(list), table);
+  workplace.Tell("controls", std::move(list), table);
   return ExitCode::Done;
 }
 

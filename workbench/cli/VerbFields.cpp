@@ -113,11 +113,15 @@ ExitCode ListFields(const FieldsArguments& arguments, Workplace& workplace) {
                 {"words", JsonOf(words)}});
     }
   }
-  const bool found = !list.IsEmpty();
-  if (found || workplace.options.json) workplace.Tell(std::move(list), table);
-  if (!found)
+  if (list.IsEmpty()) {
     throw UsageError("no field of version " + schema->Version() + " has " + Printable::Quoted(filter) +
                      " in it");
+  }
+  workplace.Tell(
+      [&] {
+        return Json({{"version", schema->Version()}, {"fields", std::move(list)}});
+      },
+      [&](std::ostream& out) { table.Print(out); });
   return ExitCode::Done;
 }
 

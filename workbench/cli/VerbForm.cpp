@@ -43,7 +43,7 @@ ExitCode ListForms(Workplace& workplace) {
     list.Add(
         {{"form", form.names[0]}, {"formForKE2210", nameKE2210}, {"title", form.title}, {"grid", form.grid}});
   }
-  workplace.Tell(std::move(list), table);
+  workplace.Tell("forms", std::move(list), table);
   return ExitCode::Done;
 }
 

@@ -37,7 +37,8 @@ ExitCode Get(const GetArguments& arguments, Workplace& workplace) {
     const Variant& value = content.Get(field, record);
     if (workplace.options.json) {
       Json one = {{"record", record}};
-      Report::AddValue(one, "value", value, Wording::WordOf(opened.GetSession(), field, record, value));
+      Report::AddValue(one, "value", Report::JsonOf(field, value),
+                       Wording::WordOf(opened.GetSession(), field, record, value));
       values.Add(std::move(one));
     } else {
       workplace.Out() << Wording::TextOf(opened.GetSession(), field, record, value) << '\n';

@@ -80,7 +80,7 @@ class Script {
     }
     workplace_.options = options_;
     workplace_.prefix = prefix_;
-    if (workplace_.options.json) workplace_.Emit(std::move(results_));
+    if (workplace_.options.json) workplace_.Emit({{"script", name_}, {"lines", std::move(results_)}});
     return worst;
   }
 
@@ -98,12 +98,18 @@ class Script {
     if (words.front() == "kd4410") words.erase(words.begin());
 
     workplace_.options = options_;
+    const auto known = std::ranges::find_if(words, Verb::Exists);
+    const std::string verb = known == words.end() ? "" : *known;
     Json data;
     if (options_.json) workplace_.CollectIn(data);
     const ExitCode code = RunCommand(std::move(words), workplace_, true);
     workplace_.CollectNothing();
     if (options_.json) {
-      results_.Add({{"line", number_}, {"exitCode", static_cast<int>(code)}, {"data", std::move(data)}});
+      Json result = {{"line", number_}};
+      if (!verb.empty()) result["verb"] = verb;
+      result["exitCode"] = static_cast<int>(code);
+      if (workplace_.HasEmitted()) result["data"] = std::move(data);
+      results_.Add(std::move(result));
     }
     return code;
   }

@@ -120,13 +120,20 @@ Json JsonOf(const Session& session, const std::vector<CellDifference>& stored) {
   for (const CellDifference& cell : stored) {
     Json one = {{"table", cell.table->number},
                 {"title", cell.table->title},
-                {"record", cell.record},
+                {"record", Report::NumberOf(cell.record)},
                 {"fieldId", cell.field->id},
                 {"label", session.LabelOf(*cell.shownAs)}};
-    Report::AddValue(one, "before", cell.a, WordOf(cell, session, cell.a));
-    Report::AddValue(one, "after", cell.b, WordOf(cell, session, cell.b));
-    Report::AddValue(one, "storedBefore", cell.storedA, Wording::WordOfStored(*cell.field, cell.storedA));
-    Report::AddValue(one, "storedAfter", cell.storedB, Wording::WordOfStored(*cell.field, cell.storedB));
+    const auto addShown = [&](const char* name, const Variant& value) {
+      Report::AddValue(one, name, Report::JsonOf(*cell.shownAs, value), WordOf(cell, session, value));
+    };
+    const auto addStored = [&](const char* name, const Variant& value) {
+      Report::AddValue(one, name, Report::JsonOf(*cell.field, value),
+                       Wording::WordOfStored(*cell.field, value));
+    };
+    addShown("before", cell.a);
+    addShown("after", cell.b);
+    addStored("storedBefore", cell.storedA);
+    addStored("storedAfter", cell.storedB);
     list.Add(std::move(one));
   }
   return list;
@@ -180,10 +187,12 @@ Json JsonOf(const Edited& edited, const Session& session, const std::vector<Show
                {"fieldId", edited.field.id},
                {"label", session.LabelOf(edited.uiid)},
                {"record", edited.arguments.record}};
-  const Variant& now = edited.IsGranted() ? result.now : result.before;
-  Report::AddValue(data, "before", result.before, WordOf(edited, session, result.before));
+  const auto add = [&](const char* name, const Variant& value) {
+    Report::AddValue(data, name, Report::JsonOf(edited.field, value), WordOf(edited, session, value));
+  };
+  add("before", result.before);
   data["entered"] = edited.arguments.value;
-  Report::AddValue(data, "now", now, WordOf(edited, session, now));
+  add("now", edited.IsGranted() ? result.now : result.before);
   if (!result.refusal.empty()) data["refusal"] = result.refusal;
   if (edited.isOther || result.IsLost()) data["refusal"] = NotHeld(edited, session);
   if (edited.lost) data["refusal"] = WouldBeLost(edited, session);

@@ -36,6 +36,7 @@ struct ViewColumn {
   TextTable::Align align = TextTable::Align::Left;
   std::vector<std::string> (*list)(const Provider& content,
                                    RecordNr record) = nullptr;  // in place of a field
+  std::string_view data = {};  // the field that JSON has in its place
 };
 
 /// The numbers of a group's channels, in the order of the members.
@@ -53,8 +54,8 @@ std::vector<std::string> MembersOf(const Provider& content, RecordNr group) {
 // clang-format off
 constexpr ViewColumn kChannelColumns[] = {
     {"Channel", "channel",  "ChannelID_k6k",        TextTable::Align::Right},
-    {"Rx MHz",  "rxMHz",    "RxFreq_k6k",           TextTable::Align::Right},
-    {"Tx MHz",  "txMHz",    "TxFreq_k6k",           TextTable::Align::Right},
+    {"Rx MHz",  "rxHz",     "RxFreq_k6k",           TextTable::Align::Right, nullptr, "5.ChannelRxFreq"},
+    {"Tx MHz",  "txHz",     "TxFreq_k6k",           TextTable::Align::Right, nullptr, "5.ChannelTxFreq"},
     {"Rx tone", "rxTone",   "RxSignalling_k6k"},
     {"Tx tone", "txTone",   "TxSignalling_k6k"},
     {"Network", "network",  "ChannelNetworkID_k6k", TextTable::Align::Right},
@@ -82,7 +83,7 @@ constexpr ViewColumn kKeyColumns[] = {
 // clang-format on
 
 struct View {
-  std::string_view name;
+  std::string_view name, key;
   std::int32_t table;
   std::span<const ViewColumn> columns;
   std::string_view row = "Record", rowKey = "record";
@@ -90,17 +91,44 @@ struct View {
   RecordNr numbered = 0;
 };
 constexpr std::string_view kSelcall = "selcall";
-constexpr View kViews[] = {{"channels", 5, kChannelColumns},
-                           {"networks", 21, kNetworkColumns},
-                           {"scan-groups", 16, kGroupColumns},
-                           {"keys", 1099, kKeyColumns, "Key", "key", 4}};
+constexpr View kViews[] = {{"channels", "channels", 5, kChannelColumns},
+                           {"networks", "networks", 21, kNetworkColumns},
+                           {"scan-groups", "scanGroups", 16, kGroupColumns},
+                           {"keys", "keys", 1099, kKeyColumns, "Key", "key", 4}};
+
+/// The field and the record that a column has in a row.
+std::pair<std::string, RecordNr> PlaceOf(const View& view, const ViewColumn& column, RecordNr row) {
+  std::string field(column.field);
+  if (view.numbered == 0) return {std::move(field), row};
+  field.replace(field.find('#'), 1, std::to_string(row));
+  return {std::move(field), 1};
+}
 
 /// What a view shows of the field in a row.
 std::string CellOf(const Session& session, const View& view, const ViewColumn& column, RecordNr row) {
-  std::string field(column.field);
-  if (view.numbered > 0) field.replace(field.find('#'), 1, std::to_string(row));
-  const RecordNr record = view.numbered > 0 ? 1 : row;
+  if (column.list != nullptr) return ListOf(column.list(session.Content(), row));
+  const auto [field, record] = PlaceOf(view, column, row);
   return Wording::TextAt(session, field, record);
+}
+
+/// Adds what JSON has of a row. A column that stands at the right has numbers, also where the form has texts.
+void AddTo(Json& item, const Provider& content, const View& view, const ViewColumn& column, RecordNr row,
+           const std::string& shown) {
+  if (column.list != nullptr) {
+    Json numbers = Json::List();
+    for (const std::string& number : column.list(content, row)) numbers.Add(Report::NumberOf(number));
+    item[column.key] = std::move(numbers);
+    return;
+  }
+  const auto [field, record] = PlaceOf(view, column, row);
+  if (!column.data.empty()) {
+    item[column.key] = Report::JsonAt(content, column.data, record);
+    return;
+  }
+  const std::string text = ValueText::At(content, field, record);
+  const bool isNumber = column.align == TextTable::Align::Right;
+  Json value = isNumber ? Report::NumberOf(text) : Report::JsonAt(content, field, record);
+  Report::AddWorded(item, column.key, std::move(value), text, shown);
 }
 
 void ShowView(const View& view, Session& session, Workplace& workplace) {
@@ -116,27 +144,19 @@ void ShowView(const View& view, Session& session, Workplace& workplace) {
     Json item = Json::Object();
     item[view.rowKey] = record;
     for (const ViewColumn& column : view.columns) {
-      if (column.list == nullptr) {
-        row.push_back(CellOf(session, view, column, record));
-        item[column.key] = row.back();
-        continue;
-      }
-      Json members = Json::List();
-      const std::vector<std::string> texts = column.list(content, record);
-      for (const std::string& text : texts) members.Add(text);
-      row.push_back(ListOf(texts));
-      item[column.key] = std::move(members);
+      row.push_back(CellOf(session, view, column, record));
+      AddTo(item, content, view, column, record, row.back());
     }
     table.Add(std::move(row));
     list.Add(std::move(item));
   }
-  workplace.Tell(std::move(list), table);
+  workplace.Tell(view.key, std::move(list), table);
 }
 
 Json RecordAsJson(const Provider& content, const SchemaTable& table, RecordNr record) {
   Json fields = Json::Object();
   for (const SchemaField& field : content.GetSchema().FieldsOf(table)) {
-    fields[field.Name()] = Report::JsonOf(content.Get(field, record));
+    fields[field.Name()] = Report::JsonOf(field, content.Get(field, record));
   }
   return fields;
 }
@@ -227,12 +247,12 @@ class SystemView {
   }
 
   Json AsJson() const {
-    Json json = {{"record", record_}, {"system", Text("SignalSystemID_k6k")}};
-    for (const auto& [key, uiid] : kFacts) Report::AddValue(json, key, Text(uiid), WordOf(uiid));
+    Json json = {{"record", record_}, {"system", Value("SignalSystemID_k6k")}};
+    for (const auto& [key, uiid] : kFacts) Report::AddValue(json, key, Value(uiid), WordOf(uiid));
     Json bursts = Json::List();
     for (const BurstSlots::Entry& entry : entries_) {
       Json channels = Json::List();
-      for (const std::string& channel : entry.channels) channels.Add(channel);
+      for (const std::string& channel : entry.channels) channels.Add(Report::NumberOf(channel));
       bursts.Add({{"kind", BurstSlots::kKinds[entry.kind].key},
                   {"label", LabelOf(entry)},
                   {"row", entry.row},
@@ -246,7 +266,7 @@ class SystemView {
       Json status;
       for (const auto& [key, name] : kStatusFields) {
         const SchemaField& field = session_.Content().FieldOf(name);
-        Report::AddValue(status, key, Status(name, row),
+        Report::AddValue(status, key, Report::JsonOf(field, Status(name, row)),
                          Wording::WordOf(session_, field, row, Status(name, row)));
       }
       statuses.Add(std::move(status));
@@ -314,6 +334,7 @@ class SystemView {
   std::optional<std::string> WordOf(std::string_view uiid) const {
     return Wording::WordOf(session_, session_.Content().FieldOf(uiid), record_, Text(uiid));
   }
+  Json Value(std::string_view uiid) const { return Report::JsonAt(session_.Content(), uiid, record_); }
   std::string LabelOf(const BurstSlots::Entry& entry) const {
     return session_.LabelOf(BurstSlots::kKinds[entry.kind].uiid);
   }
@@ -348,7 +369,7 @@ void ShowSelcall(const ShowArguments& arguments, Session& session, Workplace& wo
       [&] {
         Json list = Json::List();
         for (const SystemView& view : views) list.Add(view.AsJson());
-        return list;
+        return Json({{"systems", std::move(list)}});
       },
       [&](std::ostream& out) {
         for (const SystemView& view : views) view.Print(out);

@@ -112,7 +112,7 @@ ExitCode ListVersions(const VersionsArguments& arguments, Workplace& workplace) 
     if (model != models.front()) workplace.Out() << '\n';
     Print(list, workplace.Out());
   }
-  if (workplace.options.json) workplace.Emit(std::move(data));
+  if (workplace.options.json) workplace.Emit({{"models", std::move(data)}});
   return ExitCode::Done;
 }
 

@@ -78,7 +78,7 @@ Json JsonOf(const Edited& edited, const Session& session, const std::vector<Show
   if (const SchemaField* identity = edited.Identity(session)) {
     data["identity"] = {{"name", identity->CommonName()},
                         {"label", session.LabelOf(*identity)},
-                        {"value", Report::JsonOf(result.identity)}};
+                        {"value", Report::JsonOf(*identity, result.identity)}};
   }
   if (!result.accepted) {
     data["refusedAt"] = NameOf(result.step);

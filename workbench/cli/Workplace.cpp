@@ -2,6 +2,7 @@
 
 #include <iostream>
 #include <optional>
+#include <utility>
 
 #include "workbench/cli/TextTable.h"
 #include "workbench/files/FileError.h"
@@ -16,6 +17,8 @@
 
 namespace {
 
+constexpr int kJsonFormat = 1;  // counts up when a member goes or means something else
+
 std::shared_ptr<Provider> ReadContent(AtomicFile& file, const SchemaFiles& schemas, bool factoryMode) {
   auto content = PersonalityFile::Parse(file.Name(), file.Read(), schemas);
   content->SetFactoryMode(factoryMode);
@@ -25,6 +28,8 @@ std::shared_ptr<Provider> ReadContent(AtomicFile& file, const SchemaFiles& schem
 }  // namespace
 
 void Workplace::Emit(Json data) {
+  hasEmitted_ = true;
+  data.Lead("format", kJsonFormat);
   if (collected_ != nullptr) {
     *collected_ = std::move(data);
   } else {
@@ -34,8 +39,25 @@ void Workplace::Emit(Json data) {
 
 void Workplace::TellPeople(std::string_view text) { *out_ << Printable::Lines(text); }
 
-void Workplace::Tell(Json list, const TextTable& table) {
-  Tell([&] { return std::move(list); }, [&](std::ostream& out) { table.Print(out); });
+void Workplace::EmitLine(Json data) {
+  const bool isFirst = !std::exchange(hasEmitted_, true);
+  data.Lead("format", kJsonFormat);
+  if (collected_ == nullptr) {
+    data.PrintLine(*out_);
+    return;
+  }
+  if (isFirst) *collected_ = Json::List();
+  collected_->Add(std::move(data));
+}
+
+void Workplace::Tell(std::string_view name, Json list, const TextTable& table) {
+  Tell(
+      [&] {
+        Json data = Json::Object();
+        data[name] = std::move(list);
+        return data;
+      },
+      [&](std::ostream& out) { table.Print(out); });
 }
 
 HostParts Workplace::Parts() {

@@ -44,7 +44,13 @@ class Workplace {
 
   /// Data for people. With --json a command calls Emit instead, once.
   std::ostream& Out() const { return *out_; }
+  /// Prints an object, whose first member tells the format of all that is emitted.
   void Emit(Json data);
+  /// The same for one of many files: each on a line of its own.
+  void EmitLine(Json data);
+  /// Whether the command under way has printed its object; one that starts has not.
+  bool HasEmitted() const { return hasEmitted_; }
+  void StartCommand() { hasEmitted_ = false; }
   /// The data as the user wants them: what `makeJson` returns, or what `print` writes to the stream that it
   /// is handed, of which no control character comes out but line breaks.
   template <typename MakeJson, typename Print>
@@ -57,9 +63,9 @@ class Workplace {
       TellPeople(text.str());
     }
   }
-  /// A list and the table of the same rows.
-  void Tell(Json list, const TextTable& table);
-  /// What is emitted from now on is kept; `CollectNothing` goes back to printing.
+  /// A list by its name, and the table of the same rows.
+  void Tell(std::string_view name, Json list, const TextTable& table);
+  /// What is emitted from now on is kept, that of many files as a list; `CollectNothing` goes back to printing.
   void CollectIn(Json& data) { collected_ = &data; }
   void CollectNothing() { collected_ = nullptr; }
 
@@ -78,6 +84,7 @@ class Workplace {
 
   std::ostream* out_;
   Json* collected_ = nullptr;
+  bool hasEmitted_ = false;
   std::shared_ptr<Trace::Recorder> recorder_;
   std::string schemaFolder_;
   std::shared_ptr<const SchemaFiles> schemas_;

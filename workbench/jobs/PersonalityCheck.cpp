@@ -392,7 +392,7 @@ Finding PersonalityCheck::Origin(const SchemaField& field, std::string rule, std
   finding.record = record;
   finding.identity = IdentityOf(session_.Content().GetSchema().TableOf(field), record);
   finding.field = &field;
-  finding.value = ValueText::Of(value);
+  finding.value = value;
   return finding;
 }
 

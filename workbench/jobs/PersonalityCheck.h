@@ -39,7 +39,7 @@ struct Finding {
   RecordNr record = 0;
   std::string identity;  // the number that a person knows the record by (a channel's); empty for none
   const SchemaField* field = nullptr;  // whose value it is; a form has none
-  std::optional<std::string> value;
+  Variant value;
   std::string text;
   std::string answer;  // to a question: "Yes", "No", "Cancel"
 };

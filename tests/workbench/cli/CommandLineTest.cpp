@@ -10,6 +10,7 @@
 
 #include "tests/support/BuiltFiles.h"
 #include "tests/workbench/FileHelpers.h"
+#include "tests/workbench/JsonContract.h"
 
 namespace {
 using nlohmann::json;
@@ -36,8 +37,11 @@ class CommandLine : public testing::Test {
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ContentOf(out), ContentOf(err)};
   }
   Outcome Run(Words words) const {
+    const Words given = words;
     words.insert(words.begin(), {kWorkbench, "--tier", kTierLibrary});
-    return Execute(words);
+    Outcome outcome = Execute(words);
+    ExpectDocumented(given, outcome.out);
+    return outcome;
   }
   std::string FrequencyOf(const char* record) const { return Run({"get", file, "TxFreq_k6k", record}).out; }
 
@@ -179,7 +183,7 @@ TEST_F(CommandLine, AControlOfANetworkIsThatOfTheRecordThatWasGiven) {
     EXPECT_EQ(Run({"enabled", fleet, "EmSignallingType", record}).out, state) << record;
     const Outcome form = Run({"--json", "enabled", fleet, "--form", "emergency", "--record", record});
     EXPECT_EQ(form.code, 0);
-    for (const json& control : json::parse(form.out)) {
+    for (const json& control : json::parse(form.out)["controls"]) {
       if (control["uiid"] != "EmSignallingType") continue;
       EXPECT_EQ(std::to_string(control["record"].get<int>()), record);
       EXPECT_EQ(control["enabled"], *state == 'e');
@@ -190,7 +194,7 @@ TEST_F(CommandLine, AControlOfANetworkIsThatOfTheRecordThatWasGiven) {
 TEST_F(CommandLine, EachControlIsListedOnceAndOnItsForm) {
   std::set<std::string> uiids;
   std::set<std::string> onEmergency;
-  const json all = json::parse(Run({"--json", "enabled", file, "--all"}).out);
+  const json all = json::parse(Run({"--json", "enabled", file, "--all"}).out)["controls"];
   for (const json& control : all) {
     const std::string uiid = control["uiid"];
     EXPECT_TRUE(uiids.insert(uiid).second) << uiid;
@@ -199,7 +203,7 @@ TEST_F(CommandLine, EachControlIsListedOnceAndOnItsForm) {
   EXPECT_TRUE(uiids.contains("MDC1200ANISequence"));  // on no form with a check
   std::set<std::string> listed;
   for (const json& control :
-       json::parse(Run({"--json", "enabled", file, "--form", "UsrCtlEmergencyKE2210"}).out)) {
+       json::parse(Run({"--json", "enabled", file, "--form", "UsrCtlEmergencyKE2210"}).out)["controls"]) {
     listed.insert(control["uiid"]);
   }
   EXPECT_EQ(listed, onEmergency);
@@ -212,7 +216,7 @@ TEST_F(CommandLine, AFormIsLeftWithoutKeepingAnything) {
   EXPECT_EQ(left.out, "Channels (USRCTLCHANNELSKD4410), record 18: the form may be left\n");
   const json told = json::parse(Run({"--json", "form", file, "USRCTLPTT"}).out);
   EXPECT_EQ(told["mayBeLeft"], true);
-  EXPECT_EQ(json::parse(Run({"--json", "form", "--list"}).out).size(), 17U);
+  EXPECT_EQ(json::parse(Run({"--json", "form", "--list"}).out)["forms"].size(), 17U);
   EXPECT_EQ(ContentOf(file), marine);
 }
 
@@ -258,7 +262,7 @@ TEST_F(CommandLine, AScriptStopsAtTheFirstLineThatFails) {
   EXPECT_EQ(all.code, 2);
   EXPECT_THAT(all.err, HasSubstr("script:5: \"NoSuchField\" is no field"));
   EXPECT_EQ(FrequencyOf("3"), "157.600000\n");
-  EXPECT_EQ(json::parse(all.out).size(), 4U);
+  EXPECT_EQ(json::parse(all.out)["lines"].size(), 4U);
   EXPECT_THAT(Run({"run", folder.Write("u", "get \"a b\n")}).err, HasSubstr("u:1: a quote is not closed"));
 }
 

@@ -24,7 +24,7 @@ TEST_F(IOCommands, PinsPathsAndLinesAreShown) {
             HasSubstr("RTS is on IOP_GPIO3\n"), HasSubstr("Emergency Mode Type  Non Stealth\n"),
             HasSubstr("A - Bypass In")));
   const json shown = json::parse(Told({"show", file, "io", "--json"}));
-  EXPECT_EQ(shown["flowControl"]["cts"], "IOP_GPIO4");
+  EXPECT_EQ(shown["flowControl"]["ctsWord"], "IOP_GPIO4");
   EXPECT_EQ(shown["pins"][8]["action"], "Alarm Status");
   EXPECT_EQ(Run({"show", file, "io", "1"}), ExitCode::CouldNot);
 }
@@ -43,7 +43,7 @@ TEST_F(IOCommands, WhatAPersonReadsIsWhatIsTyped) {
   EXPECT_EQ(Run({"set", file, "AudioIOTapIn", "2", "R7"}), ExitCode::No);
   Told({"set", file, "AudioIOTapIn", "2", "t3"});
   Told({"set", file, "DigitalIODirection", "11", "None", "--answer", "yes"});
-  EXPECT_EQ(json::parse(Told({"show", file, "io", "--json"}))["flowControl"]["cts"], "None");
+  EXPECT_EQ(json::parse(Told({"show", file, "io", "--json"}))["flowControl"]["cts"], 0);
   Told({"check", file});
 }
 

@@ -32,9 +32,9 @@ TEST_F(KeyCommands, AreShownByWhatTheyDo) {
             "  2  Phone Patch Call Request/Release  Sequence 4\n"
             "  3  Preset Channel                    417\n"
             "  4  Action Digital Output Line        None\n");
-  const json keys = json::parse(Told({"show", city, "keys", "--json"}));
+  const json keys = json::parse(Told({"show", city, "keys", "--json"}))["keys"];
   EXPECT_EQ(keys.size(), 4U);
-  EXPECT_EQ(keys[3], json::parse(R"({"key": 4, "action": "None", "parameter": "None"})"));
+  EXPECT_EQ(keys[3], json::parse(R"({"key": 4, "action": 0, "actionWord": "None", "parameter": "None"})"));
   EXPECT_EQ(Run({"show", city, "keys", "1"}), ExitCode::CouldNot);
 }
 

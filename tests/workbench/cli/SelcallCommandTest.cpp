@@ -101,10 +101,10 @@ TEST_F(SelcallCommands, ShowTellsTheAddressBookAndWhoUsesIt) {
                                HasSubstr("  Tx Call Bursts\n    1  35101  channel 13\n"),
                                HasSubstr("1  01  channel 13 to 16\n"), Not(HasSubstr("Repeater Bursts"))));
   EXPECT_EQ(Run({"show", file, "selcall", "--json"}), ExitCode::Done);
-  EXPECT_EQ(Told()[0]["bursts"].size(), 39U);
-  EXPECT_EQ(Told()[1]["bursts"][1]["channels"], json::array({"13"}));
+  EXPECT_EQ(Told()["systems"][0]["bursts"].size(), 39U);
+  EXPECT_EQ(Told()["systems"][1]["bursts"][1]["channels"], json::array({13}));
   EXPECT_EQ(Run({"show", file, "selcall", "--all", "--json"}), ExitCode::Done);
-  EXPECT_EQ(Told()[1]["bursts"].size(), 141U);
+  EXPECT_EQ(Told()["systems"][1]["bursts"].size(), 141U);
   EXPECT_EQ(Run({"show", file, "selcall", "3"}), ExitCode::CouldNot);
   EXPECT_EQ(Run({"show", file, "channels", "1"}), ExitCode::CouldNot);
   EXPECT_EQ(Run({"show", Sample("minimal"), "selcall"}), ExitCode::Done);
@@ -132,8 +132,8 @@ TEST_F(SelcallCommands, CheckJudgesTheBurstsOfEverySystemAndNoneAgainstItself) {
   std::vector<std::string> places;
   const json told = Told();
   for (const json& finding : told["findings"]) {
-    places.push_back(finding["rule"].get<std::string>() + " " + finding["identity"].get<std::string>() + "/" +
-                     std::to_string(finding["record"].get<int>()));
+    places.push_back(finding["rule"].get<std::string>() + " " + finding["identity"].dump() + "/" +
+                     finding["record"].dump());
   }
   EXPECT_THAT(places, testing::ElementsAre("BurstSequence2_k6k 1/1", "BurstSequence2_k6k 1/2",
                                            "TxFormat_k6k 2/2", "BurstSequence2_k6k 2/5"));

@@ -31,10 +31,10 @@ TEST_F(SoundCommands, ShowWhatSoundsAndHowNetworksAlert) {
   const json sounds = json::parse(Told({"show", full, "sounds", "--json"}));
   EXPECT_EQ(sounds["indicators"].size(), 26U);
   EXPECT_EQ(sounds["indicators"][7]["indicator"], "Function Deactivated");
-  EXPECT_EQ(sounds["indicators"][7]["sounds"], "Yes");
+  EXPECT_EQ(sounds["indicators"][7]["sounds"], 1);
   EXPECT_EQ(sounds["cadences"]["emergency"], "1011011011");
   EXPECT_EQ(sounds["networks"].size(), 16U);
-  EXPECT_EQ(sounds["networks"][15]["alerts"]["priority"], json({{"type", "Beep"}, {"seconds", "95"}}));
+  EXPECT_EQ(sounds["networks"][15]["alerts"]["priority"], json({{"type", 2}, {"typeWord", "Beep"}, {"seconds", 95}}));
   EXPECT_EQ(Run({"show", full, "sounds", "1"}), ExitCode::CouldNot);
 }
 

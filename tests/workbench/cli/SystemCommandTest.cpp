@@ -33,8 +33,8 @@ TEST_F(SystemCommands, AreShownAsATechnicianReadsThem) {
   EXPECT_THAT(Told({"show", hospital, "two-tone", "2"}),
               AllOf(HasSubstr("used by network 2\n"), HasSubstr("Custom Tone A               600.5 Hz\n"),
                     Not(HasSubstr("All Call"))));
-  const json system = json::parse(Told({"show", hospital, "two-tone", "--json"}))[1];
-  EXPECT_EQ(system["format"].get<std::string>() + " " + system["toneD"].get<std::string>(), "CNE 940.5");
+  const json system = json::parse(Told({"show", hospital, "two-tone", "--json"}))["systems"][1];
+  EXPECT_EQ(system["formatWord"].get<std::string>() + " " + system["toneD"].get<std::string>(), "CNE 940.5");
   EXPECT_EQ(Told({"show", city, "mdc1200"}), "The personality has no MDC1200 system.\n");
   EXPECT_EQ(Run({"show", city, "dtmf", "2"}), ExitCode::CouldNot);
   EXPECT_EQ(Run({"show", city, "networks", "--all"}), ExitCode::CouldNot);

@@ -216,7 +216,7 @@ TEST_F(ConvertCommand, TellsWhatAWayDoesWithoutAFileAndTriesItWithoutWriting) {
                                         HasSubstr("  - VHSDLeadInDelay is 20..250, was 5..250"),
                                         HasSubstr("KD4410.0089 -> KD4410.0088\n  Internal power sense")));
   EXPECT_EQ(Run({"convert", "--explain", "0029", "0094", "--json"}), ExitCode::Done);
-  EXPECT_THAT(nlohmann::json::parse(out.str()), SizeIs(17));
+  EXPECT_THAT(nlohmann::json::parse(out.str())["steps"], SizeIs(17));
   EXPECT_EQ(Run({"convert", file, "--to", "0091", "--dry-run"}), ExitCode::Done) << messages;
   EXPECT_THAT(out.str(), HasSubstr("Dry run: nothing is written."));
   EXPECT_FALSE(std::filesystem::exists(folder.PathOf("p-0091.json")));
@@ -265,7 +265,7 @@ TEST_F(ConvertCommand, WritesANewFileAndNeverOverAnotherUnasked) {
 
 TEST_F(ConvertCommand, TheVersionsOfAModelAreListedOldestFirst) {
   ASSERT_EQ(Run({"versions", "--model", "ke2210 rx", "--json"}), ExitCode::Done) << messages;
-  const auto list = nlohmann::json::parse(out.str());
+  const auto list = nlohmann::json::parse(out.str())["models"];
   ASSERT_THAT(list, SizeIs(1));
   const auto& versions = list[0]["versions"];
   EXPECT_EQ(versions.front()["version"], "KE2210 Rx.0087");

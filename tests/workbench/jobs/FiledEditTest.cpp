@@ -67,7 +67,7 @@ TEST_F(SetCommand, TellsWhatAPointerPointsAtThoughTheCodesAreLaidOutAnew) {
   const json stored = Told()["stored"];
   ASSERT_EQ(stored.size(), 2U) << stored;
   EXPECT_EQ(stored[1]["fieldId"], "5.RxSubaudibleIndex");
-  EXPECT_EQ(stored[1]["record"], "2");
+  EXPECT_EQ(stored[1]["record"], 2);
   EXPECT_EQ(stored[1]["after"], "C103.5");
   const std::string saved = ContentOf(path);
   EXPECT_EQ(Run({"set", path, "RxSignalling_k6k", "2", "C103.5"}), ExitCode::Done);

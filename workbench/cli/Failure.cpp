@@ -1,0 +1,39 @@
+#include "workbench/cli/Failure.h"
+
+#include <iostream>
+
+#include "platform/Error.h"
+#include "workbench/files/FileError.h"
+#include "workbench/files/Printable.h"
+#include "workbench/store/TypedNames.h"
+
+Failure Failure::OfCurrentException() {
+  constexpr const char* kNotSaved = ". Nothing was saved.";
+  try {
+    throw;
+  } catch (const TierFault& fault) {
+    return {ExitCode::Fault, "tier", std::string("a fault of the tier: ") + fault.what() + kNotSaved};
+  } catch (const Error& error) {
+    return {ExitCode::Fault, "tier",
+            "error " + std::to_string(error.Number()) + ": " + error.what() + kNotSaved};
+  } catch (const FileError& error) {
+    return {ExitCode::CouldNot, "file", error.what(), error.File(), error.Line(), error.Where()};
+  } catch (const std::exception& error) {
+    return OfUsage(error.what());
+  }
+}
+
+Json Failure::AsJson() const {
+  Json error = {{"kind", kind}, {"message", message}};
+  if (!file.empty()) error["file"] = file;
+  if (line > 0) error["line"] = line;
+  if (!path.empty()) error["path"] = path;
+  return {{"error", std::move(error)}};
+}
+
+ExitCode Failure::TellAt(Workplace& workplace) const {
+  const bool isOfTier = code == ExitCode::Fault;  // whose texts have line breaks
+  std::cerr << workplace.prefix << (isOfTier ? Printable::Lines(message) : Printable::Text(message)) << '\n';
+  if (workplace.options.json && !workplace.HasEmitted()) workplace.Emit(AsJson());
+  return code;
+}
