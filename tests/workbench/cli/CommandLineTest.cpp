@@ -1,53 +1,23 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <set>
 #include <vector>
 
-#include "tests/support/BuiltFiles.h"
-#include "tests/workbench/FileHelpers.h"
-#include "tests/workbench/JsonContract.h"
+#include "tests/workbench/ProcessCommand.h"
 
 namespace {
 using nlohmann::json;
 using testing::AllOf;
 using testing::HasSubstr;
+using Given = std::vector<std::string>;
+using Outcome = ProcessOutcome;
 
-struct Outcome {
-  int code = -1;
-  std::string out;
-  std::string err;
-};
-
-/// The built command line, with a sample in a folder of its own.
-class CommandLine : public testing::Test {
+class CommandLine : public ProcessCommand {
  protected:
-  using Words = std::vector<std::string>;
-
-  Outcome Execute(const Words& words) const {
-    std::string line;
-    for (const std::string& word : words) line += "'" + word + "' ";
-    const std::string out = folder.PathOf("stdout");
-    const std::string err = folder.PathOf("stderr");
-    const int status = std::system((line + "> " + out + " 2> " + err + " < /dev/null").c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ContentOf(out), ContentOf(err)};
-  }
-  Outcome Run(Words words) const {
-    const Words given = words;
-    words.insert(words.begin(), {kWorkbench, "--tier", kTierLibrary});
-    Outcome outcome = Execute(words);
-    ExpectDocumented(given, outcome.out);
-    return outcome;
-  }
   std::string FrequencyOf(const char* record) const { return Run({"get", file, "TxFreq_k6k", record}).out; }
-
-  TemporaryFolder folder;
-  const std::string marine = ContentOf(Sample("marine-harbour"));
-  const std::string file = folder.Write("p.json", marine);
 };
 
 TEST_F(CommandLine, TellsByItsExitCodeHowItEnded) {
@@ -57,7 +27,7 @@ TEST_F(CommandLine, TellsByItsExitCodeHowItEnded) {
   std::string noBand = ContentOf(Sample("minimal"));
   noBand.replace(noBand.find("\"Band\": 5"), 9, "\"Band\": 9");
   const std::string faulty = folder.Write("faulty.json", noBand);
-  const std::tuple<Words, int, const char*> cases[] = {
+  const std::tuple<Given, int, const char*> cases[] = {
       {{"check", Sample("minimal")}, 0, ""},
       {{"check", file}, 1, ""},
       {{"set", file, "TxFreq_k6k", "1", "780"}, 1, "outside the allowable range for this band 136-174 MHz."},
@@ -100,15 +70,13 @@ TEST_F(CommandLine, TellsByItsExitCodeHowItEnded) {
   EXPECT_EQ(ContentOf(file), marine);
   EXPECT_EQ(ContentOf(faulty), noBand);
   EXPECT_FALSE(std::filesystem::exists(fresh));
-  EXPECT_EQ(Execute({"/bin/sh", "-c", kWorkbench + std::string(" bands > /dev/full")}).code, 2)
-      << "output was lost";
 }
 
 TEST_F(CommandLine, AQuestionIsAnsweredNoUnlessToldOtherwise) {
   const std::string answers = folder.Write("answers", "no\nyes\n");
-  const std::pair<Words, int> cases[] = {{{}, 1}, {{"--answer", answers}, 1}, {{"--answer", "yes"}, 0}};
+  const std::pair<Given, int> cases[] = {{{}, 1}, {{"--answer", answers}, 1}, {{"--answer", "yes"}, 0}};
   for (const auto& [options, code] : cases) {
-    Words words = {"set", file, "TxFreq_k6k", "2", "157.5001"};
+    Given words = {"set", file, "TxFreq_k6k", "2", "157.5001"};
     words.insert(words.end(), options.begin(), options.end());
     const Outcome outcome = Run(words);
     EXPECT_EQ(outcome.code, code);
@@ -149,7 +117,7 @@ TEST_F(CommandLine, CheckListsAllFindingsEachOnce) {
   damaged.replace(damaged.rfind("440500000"), 9, "440500001");
   damaged.replace(damaged.find("\"TxPower_k6k\": 4"), 16, "\"TxPower_k6k\": 9");
   const Outcome outcome = Run({"--json", "check", folder.Write("d.json", damaged)});
-  Words found;
+  Given found;
   const json findings = json::parse(outcome.out)["findings"];
   for (const json& finding : findings) {
     found.push_back(finding["kind"].get<std::string>() + " " + finding["rule"].get<std::string>());
@@ -183,7 +151,8 @@ TEST_F(CommandLine, AControlOfANetworkIsThatOfTheRecordThatWasGiven) {
     EXPECT_EQ(Run({"enabled", fleet, "EmSignallingType", record}).out, state) << record;
     const Outcome form = Run({"--json", "enabled", fleet, "--form", "emergency", "--record", record});
     EXPECT_EQ(form.code, 0);
-    for (const json& control : json::parse(form.out)["controls"]) {
+    const json controls = json::parse(form.out)["controls"];
+    for (const json& control : controls) {
       if (control["uiid"] != "EmSignallingType") continue;
       EXPECT_EQ(std::to_string(control["record"].get<int>()), record);
       EXPECT_EQ(control["enabled"], *state == 'e');
@@ -202,10 +171,9 @@ TEST_F(CommandLine, EachControlIsListedOnceAndOnItsForm) {
   }
   EXPECT_TRUE(uiids.contains("MDC1200ANISequence"));  // on no form with a check
   std::set<std::string> listed;
-  for (const json& control :
-       json::parse(Run({"--json", "enabled", file, "--form", "UsrCtlEmergencyKE2210"}).out)["controls"]) {
-    listed.insert(control["uiid"]);
-  }
+  const json ofForm =
+      json::parse(Run({"--json", "enabled", file, "--form", "UsrCtlEmergencyKE2210"}).out)["controls"];
+  for (const json& control : ofForm) listed.insert(control["uiid"]);
   EXPECT_EQ(listed, onEmergency);
   EXPECT_TRUE(listed.contains("StealthIndicator"));
 }

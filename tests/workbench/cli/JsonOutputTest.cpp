@@ -11,7 +11,7 @@ namespace {
 using nlohmann::json;
 using testing::AllOf;
 using testing::HasSubstr;
-using Words = std::vector<std::string>;
+using Given = std::vector<std::string>;
 
 /// Each output is held against its schema by the fixture.
 class JsonOutput : public InProcessCommand {
@@ -42,13 +42,14 @@ TEST_F(JsonOutput, IsAnObjectOfTheSchemaHoweverTheCommandEnds) {
   const std::string script =
       folder.Write("script", "info " + fleet + "\nget \"x\nget " + fleet + " Nix\n\nshow " + old + " 5\n");
   using enum ExitCode;
-  const std::pair<Words, ExitCode> cases[] = {
+  const std::pair<Given, ExitCode> cases[] = {
       {{"add", fleet, "channel", "--dry-run"}, Done},
       {{"add", file, "mdc1200"}, Done},
       {{"insert", fleet, "channel", "3", "--dry-run"}, Done},
       {{"insert", file, "channel", "99"}, CouldNot},
       {{"delete", fleet, "network", "1"}, No},
-      {{"delete", full, "channel", "1", "--dry-run", "--answer", "yes"}, Done},
+      {{"delete", full, "channel", "1"}, No},
+      {{"delete", full, "two-tone", "2", "--dry-run", "--answer", "yes"}, Done},
       {{"bands"}, Done},
       {{"check", Sample("marine-harbour")}, No},
       {{"check", file}, Done},
@@ -61,7 +62,7 @@ TEST_F(JsonOutput, IsAnObjectOfTheSchemaHoweverTheCommandEnds) {
       {{"diff", full, old}, No},
       {{"diff", file, file}, Done},
       {{"enabled", file, "TxPower_k6k", "--why"}, Done},
-      {{"enabled", fleet, "AllowSDMOverwrite", "--why"}, No},
+      {{"enabled", Sample("marine-harbour"), "AllowSDMOverwrite", "--why"}, No},
       {{"enabled", full, "--all"}, Done},
       {{"fields", "freq"}, Done},
       {{"fields", "no such"}, CouldNot},
@@ -89,7 +90,7 @@ TEST_F(JsonOutput, IsAnObjectOfTheSchemaHoweverTheCommandEnds) {
       {{"check", Faulty()}, Fault},
   };
   for (const auto& [given, code] : cases) {
-    Words words = given;
+    Given words = given;
     words.push_back("--json");
     EXPECT_EQ(Run(words), code) << testing::PrintToString(words) << messages;
     EXPECT_EQ(Parsed().contains("error"), code >= CouldNot && given.front() != "run") << out.str();
@@ -119,24 +120,22 @@ TEST_F(JsonOutput, AnErrorTellsItsKindAndItsPlace) {
   const std::string damaged = folder.Write("damaged.json", wrong);
   const std::string missing = folder.PathOf("missing.json");
   const std::string script = folder.Write("s", "info " + damaged + "\n");
-  const std::tuple<Words, ExitCode, json> cases[] = {
+  const std::tuple<Given, ExitCode, json> cases[] = {
       {{"info"}, ExitCode::CouldNot, {{"kind", "usage"}}},
       {{"info", file, "--no-such"}, ExitCode::CouldNot, {{"kind", "usage"}}},
       {{"get", file, "Nix"}, ExitCode::CouldNot, {{"kind", "usage"}}},
-      {{"info", missing},
-       ExitCode::CouldNot,
-       {{"kind", "file"}, {"file", missing}, {"path", "read"}}},
+      {{"info", missing}, ExitCode::CouldNot, {{"kind", "file"}, {"file", missing}, {"path", "read"}}},
       {{"info", damaged},
        ExitCode::CouldNot,
        {{"kind", "file"}, {"file", damaged}, {"path", "tables.5[1].TxPower_k6k"}}},
       {{"info", Faulty()}, ExitCode::Fault, {{"kind", "tier"}}},
   };
   for (const auto& [given, code, expected] : cases) {
-    Words words = given;
+    Given words = given;
     words.push_back("--json");
     EXPECT_EQ(Run(words), code) << messages;
     json error = Parsed()["error"];
-    EXPECT_EQ(messages.find(error["message"].get<std::string>()), 0U) << messages << error;
+    EXPECT_THAT(messages, HasSubstr(error["message"].get<std::string>()));
     EXPECT_EQ(error.contains("line"), expected.value("file", "") == damaged) << error;
     error.erase("message");
     error.erase("line");
