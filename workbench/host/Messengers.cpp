@@ -229,7 +229,10 @@ Button TerminalMessenger::Answer(const Shown& question) {
   if (isInteractive_ && !answers_.AreGiven()) return AskPerson(question.style);
   const Button given = answers_.Next();
   const Button answer = Offers(question.style, given) ? given : Button::No;
-  out_ << NameOf(answer) << std::endl;
+  out_ << NameOf(answer);
+  if (!answers_.AreGiven())
+    out_ << " (taken, for nobody is at a terminal to answer; --answer yes answers it)";
+  out_ << std::endl;
   return answer;
 }
 

@@ -11,6 +11,7 @@
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
 #include "platform/DecimalText.h"
+#include "platform/Locale.h"
 #include "workbench/files/Printable.h"
 #include "workbench/files/TabbedFile.h"
 #include "workbench/files/Utf8.h"
@@ -28,6 +29,20 @@ namespace {
 
 Entry Refuse(std::string why) { return {std::move(why), {}}; }
 Entry HandOn(std::string value) { return {{}, std::move(value)}; }
+
+/// What is typed with the user's decimal symbol in place of a point, where the field has numbers with
+/// decimals: a person may use either.
+std::string WithUsersSymbol(Session& session, const SchemaField& field, std::string_view uiid,
+                            std::string_view typed) {
+  std::string text(typed);
+  const char symbol = DecimalSymbol();
+  const bool hasPoint = std::ranges::count(text, '.') == 1 && text.find(symbol) == std::string::npos;
+  if (!hasPoint) return text;
+  Boolean shows = kFalse, known = kFalse;
+  session.Host().Require(session.Host().UserInterface().GetDecimalSymbolByUIID(uiid, shows, known));
+  if (shows != kFalse || field.type == FieldType::Number) text[text.find('.')] = symbol;
+  return text;
+}
 
 // Texts
 
@@ -231,7 +246,8 @@ bool NamesAnAction(std::string_view typed) { return !EqualsIgnoringCase(typed, "
 }  // namespace
 
 Entry EnteredIn(Session& session, const SchemaField& field, std::string_view uiid, RecordNr record,
-                std::string_view typed) {
+                std::string_view given) {
+  const std::string typed = WithUsersSymbol(session, field, uiid, given);
   if (!Utf8::IsValid(typed)) return Refuse("the text is not valid UTF-8");
   if (uiid == kPin) return Refuse("the pins of the radio are fixed: the field can not be typed");
   if (uiid == kAction && NamesAnAction(typed) && !HasDirection(session.Content(), record)) {
