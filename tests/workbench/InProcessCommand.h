@@ -12,8 +12,8 @@
 #include "tests/workbench/JsonContract.h"
 #include "workbench/cli/CommandLine.h"
 
-/// Runs commands in this process, in a folder of its own that holds the smallest sample. What they print as JSON
-/// is held against its schema.
+/// Runs commands in this process, in a folder of its own that holds the smallest sample. What they print as
+/// JSON is held against its schema.
 class InProcessCommand : public testing::Test {
  protected:
   ExitCode Run(std::vector<std::string> words) {

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cstdint>
 #include <iostream>
 #include <iterator>
 #include <list>
@@ -23,8 +24,8 @@ constexpr const char* kAbout =
     "Opens a personality of a KD4400 or KE2210 radio, shows it, edits it by the rules of the radio's tier "
     "and checks it.";
 constexpr const char* kNotes[] = {
-    "A personality is a JSON file. Records count from 1. An argument that begins with \"-\" goes behind "
-    "\"--\".",
+    "A personality is a JSON file; \"-\" is standard input, where it is only read. Records count from 1. An "
+    "argument that begins with \"-\" goes behind \"--\".",
     "Data goes to standard output, messages and questions to standard error.",
     "Exit codes: 0 done; 1 the answer is no (refused, findings, differences); 2 it could not be done; 3 the "
     "tier failed."};
@@ -48,6 +49,8 @@ void TakeOptions(Words& words, Options& options) {
     words.Option(("--" + word).c_str(), options.shown[current.word], "N",
                  ("Have the forms show this " + word + ", by its record").c_str());
   }
+  words.NumberOption("--wait", options.patience, 0, 86400,
+                     "Seconds to wait for a file that another process is saving; 5 when none is given");
   words.Flag("--factory", options.factory, "Factory mode: limits of sub-bands and of the Tx power relax");
 }
 
@@ -61,7 +64,7 @@ std::string HelpOf(const CLI::App& app, CLI::AppFormatMode mode) {
 /// The words of the verbs and, once a line has been read, what its verb does.
 class Verbs {
  public:
-  Verbs(CLI::App& app, bool insideScript) {
+  Verbs(CLI::App& app, bool insideScript, std::string fileMeant) : fileMeant_(std::move(fileMeant)) {
     for (const Verb* verb : Verb::All()) {
       if (!insideScript || verb->About().inScripts) Add(*verb, app);
     }
@@ -72,13 +75,14 @@ class Verbs {
  private:
   void Add(const Verb& verb, CLI::App& app) {
     CLI::App* command = app.add_subcommand(verb.About().name);
-    Words& words = words_.emplace_back(*command);
+    Words& words = words_.emplace_back(*command, fileMeant_);
     command->callback([this, &words, action = verb.Take(words)] {
       words.TakeRest();
       action_ = action;
     });
   }
 
+  std::string fileMeant_;
   std::list<Words> words_;
   Verb::Action action_;
 };
@@ -202,7 +206,7 @@ ExitCode RunCommand(std::vector<std::string> words, Workplace& workplace, bool i
   app.set_version_flag(kVersion.first, "kd4410 " KD4410_VERSION, kVersion.second);
   Words common(app);
   TakeOptions(common, workplace.options);
-  const Verbs verbs(app, insideScript);
+  const Verbs verbs(app, insideScript, workplace.fileMeant);
 
   workplace.StartCommand();
   const std::optional<ExitCode> end = Parse(app, std::move(words), workplace);

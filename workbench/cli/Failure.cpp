@@ -16,11 +16,26 @@ Failure Failure::OfCurrentException() {
   } catch (const Error& error) {
     return {ExitCode::Fault, "tier",
             "error " + std::to_string(error.Number()) + ": " + error.what() + kNotSaved};
+  } catch (const BusyFile& error) {
+    return {ExitCode::CouldNot, "busy", error.what(), error.File()};
   } catch (const FileError& error) {
     return {ExitCode::CouldNot, "file", error.what(), error.File(), error.Line(), error.Where()};
   } catch (const std::exception& error) {
     return OfUsage(error.what());
   }
+}
+
+Failure Failure::With(const std::string& checked) const {
+  if (!file.empty()) return *this;
+  Failure named = *this;
+  named.file = checked;
+  named.message = checked + ": " + message;
+  return named;
+}
+
+std::string Failure::ForPeople() const {
+  const bool isOfTier = code == ExitCode::Fault;  // whose texts have line breaks
+  return isOfTier ? Printable::Lines(message) : Printable::Text(message);
 }
 
 Json Failure::AsJson() const {
@@ -32,8 +47,7 @@ Json Failure::AsJson() const {
 }
 
 ExitCode Failure::TellAt(Workplace& workplace) const {
-  const bool isOfTier = code == ExitCode::Fault;  // whose texts have line breaks
-  std::cerr << workplace.prefix << (isOfTier ? Printable::Lines(message) : Printable::Text(message)) << '\n';
+  std::cerr << workplace.prefix << ForPeople() << '\n';
   if (workplace.options.json && !workplace.HasEmitted()) workplace.Emit(AsJson());
   return code;
 }

@@ -8,7 +8,7 @@
 /// Why a command could not be done, as it is told on standard error and, with --json, on standard output too.
 struct Failure {
   ExitCode code;
-  const char* kind;  ///< "usage", "file" or "tier"
+  const char* kind;  ///< "usage", "file", "busy" or "tier"
   std::string message;
   std::string file = {};  ///< that could not be used
   int line = 0;           ///< of the file, from 1; 0 for none
@@ -18,7 +18,12 @@ struct Failure {
   static Failure OfCurrentException();
   static Failure OfUsage(std::string message) { return {ExitCode::CouldNot, "usage", std::move(message)}; }
 
+  /// The same of one of many files, which it names.
+  Failure With(const std::string& checked) const;
+
   /// {"error": {...}} without the members that do not apply.
+  /// The message as a terminal may get it.
+  std::string ForPeople() const;
   Json AsJson() const;
   /// Tells it, and answers its exit code.
   ExitCode TellAt(Workplace& workplace) const;

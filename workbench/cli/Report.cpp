@@ -135,12 +135,14 @@ void Print(const Outcome& outcome, const Session& session, std::ostream& out) {
     out << (outcome.accepted ? "Also changed:\n" : "Before it refused, the rule had written (not kept):\n");
     ChangeTable(session, outcome.others).Print(out, 2);
   }
-  out << (outcome.saved     ? "Saved.\n"
-          : outcome.granted ? "Dry run: nothing is saved.\n"
-                            : "The file is as it was.\n");
+  out << (outcome.filed == Filed::Saved    ? "Saved.\n"
+          : outcome.filed == Filed::Staged ? "To be saved at the end of the script.\n"
+          : outcome.granted                ? "Dry run: nothing is saved.\n"
+                                           : "The file is as it was.\n");
 }
 
 void AddTo(Json& data, const Outcome& outcome, const Session& session, const std::vector<Shown>& boxes) {
+  if (outcome.filed == Filed::Staged) data["staged"] = true;
   data[outcome.accepted ? "alsoChanged" : "writtenBeforeRefusal"] = JsonOf(session, outcome.others);
   data["messages"] = JsonOf(boxes);
 }

@@ -46,11 +46,15 @@ TextTable ChangeTable(const Session& session, const std::vector<Change>& changes
 Json JsonOf(const Session& session, const std::vector<Change>& changes);
 Json JsonOf(const std::vector<Shown>& boxes);
 
+/// Whether an edit has gone into the file. Of a script that saves all or nothing it is staged until its end.
+enum class Filed { No, Staged, Saved };
+inline Filed FiledBy(bool saved) { return saved ? Filed::Saved : Filed::Staged; }
+
 /// How a command that edits a file ended.
 struct Outcome {
   bool accepted = false;  // by the rules
   bool granted = false;   // by the rules, and nothing else stood in the way
-  bool saved = false;
+  Filed filed = Filed::No;
   const std::vector<Change>& others;  // what else changed, or what had been written before the refusal
 };
 void Print(const Outcome& outcome, const Session& session, std::ostream& out);

@@ -1,18 +1,23 @@
 #include <algorithm>
+#include <iostream>
 #include <map>
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <sstream>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "workbench/cli/Failure.h"
 #include "workbench/cli/Report.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/files/Printable.h"
 #include "workbench/jobs/PersonalityCheck.h"
 #include "workbench/jobs/Session.h"
 #include "workbench/jobs/Wording.h"
+#include "workbench/store/TypedNames.h"
 #include "workbench/store/ValueText.h"
 
 namespace {
@@ -86,31 +91,102 @@ void Print(const Session& session, const std::vector<Finding>& findings, std::os
 }
 
 struct CheckArguments {
-  std::string file;
+  std::vector<std::string> files;
+  std::string list;
 };
 
-ExitCode Check(const CheckArguments& arguments, Workplace& workplace) {
-  const auto messenger = std::make_shared<CheckMessenger>(workplace.GivenAnswers());
-  OpenedFile opened(workplace, arguments.file, messenger);
-  PersonalityCheck check(opened.GetSession(), *messenger);
-  check.CheckLimits();
-  opened.ShowForms();
-  messenger->Clear();
-  check.RunRules();
+/// What the check of a file has found, told with the words of its session.
+class Checked {
+ public:
+  Checked(std::string file, Workplace& workplace)
+      : file_(std::move(file)),
+        messenger_(std::make_shared<CheckMessenger>(workplace.GivenAnswers())),
+        opened_(workplace, file_, messenger_) {
+    PersonalityCheck check(opened_.GetSession(), *messenger_);
+    check.CheckLimits();
+    opened_.ShowForms();
+    messenger_->Clear();
+    check.RunRules();
+    findings_ = check.Findings();
+  }
 
-  const std::vector<Finding>& findings = check.Findings();
-  workplace.Tell([&] { return JsonOf(opened.GetSession(), arguments.file, findings); },
-                 [&](std::ostream& out) { Print(opened.GetSession(), findings, out); });
-  return findings.empty() ? ExitCode::Done : ExitCode::No;
+  Json AsJson() { return JsonOf(opened_.GetSession(), file_, findings_); }
+  void Print(std::ostream& out) { ::Print(opened_.GetSession(), findings_, out); }
+  ExitCode Code() const { return findings_.empty() ? ExitCode::Done : ExitCode::No; }
+
+ private:
+  std::string file_;
+  std::shared_ptr<CheckMessenger> messenger_;
+  OpenedFile opened_;
+  std::vector<Finding> findings_;
+};
+
+ExitCode CheckOne(const std::string& file, Workplace& workplace) {
+  Checked checked(file, workplace);
+  workplace.Tell([&] { return checked.AsJson(); }, [&](std::ostream& out) { checked.Print(out); });
+  return checked.Code();
 }
 
-void Take(Words& words, CheckArguments& given) { words.Required("FILE", given.file, "The personality"); }
+/// One of many. What can not be checked does not keep the others from it.
+ExitCode CheckNext(const std::string& file, Workplace& workplace) {
+  try {
+    Checked checked(file, workplace);
+    if (workplace.options.json) {
+      workplace.EmitLine(checked.AsJson());
+    } else {
+      workplace.Tell(Json::Object, [&](std::ostream& out) {
+        out << Printable::Text(file) << ":\n";
+        checked.Print(out);
+      });
+    }
+    return checked.Code();
+  } catch (...) {
+    const Failure failure = Failure::OfCurrentException().With(file);
+    std::cerr << workplace.prefix << failure.ForPeople() << '\n';
+    if (workplace.options.json) workplace.EmitLine(failure.AsJson());
+    return failure.code;
+  }
+}
+
+/// The files that were named, then those of the list, one a line.
+std::vector<std::string> FilesOf(const CheckArguments& arguments, const Workplace& workplace) {
+  std::vector<std::string> files = arguments.files;
+  if (!arguments.list.empty()) {
+    std::istringstream lines(workplace.FileAt(arguments.list).Read());
+    for (std::string line; std::getline(lines, line);) {
+      if (line.ends_with('\r')) line.pop_back();
+      if (!line.empty()) files.push_back(line);
+    }
+  }
+  if (files.empty()) {
+    throw UsageError(arguments.list.empty() ? "name a FILE, or --files-from LIST"
+                                            : arguments.list + " names no file");
+  }
+  return files;
+}
+
+ExitCode Check(const CheckArguments& arguments, Workplace& workplace) {
+  const std::vector<std::string> files = FilesOf(arguments, workplace);
+  if (files.size() == 1 && arguments.list.empty()) return CheckOne(files.front(), workplace);
+  ExitCode worst = ExitCode::Done;
+  for (const std::string& file : files) worst = std::max(worst, CheckNext(file, workplace));
+  return worst;
+}
+
+void Take(Words& words, CheckArguments& given) {
+  words.Many("FILE", given.files, "The personality, or many of them");
+  words.Option("--files-from", given.list, "LIST",
+               "A file of names of more files, one a line; - reads it from "
+               "standard input");
+}
 
 const Verb kCheck(
     {.name = "check",
      .about = "Run the rules of all fields, forms and of a save over every record and list all findings; "
               "nothing is changed",
-     .details = "Questions of the rules are answered yes, unless --answer says otherwise.",
+     .details = "Questions of the rules are answered yes, unless --answer says otherwise. Of many files the exit "
+                "code is the highest; --json prints an object a line for each, also for one that can not be "
+                "checked.",
      .examples = {{"All findings of a personality", "kd4410 check samples/marine-harbour.json"},
                   {"How many there are", "kd4410 check samples/marine-harbour.json --json | jq .count"}}},
     Take, Check);

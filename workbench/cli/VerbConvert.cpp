@@ -10,6 +10,7 @@
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/files/AtomicFile.h"
+#include "workbench/files/FileError.h"
 #include "workbench/files/Printable.h"
 #include "workbench/jobs/Conversion.h"
 #include "workbench/jobs/PersonalityCheck.h"
@@ -63,8 +64,13 @@ std::string DefaultOutput(const std::string& file, const std::string& version) {
   return path.string();
 }
 
-AtomicFile NewOutput(const ConvertArguments& arguments, const std::string& version) {
-  AtomicFile file(arguments.out.empty() ? DefaultOutput(arguments.file, version) : arguments.out);
+AtomicFile NewOutput(const ConvertArguments& arguments, const std::string& version,
+                     const Workplace& workplace) {
+  if (arguments.out.empty() && AtomicFile::IsStandardInput(arguments.file)) {
+    throw UsageError("--out is required for a personality from standard input");
+  }
+  AtomicFile file =
+      workplace.FileToSave(arguments.out.empty() ? DefaultOutput(arguments.file, version) : arguments.out);
   if (file.Exists() && !arguments.force) {
     throw UsageError(file.Name() + " is there already; --force overwrites it, --out names another");
   }
@@ -280,18 +286,22 @@ ExitCode ConvertFile(const ConvertArguments& arguments, Workplace& workplace) {
   if (arguments.explains) return Explain(arguments, workplace);
   if (!arguments.explained.empty()) throw UsageError("a second version goes with --explain alone");
   if (arguments.version.empty()) throw UsageError("--to is required");
-  AtomicFile input(arguments.file);
+  AtomicFile input = workplace.FileAt(arguments.file);
+  const std::string document = input.Read();
   const std::shared_ptr<Provider> content =
-      PersonalityFile::Parse(input.Name(), input.Read(), workplace.Schemas());
+      PersonalityFile::Parse(input.Name(), document, workplace.Schemas());
   const std::vector<std::string> way = WayTo(arguments, content, workplace);
   std::optional<AtomicFile> output;  // that may be written is asked first
-  if (!arguments.dryRun) output.emplace(NewOutput(arguments, way.back()));
+  if (!arguments.dryRun) output.emplace(NewOutput(arguments, way.back(), workplace));
+  if (output && output->Exists() && input.Exists() && input.Read() != document) {  // it may be the same file
+    throw FileError(input.Name(), 0, "read", "changed by someone else meanwhile");
+  }
 
   const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
   const Conversion conversion = Converter(workplace.Parts(), messenger).Convert(content, way);
   const bool isConverted = conversion.result != nullptr;
   const bool isWritten = isConverted && output;
-  if (isWritten) output->Write(PersonalityFile::Format(output->Name(), *conversion.result));
+  if (isWritten) workplace.Save(*output, PersonalityFile::Format(output->Name(), *conversion.result));
   const Session labels(workplace.Parts(), content, messenger);
   const Converted converted{arguments, way, conversion, isWritten ? &*output : nullptr, labels};
   workplace.Tell([&] { return JsonOf(converted); }, [&](std::ostream& out) { Print(converted, out); });

@@ -115,7 +115,9 @@ void Print(const Compared& compared, std::ostream& out) {
 Json JsonOf(const std::vector<RecordDifference>& records) {
   Json list = Json::List();
   for (const RecordDifference& one : records) {
-    list.Add({{"table", one.table->number}, {"title", one.table->title}, {"record", Report::NumberOf(one.record)}});
+    list.Add({{"table", one.table->number},
+              {"title", one.table->title},
+              {"record", Report::NumberOf(one.record)}});
   }
   return list;
 }
@@ -168,7 +170,7 @@ Json JsonOf(const Compared& compared) {
 }
 
 ComparedPersonality Read(const std::string& file, Workplace& workplace) {
-  AtomicFile input(file);
+  AtomicFile input = workplace.FileAt(file);
   auto content = PersonalityFile::Parse(input.Name(), input.Read(), workplace.Schemas());
   try {
     return ForComparison(workplace.Parts(), std::move(content), workplace.Messenger());

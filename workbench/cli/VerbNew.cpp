@@ -27,7 +27,7 @@ std::int32_t BandPosition(const CodeWords& bands, const std::string& code) {
 }
 
 ExitCode MakeNew(const NewArguments& arguments, Workplace& workplace) {
-  AtomicFile file(arguments.file);
+  AtomicFile file = workplace.FileToSave(arguments.file);
   if (file.Exists() && !arguments.force) {
     throw UsageError(arguments.file + " is there already; --force overwrites it");
   }

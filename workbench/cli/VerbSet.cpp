@@ -60,10 +60,10 @@ struct Edited {
   std::optional<LostValue> lost = {};  // what a save would not keep
   std::vector<CellDifference> stored = {};
   std::vector<const SchemaTable*> laidOutAnew = {};
-  bool saved = false;
+  Report::Filed filed = Report::Filed::No;
   bool isOther = false;  // and no box has said so
   bool IsGranted() const { return result.accepted && !isOther && !result.IsLost() && !lost; }
-  Report::Outcome Outcome() const { return {result.accepted, IsGranted(), saved, result.others}; }
+  Report::Outcome Outcome() const { return {result.accepted, IsGranted(), filed, result.others}; }
 };
 
 /// A value of the edited field.
@@ -158,7 +158,7 @@ std::string TextOf(const CellDifference& cell, const Session& session) {
 void PrintLaidOutAnew(const Edited& edited, std::ostream& out) {
   for (const SchemaTable* table : edited.laidOutAnew) {
     const bool isEvery = RecordKeys::IsLaidOutAnew(*table);
-    out << (edited.saved ? "Laid out anew" : "Would be laid out anew")
+    out << (edited.filed == Report::Filed::Saved ? "Laid out anew" : "Would be laid out anew")
         << (isEvery ? ", as by every save: table " : ", as by the first save: table ") << table->number
         << " (" << table->title << ")\n";
   }
@@ -169,7 +169,7 @@ void PrintStored(const Edited& edited, const Session& session, std::ostream& out
     out << "The file holds the same values as before.\n";
     return;
   }
-  out << (edited.saved ? "Changed in the file:\n" : "Would change in the file:\n");
+  out << (edited.filed == Report::Filed::Saved ? "Changed in the file:\n" : "Would change in the file:\n");
   TextTable table({{""}, {""}, {""}, {""}});
   for (const CellDifference& cell : edited.stored) {
     const std::string label = session.LabelOf(*cell.shownAs);
@@ -182,7 +182,7 @@ void PrintStored(const Edited& edited, const Session& session, std::ostream& out
 Json JsonOf(const Edited& edited, const Session& session, const std::vector<Shown>& boxes) {
   const EditResult& result = edited.result;
   Json data = {{"accepted", edited.IsGranted()},
-               {"saved", edited.saved},
+               {"saved", edited.filed == Report::Filed::Saved},
                {"uiid", edited.uiid},
                {"fieldId", edited.field.id},
                {"label", session.LabelOf(edited.uiid)},
@@ -238,13 +238,12 @@ void FileAndSave(Edited& edited, OpenedFile& opened, const ComparedPersonality& 
   edited.stored = StoredChanges(filed);
   edited.laidOutAnew = LaidOutAnew(filed);
   if (edited.arguments.dryRun) return;
-  opened.Save(document);
-  edited.saved = true;
+  edited.filed = Report::FiledBy(opened.Save(document));
 }
 
 ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
   const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
-  OpenedFile opened(workplace, arguments.file, messenger);
+  OpenedFile opened(workplace, arguments.file, messenger, arguments.dryRun ? Purpose::Read : Purpose::Save);
   Session& session = opened.GetSession();
   const SchemaField& named = TypedNames::FieldNamed(opened.Content().GetSchema(), arguments.name);
   const std::string& uiid = EditedName(named, arguments.name);

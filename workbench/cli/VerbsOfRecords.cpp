@@ -32,11 +32,11 @@ struct Edited {
   const Grid& grid;
   const SchemaTable& table;
   RecordResult result;
-  bool saved = false;
+  Report::Filed filed = Report::Filed::No;
   const SchemaField* Identity(const Session& session) const {
     return result.identity.IsEmpty() ? nullptr : session.Content().GetSchema().IdentityOf(table);
   }
-  Report::Outcome Outcome() const { return {result.accepted, result.accepted, saved, result.others}; }
+  Report::Outcome Outcome() const { return {result.accepted, result.accepted, filed, result.others}; }
 };
 
 void Print(const Edited& edited, const Session& session, std::ostream& out) {
@@ -68,7 +68,7 @@ void Print(const Edited& edited, const Session& session, std::ostream& out) {
 Json JsonOf(const Edited& edited, const Session& session, const std::vector<Shown>& boxes) {
   const RecordResult& result = edited.result;
   Json data = {{"accepted", result.accepted},
-               {"saved", edited.saved},
+               {"saved", edited.filed == Report::Filed::Saved},
                {"action", kWords[static_cast<std::size_t>(edited.action)]},
                {"grid", edited.grid.name},
                {"table", edited.table.number},
@@ -102,7 +102,7 @@ RecordResult Carried(RecordEdits& edits, Action action, const RecordArguments& a
 
 ExitCode Carry(Action action, const RecordArguments& arguments, Workplace& workplace) {
   const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
-  OpenedFile opened(workplace, arguments.file, messenger);
+  OpenedFile opened(workplace, arguments.file, messenger, arguments.dryRun ? Purpose::Read : Purpose::Save);
   Session& session = opened.GetSession();
   const Grid& grid = Grids::Named(opened.Content().GetSchema(), arguments.grid);
   opened.ShowForms();
@@ -112,8 +112,7 @@ ExitCode Carry(Action action, const RecordArguments& arguments, Workplace& workp
   Edited edited{action, grid, edits.Table(), Carried(edits, action, arguments)};
   const std::vector<Shown> boxes = messenger->Boxes();
   if (edited.result.accepted && !arguments.dryRun) {
-    opened.Save();
-    edited.saved = true;
+    edited.filed = Report::FiledBy(opened.Save());
   }
   workplace.Tell([&] { return JsonOf(edited, session, boxes); },
                  [&](std::ostream& out) { Print(edited, session, out); });

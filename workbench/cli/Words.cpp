@@ -1,7 +1,9 @@
 #include "workbench/cli/Words.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -14,8 +16,14 @@ std::string NoRecord(const std::string& text) {
 }
 }  // namespace
 
+void Words::TakeFile(CLI::Option& option, std::string_view called) const {
+  constexpr std::string_view kFiles[] = {"FILE", "A", "B"};
+  if (fileMeant_.empty() || std::ranges::find(kFiles, called) == std::end(kFiles)) return;
+  option.transform([meant = fileMeant_](const std::string& word) { return word == "FILE" ? meant : word; });
+}
+
 void Words::Required(const char* name, std::string& word, const char* about) {
-  command_.add_option(name, word, about)->required();
+  TakeFile(*command_.add_option(name, word, about)->required(), name);
   Note({.name = name, .about = about, .isRequired = true});
 }
 
@@ -25,8 +33,13 @@ void Words::Required(const char* name, RecordNr& number, const char* about) {
 }
 
 void Words::Optional(const char* name, std::string& word, const char* about) {
-  command_.add_option(name, word, about);
+  TakeFile(*command_.add_option(name, word, about), name);
   Note({.name = name, .about = about});
+}
+
+void Words::Many(const char* name, std::vector<std::string>& words, const char* about) {
+  TakeFile(*command_.add_option(name, words, about)->take_all(), name);
+  Note({.name = name, .about = about, .isRepeated = true});
 }
 
 void Words::OptionalRecord(const char* name, RecordNr& record, const char* about) {
@@ -51,7 +64,7 @@ void Words::Flag(const char* name, bool& flag, const char* about) {
 }
 
 void Words::Option(const char* name, std::string& value, const char* type, const char* about) {
-  command_.add_option(name, value, about)->type_name(type);
+  TakeFile(*command_.add_option(name, value, about)->type_name(type), type);
   Note({.name = name, .value = type, .about = about});
 }
 
@@ -67,7 +80,7 @@ void Words::RecordOption(const char* name, RecordNr& record, const char* about) 
 
 void Words::ListOption(const char* name, std::vector<std::string>& values, const char* type,
                        const char* about) {
-  command_.add_option(name, values, about)->type_name(type)->take_all();
+  command_.add_option(name, values, about)->type_name(type)->take_all()->allow_extra_args(false);
   Note({.name = name, .value = type, .about = about, .isRepeated = true});
 }
 

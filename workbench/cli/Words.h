@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -9,7 +10,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 
 /// A word that a line may have, as help and completion tell of it.
 struct Word {
@@ -29,7 +31,9 @@ struct Word {
 /// of the help.
 class Words {
  public:
-  explicit Words(CLI::App& command) : command_(command) {}
+  /// `fileMeant`: the file that the word FILE stands for where the verb takes a file; empty for none.
+  explicit Words(CLI::App& command, std::string fileMeant = {})
+      : command_(command), fileMeant_(std::move(fileMeant)) {}
 
   // By their place on the line. The name tells what the word is ("FILE", "UIID", "GRID"), for completion.
 
@@ -38,6 +42,8 @@ class Words {
   void Optional(const char* name, std::string& word, const char* about);
   /// Records count from 1; any other number is refused.
   void OptionalRecord(const char* name, RecordNr& record, const char* about);
+  /// Any number of them, also none.
+  void Many(const char* name, std::vector<std::string>& words, const char* about);
   /// All words behind those that were declared, options among them: those of another command.
   void Rest(const char* name, std::vector<std::string>& words, const char* about);
 
@@ -65,8 +71,11 @@ class Words {
 
  private:
   void Note(Word word) { declared_.push_back(std::move(word)); }
+  /// Lets the word FILE stand for the file that is meant, where `called` tells that files go there.
+  void TakeFile(CLI::Option& option, std::string_view called) const;
 
   CLI::App& command_;
+  std::string fileMeant_;
   std::vector<Word> declared_;
   std::vector<std::string>* rest_ = nullptr;
 };

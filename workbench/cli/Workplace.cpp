@@ -1,11 +1,13 @@
 #include "workbench/cli/Workplace.h"
 
+#include <chrono>
 #include <iostream>
 #include <optional>
 #include <utility>
 
 #include "workbench/cli/TextTable.h"
 #include "workbench/files/FileError.h"
+#include "workbench/files/FileStage.h"
 #include "workbench/files/Printable.h"
 #include "workbench/files/TabbedFile.h"
 #include "workbench/host/TierLoader.h"
@@ -60,6 +62,25 @@ void Workplace::Tell(std::string_view name, Json list, const TextTable& table) {
       [&](std::ostream& out) { table.Print(out); });
 }
 
+AtomicFile Workplace::FileAt(const std::string& path) const {
+  return AtomicFile(path, FileLayer::OfSystem(), stage_);
+}
+
+AtomicFile Workplace::FileToSave(const std::string& path) const {
+  if (AtomicFile::IsStandardInput(path)) {
+    throw UsageError("standard input can only be read: name the file that is to be saved");
+  }
+  AtomicFile file = FileAt(path);
+  file.Lock(std::chrono::seconds(options.patience));
+  return file;
+}
+
+bool Workplace::Save(AtomicFile& file, std::string_view content) {
+  file.Write(content);
+  if (stage_ == nullptr) NoteSaved(1);
+  return stage_ == nullptr;
+}
+
 HostParts Workplace::Parts() {
   const std::string folder = FindDataFolder(options.data);
   if (schemas_ == nullptr || folder != schemaFolder_) {
@@ -83,10 +104,10 @@ std::shared_ptr<RecordingMessenger> Workplace::Messenger() {
 }
 
 OpenedFile::OpenedFile(Workplace& workplace, const std::string& path,
-                       std::shared_ptr<RecordingMessenger> messenger)
+                       std::shared_ptr<RecordingMessenger> messenger, Purpose purpose)
     : workplace_(workplace),
       schemas_(workplace.Parts().schemas),
-      file_(path),
+      file_(purpose == Purpose::Save ? workplace.FileToSave(path) : workplace.FileAt(path)),
       session_(workplace.Parts(), ReadContent(file_, *schemas_, workplace.options.factory),
                std::move(messenger)) {
   session_.SetFileName(file_.Name());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <iosfwd>
 #include <map>
 #include <memory>
@@ -30,6 +32,7 @@ struct Options {
   std::string data;
   std::string answer;
   bool factory = false;
+  std::int64_t patience = 5;  ///< seconds that a command waits for a file that another process is saving
   std::map<std::string_view, std::string>
       shown;  ///< the record that the forms show, by the words of Forms::Currents
 };
@@ -65,9 +68,26 @@ class Workplace {
   }
   /// A list by its name, and the table of the same rows.
   void Tell(std::string_view name, Json list, const TextTable& table);
-  /// What is emitted from now on is kept, that of many files as a list; `CollectNothing` goes back to printing.
+  /// What is emitted from now on is kept, that of many files as a list; `CollectNothing` goes back to
+  /// printing.
   void CollectIn(Json& data) { collected_ = &data; }
   void CollectNothing() { collected_ = nullptr; }
+
+  /// A file that the user names, to be read.
+  AtomicFile FileAt(const std::string& path) const;
+  /// One that is to be saved: it is kept from other processes as long as it lives. A UsageError for standard
+  /// input.
+  AtomicFile FileToSave(const std::string& path) const;
+  /// Writes it, or leaves it to the stage. False for the latter.
+  bool Save(AtomicFile& file, std::string_view content);
+  /// What is saved from now on goes there, all or nothing; null: to the files.
+  void StageIn(FileStage* stage) { stage_ = stage; }
+  void NoteSaved(std::size_t files) { saved_ += files; }
+  /// How many files have been saved by all commands.
+  std::size_t SavedCount() const { return saved_; }
+
+  /// The file that the word FILE stands for in a script; empty for none.
+  std::string fileMeant;
 
   /// From now on every tier that is opened is recorded; null: none is.
   void RecordBy(std::shared_ptr<Trace::Recorder> recorder) { recorder_ = std::move(recorder); }
@@ -85,6 +105,8 @@ class Workplace {
   std::ostream* out_;
   Json* collected_ = nullptr;
   bool hasEmitted_ = false;
+  FileStage* stage_ = nullptr;
+  std::size_t saved_ = 0;
   std::shared_ptr<Trace::Recorder> recorder_;
   std::string schemaFolder_;
   std::shared_ptr<const SchemaFiles> schemas_;
@@ -92,11 +114,15 @@ class Workplace {
   std::shared_ptr<RecordingMessenger> messenger_;
 };
 
+/// What a command is going to do with a personality file.
+enum class Purpose { Read, Save };
+
 /// A personality file and the session that works on its content.
 class OpenedFile {
  public:
   /// Reads the file; the content is as the file holds it until it is converted for the forms.
-  OpenedFile(Workplace& workplace, const std::string& path, std::shared_ptr<RecordingMessenger> messenger);
+  OpenedFile(Workplace& workplace, const std::string& path, std::shared_ptr<RecordingMessenger> messenger,
+             Purpose purpose = Purpose::Read);
   /// Content that is to go into the file.
   OpenedFile(Workplace& workplace, AtomicFile file, std::shared_ptr<Provider> content,
              std::shared_ptr<RecordingMessenger> messenger);
@@ -105,8 +131,9 @@ class OpenedFile {
   std::string Document();
   /// What a session finds that opens the document instead of the file.
   ComparedPersonality Reopened(const std::string& document);
-  void Save() { Save(Document()); }
-  void Save(const std::string& document) { file_.Write(document); }
+  /// False when the file is written later, with the others of a script.
+  bool Save() { return Save(Document()); }
+  bool Save(const std::string& document) { return workplace_.Save(file_, document); }
 
   /// What follows the opening: the content as the forms show it, turned to the records that the options name.
   /// What the forms did not take of the file is told on standard error. A UsageError for a record that is not
@@ -117,7 +144,7 @@ class OpenedFile {
   Provider& Content() { return session_.Content(); }
 
  private:
-  const Workplace& workplace_;
+  Workplace& workplace_;
   std::shared_ptr<const SchemaFiles> schemas_;
   AtomicFile file_;
   Session session_;

@@ -20,6 +20,11 @@ class FileError : public std::runtime_error {
   const std::string& Where() const { return where_; }
   const std::string& Reason() const { return reason_; }
 
+ protected:
+  /// A message that stands for itself.
+  FileError(const std::string& message, std::string file)
+      : std::runtime_error(message), file_(std::move(file)), line_(0), reason_(message) {}
+
  private:
   /// "FILE:LINE: WHERE: REASON" without what is missing.
   static std::string Text(const std::string& file, int line, const std::string& where,
@@ -29,4 +34,12 @@ class FileError : public std::runtime_error {
   int line_;
   std::string where_;
   std::string reason_;
+};
+
+/// A file that another process is saving.
+class BusyFile : public FileError {
+ public:
+  /// `holder` as FileLock tells it.
+  BusyFile(const std::string& file, const std::string& holder)
+      : FileError(file + " is in use by " + holder, file) {}
 };

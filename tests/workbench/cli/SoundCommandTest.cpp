@@ -34,7 +34,8 @@ TEST_F(SoundCommands, ShowWhatSoundsAndHowNetworksAlert) {
   EXPECT_EQ(sounds["indicators"][7]["sounds"], 1);
   EXPECT_EQ(sounds["cadences"]["emergency"], "1011011011");
   EXPECT_EQ(sounds["networks"].size(), 16U);
-  EXPECT_EQ(sounds["networks"][15]["alerts"]["priority"], json({{"type", 2}, {"typeWord", "Beep"}, {"seconds", 95}}));
+  EXPECT_EQ(sounds["networks"][15]["alerts"]["priority"],
+            json({{"type", 2}, {"typeWord", "Beep"}, {"seconds", 95}}));
   EXPECT_EQ(Run({"show", full, "sounds", "1"}), ExitCode::CouldNot);
 }
 

@@ -135,7 +135,8 @@ TEST_F(AtomicFileTest, RefusesASecondSaveWhileOneIsUnderWay) {
   const int other = ::open(side.c_str(), O_WRONLY);
   ASSERT_EQ(::flock(other, LOCK_EX), 0);
   AtomicFile file(path);
-  EXPECT_THAT(RefusalOf([&] { file.Write("ours"); }), HasSubstr("another program is saving"));
+  EXPECT_THAT(RefusalOf([&] { file.Write("ours"); }),
+              HasSubstr("p.json is in use by process " + std::to_string(::getpid()) + " (kd4410_tests)"));
   EXPECT_EQ(ContentOf(side), "of a killed save");
   ::close(other);
   file.Write("ours");  // what a killed save left is no obstacle
