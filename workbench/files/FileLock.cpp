@@ -53,7 +53,7 @@ std::string HolderOf(const struct stat& file) {
     if (kind != "FLOCK" || place != wanted) continue;
     std::string name;  // none: who took the lock has gone and has left it to a child
     std::getline(std::ifstream("/proc/" + process + "/comm"), name);
-    if (!name.empty()) return "process " + process + " (" + name + ")";
+    if (!name.empty()) return process.insert(0, "process ").append(" (").append(name).append(")");
   }
   return "another process";
 }

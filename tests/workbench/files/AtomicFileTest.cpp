@@ -12,6 +12,7 @@
 #include <cstring>
 
 #include "tests/workbench/FileHelpers.h"
+#include "workbench/files/FileStage.h"
 
 namespace {
 using testing::HasSubstr;
@@ -142,6 +143,27 @@ TEST_F(AtomicFileTest, RefusesASecondSaveWhileOneIsUnderWay) {
   file.Write("ours");  // what a killed save left is no obstacle
   EXPECT_EQ(ContentOf(path), "ours");
   EXPECT_EQ(FileCount(), 1);
+}
+
+TEST_F(AtomicFileTest, StagedFilesAreAllWrittenOrNone) {
+  const std::string second = folder.Write("q.json", "old");
+  for (int call = 1; call <= 4; ++call) {  // write, sync, rename, sync of the folder
+    SCOPED_TRACE(call);
+    folder.Write("p.json", "old");
+    folder.Write("q.json", "old");
+    FailingLayer layer(call, {ENOSPC, 0});
+    FileStage stage;
+    AtomicFile first(path, FileLayer::OfSystem(), &stage), last(second, layer, &stage);
+    first.Write("new");
+    last.Write("new");
+    EXPECT_EQ(AtomicFile(folder.PathOf("./p.json"), FileLayer::OfSystem(), &stage).Read(), "new");
+    EXPECT_EQ(ContentOf(path), "old");
+    const std::string message = RefusalOf([&] { stage.Publish(); });
+    EXPECT_THAT(message, HasSubstr(second));
+    EXPECT_EQ(ContentOf(path), call <= 2 ? "old" : "new");
+    EXPECT_EQ(message.find("saved before it: " + path) != std::string::npos, call > 2) << message;
+    EXPECT_EQ(FileCount(), 2) << "nothing is left beside them";
+  }
 }
 
 TEST_F(AtomicFileTest, TellsWhyAFileCanNotBeRead) {
