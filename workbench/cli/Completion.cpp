@@ -68,6 +68,7 @@ constexpr struct {
     {"TRACE", Source::Files},
     {"RADIO", Source::Files},
     {"PATH", Source::Files},
+    {"LIST", Source::Files},
     {"yes|no|FILE", Source::Files, AnswerWords},
     {"DIR", Source::Folders},
     {"UIID", Source::Fields},

@@ -13,6 +13,7 @@
 #include "workbench/jobs/Wording.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
+#include "workbench/store/ValueText.h"
 
 namespace IOSheet {
 namespace {

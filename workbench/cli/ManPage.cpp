@@ -22,10 +22,11 @@ constexpr Fact kFiles[] = {
     {"lib/kd4410",
      "The data files, the schema and the samples, beside the tier; --data names another folder."}};
 
-constexpr Fact kEnvironment[] = {
-    {"COLUMNS", "The width of the help, when it is set."},
-    {"NO_COLOR", "Needs no attention: the output has no colours."},
-    {"LC_ALL", "Its decimal symbol, or that of LC_NUMERIC or LANG, is the one of numbers on forms."}};
+constexpr Fact kEnvironment[] = {{"COLUMNS", "The width of the help, when it is set."},
+                                 {"NO_COLOR", "Needs no attention: the output has no colours."},
+                                 {"LC_ALL",
+                                  "Its decimal symbol, or that of LC_NUMERIC or LANG, is the one of numbers "
+                                  "at a terminal; elsewhere it is a point."}};
 
 /// As man shows it: a hyphen is a minus, for it may be copied.
 std::string Roff(std::string_view text) {

@@ -184,9 +184,10 @@ const Verb kCheck(
     {.name = "check",
      .about = "Run the rules of all fields, forms and of a save over every record and list all findings; "
               "nothing is changed",
-     .details = "Questions of the rules are answered yes, unless --answer says otherwise. Of many files the exit "
-                "code is the highest; --json prints an object a line for each, also for one that can not be "
-                "checked.",
+     .details =
+         "Questions of the rules are answered yes, unless --answer says otherwise. Of many files the exit "
+         "code is the highest; --json prints an object a line for each, also for one that can not be "
+         "checked.",
      .examples = {{"All findings of a personality", "kd4410 check samples/marine-harbour.json"},
                   {"How many there are", "kd4410 check samples/marine-harbour.json --json | jq .count"}}},
     Take, Check);

@@ -195,12 +195,13 @@ ExitCode Run(const RunArguments& arguments, Workplace& workplace) {
 const Verb kRun(
     {.name = "run",
      .about = "Run the commands of a script, one a line",
-     .details = "Words are separated by blanks; \"double quotes\" keep blanks together; # begins a comment. The "
-                "script stops at the first line that does not end with 0, for all files; what the lines before "
-                "it have saved stays saved. With --atomic nothing is saved then: lines read what earlier lines "
-                "wrote, and all files are written at the end. The exit code is the highest of the lines that "
-                "ran. FILE stands for the file of --file where a command takes a personality (also --out FILE), "
-                "and nowhere else; a file of that name is ./FILE.",
+     .details =
+         "Words are separated by blanks; \"double quotes\" keep blanks together; # begins a comment. The "
+         "script stops at the first line that does not end with 0, for all files; what the lines before "
+         "it have saved stays saved. With --atomic nothing is saved then: lines read what earlier lines "
+         "wrote, and all files are written at the end. The exit code is the highest of the lines that "
+         "ran. FILE stands for the file of --file where a command takes a personality (also --out FILE), "
+         "and nowhere else; a file of that name is ./FILE.",
      .inScripts = false,
      .examples = {{"Run the commands of edits.txt", "kd4410 run edits.txt"},
                   {"All of them, whatever one says", "kd4410 run edits.txt --keep-going --json"}}},

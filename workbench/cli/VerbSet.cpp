@@ -104,7 +104,8 @@ std::string WouldBeLost(const Edited& edited, const Session& session) {
                             std::to_string(lost.record);
   const std::string value = Quoted(lost, session, lost.now);
   if (SameCell(lost.before, lost.now)) {
-    return "a save would make " + Quoted(lost, session, lost.back) + " of the value " + value + " of " + place;
+    return "a save would make " + Quoted(lost, session, lost.back) + " of the value " + value + " of " +
+           place;
   }
   return "a save would lose the value " + value + " that the edit gives to " + place +
          ReasonOf(lost, session);

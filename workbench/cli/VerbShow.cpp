@@ -36,7 +36,7 @@ struct ViewColumn {
   TextTable::Align align = TextTable::Align::Left;
   std::vector<std::string> (*list)(const Provider& content,
                                    RecordNr record) = nullptr;  // in place of a field
-  std::string_view data = {};  // the field that JSON has in its place
+  std::string_view data = {};                                   // the field that JSON has in its place
 };
 
 /// The numbers of a group's channels, in the order of the members.

@@ -25,7 +25,7 @@ using Given = std::vector<std::string>;
 class ScriptContract : public ProcessCommand {
  protected:
   std::string PowerOf(const std::string& path, const std::string& record) const {
-    return Run({"get", path, "TxPower_k6k", record}).out.substr(0, 1);
+    return json::parse(Run({"get", path, "TxPower_k6k", record, "--json"}).out)["values"][0]["value"].dump();
   }
   std::string Program() const { return std::string(kWorkbench) + " --tier " + kTierLibrary + " "; }
   const std::string other = folder.Write("q.json", marine);

@@ -40,7 +40,7 @@ TEST_F(WordCommands, EveryVerbTellsACodeByItsWord) {
       {{"combo", city, "Band_k6k"}, "L3       9\n", "/items/9", R"({"item": "L3", "code": 9})"},
       {{"fields", "TxPower"},
        "Off, Very Low, Low, Medium, High\n",
-       "/0/words/4",
+       "/fields/0/words/4",
        R"({"code": 4, "word": "High"})"},
       {{"enabled", city, "EmCalloutNumber", "2", "--why"},
        "Callout Type is Fixed Number                    2  Disabled  no\n",
@@ -60,7 +60,7 @@ TEST_F(WordCommands, EveryVerbTellsACodeByItsWord) {
        "\"perhaps\" is refused: the field takes yes or no",
        "/beforeWord",
        R"("No")"},
-      {{"show", city, "selcall", "1"}, "Group Tone         A\n", "/0/groupToneWord", R"("A")"},
+      {{"show", city, "selcall", "1"}, "Group Tone         A\n", "/systems/0/groupToneWord", R"("A")"},
   };
   for (auto [command, text, place, told] : cases) {
     SCOPED_TRACE(command[0] + " " + command[1]);
