@@ -29,7 +29,7 @@ class ConsentingMessenger final : public Imessenger {
 std::shared_ptr<const SchemaFiles> RoomySchemas() {
   const auto folder = std::filesystem::temp_directory_path() / ("kd4410-bench-" + std::to_string(getpid()));
   std::filesystem::create_directories(folder);
-  for (const char* name : {"fields.tsv", "words.tsv"}) {
+  for (const char* name : {"fields.tsv", "words.tsv", "layouts.tsv", "references.tsv"}) {
     std::filesystem::copy_file(std::filesystem::path(SCHEMA_FOLDER) / name, folder / name);
   }
   std::ifstream original(SCHEMA_FOLDER "/tables.tsv");

@@ -153,9 +153,7 @@ class BurstReport {
   }
 
  private:
-  static bool IsPointer(const SchemaField& field) {
-    return field.IsRaw() && RecordKeys::PointsAt(field.id, kBursts);
-  }
+  static bool IsPointer(const SchemaField& field) { return field.IsRaw() && field.PointsInto(kBursts); }
   /// The record in the new version; 0 for none.
   RecordNr NewRecord(RecordNr record) const {
     const auto place = before_.Of(record);

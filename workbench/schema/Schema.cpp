@@ -93,6 +93,12 @@ bool Schema::IsAmbiguous(std::string_view name) const {
   return found != nullptr && found->field == kAmbiguous;
 }
 
+bool SchemaField::PointsInto(std::int32_t target) const {
+  return std::ranges::any_of(references, [&](const SchemaReference& reference) {
+    return reference.table == target && !reference.IsByNumber();
+  });
+}
+
 FieldNames::FieldNames(std::size_t capacity) : places_(std::bit_ceil(2 * capacity + 1)) {}
 
 std::size_t FieldNames::Place(std::string_view name) const {

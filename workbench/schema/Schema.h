@@ -22,6 +22,52 @@ enum class FieldType { Integer, Number, Text, Flag, Array };
 /// Whether a transformation of the field acts on one record or on its table as a whole.
 enum class FieldScope { Record, Table };
 
+/// Who writes the records of a table; `layouts.tsv` tells.
+enum class Upkeep {
+  InStep,           // they come and go with the owner's, or on their own
+  Save,             // every save lays out what there is for the owner's records; a file may have none
+  Anew,             // every save lays them out; they hold nothing of their own
+  FirstSave,        // the first save lays them out; from then on some of it is the user's
+  FirstSaveInPlace  // likewise, but all are there from the beginning
+};
+/// How the records of a table hang together: whose they are and what tells them apart.
+struct SchemaLayout {
+  std::int32_t owner = 0;  // the table that they belong to; 0 for none
+  RecordNr each = 0;       // so many for each record of the owner, in its order; 0: they are not laid out so
+  RecordNr ownerless = 0;  // so many at the head belong to none
+  std::vector<std::string> key;  // FieldIds; empty: an identity of the forms, else their place
+  std::string number;            // the stored field by which others know the record; empty for none
+  Upkeep upkeep = Upkeep::InStep;
+
+  /// Whether records are told apart by the owner's that they stand behind.
+  bool IsParallel() const { return each > 0 && key.empty(); }
+};
+
+/// What the value of a reference counts.
+enum class Counts {
+  FromZero,        // 0 is record 1
+  FromZeroOrNone,  // likewise, but 0 is no record
+  FromOne,
+  FromOneOrNone,  // likewise, but 0 is no record
+  Number,         // it is the number of the record (SchemaLayout)
+  NumberOrNone,   // likewise, but 0 is no record
+};
+/// That a stored field points at a record, of which table, and when.
+struct SchemaReference {
+  std::int32_t table = 0;
+  Counts counts = Counts::FromZero;
+  std::string selector;       // the FieldId of a field of the same record that says so; empty: it always does
+  std::int32_t selected = 0;  // by this value
+
+  bool IsByNumber() const { return counts == Counts::Number || counts == Counts::NumberOrNone; }
+  bool MayBeNone() const {
+    return counts == Counts::FromZeroOrNone || counts == Counts::FromOneOrNone ||
+           counts == Counts::NumberOrNone;
+  }
+  /// The value that points at record 1; of no meaning for one by number.
+  std::int32_t Base() const { return counts == Counts::FromOne || counts == Counts::FromOneOrNone ? 1 : 0; }
+};
+
 struct SchemaTable {
   std::size_t index = 0;  // its place in Schema::Tables
   std::int32_t number = 0;
@@ -31,6 +77,7 @@ struct SchemaTable {
   RecordNr maximum = 0;
   std::size_t firstField = 0;  // its fields lie together in Schema::Fields
   std::size_t fieldCount = 0;
+  SchemaLayout layout;
 
   bool IsRaw() const { return kind == StorageKind::Raw; }
 };
@@ -61,12 +108,16 @@ struct SchemaField {
   std::string twin;
   /// What its codes are called in the version; null for a quantity and for codes without words.
   std::shared_ptr<const CodeWords> words;
+  /// Of several the one holds whose selector has its value; where none holds the field is no reference.
+  std::vector<SchemaReference> references;
 
   bool IsRaw() const { return kind == StorageKind::Raw; }
   /// The name without the table number.
   std::string_view Name() const { return std::string_view(id).substr(id.find('.') + 1); }
   /// By which the command line calls it: the first of its UIIDs, else the FieldId.
   const std::string& CommonName() const { return uiids.empty() ? id : uiids.front(); }
+  /// Whether it points at places of the table, whatever another field says.
+  bool PointsInto(std::int32_t target) const;
   /// An identity is given out from the numbers that no record uses. Its default lies outside
   /// minimum..maximum, so that a new record takes no number away.
   bool isIdentity = false;
@@ -166,7 +217,7 @@ class Schema {
   std::vector<FieldNames> fieldsOfTable_;  // by their own names, in the order of the tables
 };
 
-/// The schema files of all versions: tables.tsv, fields.tsv and words.tsv of one folder.
+/// The schema files of all versions: tables.tsv, fields.tsv, words.tsv, layouts.tsv and references.tsv of one folder.
 class SchemaFiles {
  public:
   /// Reads the files. Throws a FileError for a file that is missing or damaged, and for rows that
@@ -209,8 +260,16 @@ class SchemaFiles {
     std::vector<WordsRow> words = {};
   };
 
-  /// By their FieldIds and UIIDs.
-  using FieldsByName = std::unordered_map<std::string_view, std::vector<FieldRow*>, NameHash, NameEqual>;
+  struct LayoutRow {
+    std::int32_t table = 0;
+    SchemaLayout layout;
+    VersionRange versions;
+  };
+  struct ReferenceRow {
+    std::string field;
+    SchemaReference reference;
+    VersionRange versions;
+  };
 
   static VersionRange RangeOf(const TabbedFile& file, std::size_t first, std::size_t last);
   void ReadTables();
@@ -218,17 +277,31 @@ class SchemaFiles {
   void ReadWords();
   /// Gives the words of a row to all rows of one field.
   static void GiveWords(const TabbedFile& file, std::span<FieldRow* const> fields, const WordsRow& row);
-  /// Whether the field's table exists in each version that the field exists in.
-  bool HasTableFor(const FieldRow& row) const;
+  void ReadLayouts();
+  void ReadReferences();
+  LayoutRow LayoutOfRow(const TabbedFile& file) const;
+  ReferenceRow ReferenceOfRow(const TabbedFile& file) const;
+  /// Whether the table exists in each of the versions.
+  bool HasTable(std::int32_t number, const VersionRange& versions) const;
+  /// Whether a stored field exists in each of the versions.
+  bool IsStored(std::string_view id, const VersionRange& versions) const;
   /// Throws when two fields of one version share a FieldId or a plain name.
-  void CheckNames() const;
+  void CheckNames();
+  /// Gives tables and fields of a version what the other two files say of them.
+  void Link(std::int32_t version, std::vector<SchemaTable>& tables, std::vector<SchemaField>& fields) const;
   std::shared_ptr<const Schema> Make(const VersionName& version) const;
 
   std::string tablesFile_;
   std::string fieldsFile_;
   std::string wordsFile_;
+  std::string layoutsFile_;
+  std::string referencesFile_;
   std::vector<TableRow> tables_;
   std::vector<FieldRow> fields_;
+  std::vector<LayoutRow> layouts_;
+  std::vector<ReferenceRow> references_;
   std::unordered_map<std::int32_t, std::vector<std::size_t>> rowsOfTable_;  // indices in tables_
+  /// By their FieldIds and UIIDs.
+  std::unordered_map<std::string_view, std::vector<FieldRow*>, NameHash, NameEqual> rowsOfName_;
   mutable std::map<std::string, std::shared_ptr<const Schema>, std::less<>> made_;
 };

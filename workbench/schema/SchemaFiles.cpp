@@ -52,6 +52,20 @@ constexpr std::string_view kNames[] = {"field", "words", "first", "last"};
 enum : std::size_t { kField, kWords, kFirst, kLast };
 }  // namespace words_columns
 
+namespace layout_columns {
+constexpr std::string_view kNames[] = {"table",  "owner",  "each",  "ownerless", "key",
+                                       "number", "upkeep", "first", "last"};
+enum : std::size_t { kTable, kOwner, kEach, kOwnerless, kKey, kNumber, kUpkeep, kFirst, kLast };
+}  // namespace layout_columns
+constexpr std::string_view kUpkeeps[] = {"", "save", "anew", "first-save", "first-save-in-place"};  // Upkeep
+
+namespace reference_columns {
+constexpr std::string_view kNames[] = {"field", "table", "counts", "selector", "selected", "first", "last"};
+enum : std::size_t { kField, kTable, kCounts, kSelector, kSelected, kFirst, kLast };
+}  // namespace reference_columns
+constexpr std::string_view kCounting[] = {"from-0",         "from-0-or-none", "from-1",
+                                          "from-1-or-none", "number",         "number-or-none"};  // Counts
+
 constexpr struct {
   std::string_view model;
   std::int32_t oldest;
@@ -191,6 +205,22 @@ std::shared_ptr<const CodeWords> WordsFor(const SchemaField& field,
   return std::make_shared<const CodeWords>(std::move(known));
 }
 
+/// The row says names of its own table alone: they become FieldIds.
+SchemaLayout LayoutOf(const TabbedFile& file) {
+  using namespace layout_columns;
+  const std::string table = std::string(file.Cell(kTable)) + ".";
+  SchemaLayout layout;
+  layout.owner = file.Integer(kOwner, 0);
+  layout.each = file.Integer(kEach, 0);
+  layout.ownerless = file.Integer(kOwnerless, 0);
+  if (layout.each < 0 || (layout.each > 0 && layout.owner == 0)) file.Fail(kEach, "of no owner's record");
+  if (layout.ownerless < 0) file.Fail(kOwnerless, "less than 0");
+  for (const std::string& name : SplitNames(file.Cell(kKey))) layout.key.push_back(table + name);
+  if (!file.Cell(kNumber).empty()) layout.number = table + std::string(file.Cell(kNumber));
+  layout.upkeep = static_cast<Upkeep>(file.Choice(kUpkeep, kUpkeeps, 0));
+  return layout;
+}
+
 SchemaTable TableOfRow(const TabbedFile& file) {
   using namespace table_columns;
   SchemaTable table;
@@ -251,26 +281,36 @@ void SchemaFiles::ReadFields() {
   TabbedFile file(fieldsFile_, kNames);
   while (file.NextRow()) {
     FieldRow row{FieldOfRow(file), RangeOf(file, kFirst, kLast), file.Line()};
-    if (!HasTableFor(row)) file.Fail(kTable, "no such table in each version of the field");
+    if (!HasTable(row.field.table, row.versions))
+      file.Fail(kTable, "no such table in each version of the field");
     fields_.push_back(std::move(row));
   }
   CheckNames();
 }
 
-bool SchemaFiles::HasTableFor(const FieldRow& row) const {
-  const auto found = rowsOfTable_.find(row.field.table);
+bool SchemaFiles::HasTable(std::int32_t number, const VersionRange& versions) const {
+  const auto found = rowsOfTable_.find(number);
   if (found == rowsOfTable_.end()) return false;
-  return std::ranges::all_of(kNumbers, [&](std::int32_t number) {
-    return !row.versions.Holds(number) || std::ranges::any_of(found->second, [&](std::size_t table) {
-      return tables_[table].versions.Holds(number);
+  return std::ranges::all_of(kNumbers, [&](std::int32_t version) {
+    return !versions.Holds(version) || std::ranges::any_of(found->second, [&](std::size_t table) {
+      return tables_[table].versions.Holds(version);
     });
   });
 }
 
-void SchemaFiles::CheckNames() const {
-  std::unordered_map<std::string_view, std::vector<const FieldRow*>, NameHash, NameEqual> rowsOfName;
-  const auto check = [&](std::string_view name, const FieldRow& row) {
-    auto& rows = rowsOfName[name];
+bool SchemaFiles::IsStored(std::string_view id, const VersionRange& versions) const {
+  const auto found = rowsOfName_.find(id);
+  if (found == rowsOfName_.end()) return false;
+  return std::ranges::all_of(kNumbers, [&](std::int32_t version) {
+    return !versions.Holds(version) || std::ranges::any_of(found->second, [&](const FieldRow* row) {
+      return row->versions.Holds(version) && row->field.IsRaw() && row->field.id == id;
+    });
+  });
+}
+
+void SchemaFiles::CheckNames() {
+  const auto check = [&](std::string_view name, FieldRow& row) {
+    auto& rows = rowsOfName_[name];
     for (const FieldRow* other : rows) {
       if (!other->versions.Overlaps(row.versions)) continue;
       throw FileError(fieldsFile_, row.line, std::string(name),
@@ -279,8 +319,8 @@ void SchemaFiles::CheckNames() const {
     rows.push_back(&row);
   };
   constexpr std::size_t kNamesPerField = 2;
-  rowsOfName.reserve(fields_.size() * kNamesPerField);
-  for (const FieldRow& row : fields_) {
+  rowsOfName_.reserve(fields_.size() * kNamesPerField);
+  for (FieldRow& row : fields_) {
     check(row.field.id, row);
     for (const std::string& uiid : row.field.uiids) check(uiid, row);
   }
@@ -289,17 +329,12 @@ void SchemaFiles::CheckNames() const {
 void SchemaFiles::ReadWords() {
   using namespace words_columns;
   TabbedFile file(wordsFile_, kNames);
-  FieldsByName fields;
-  for (FieldRow& row : fields_) {
-    fields[row.field.id].push_back(&row);
-    for (const std::string& uiid : row.field.uiids) fields[uiid].push_back(&row);
-  }
   while (file.NextRow()) {
     const WordsRow row{std::make_shared<const CodeWords>(CodeWords::Read(file, kWords)),
                        RangeOf(file, kFirst, kLast), file.Line()};
     for (const std::string& name : SplitNames(file.Cell(kField))) {
       std::vector<FieldRow*> meant;
-      if (const auto found = fields.find(name); found != fields.end()) meant = found->second;
+      if (const auto found = rowsOfName_.find(name); found != rowsOfName_.end()) meant = found->second;
       std::erase_if(meant, [&](const FieldRow* field) { return !field->versions.Overlaps(row.versions); });
       if (meant.empty()) file.Fail(kField, "no version of the row has a field " + name);
       GiveWords(file, meant, row);
@@ -328,14 +363,70 @@ void SchemaFiles::GiveWords(const TabbedFile& file, std::span<FieldRow* const> f
   }
 }
 
+SchemaFiles::LayoutRow SchemaFiles::LayoutOfRow(const TabbedFile& file) const {
+  using namespace layout_columns;
+  LayoutRow row{file.Integer(kTable), LayoutOf(file), RangeOf(file, kFirst, kLast)};
+  const SchemaLayout& layout = row.layout;
+  if (!HasTable(row.table, row.versions)) file.Fail(kTable, "no such table in each version of the row");
+  if (layout.owner != 0 && !HasTable(layout.owner, row.versions))
+    file.Fail(kOwner, "no such table in each version of the row");
+  for (const std::string& field : layout.key) {
+    if (!IsStored(field, row.versions)) file.Fail(kKey, field + " is not stored in each version of the row");
+  }
+  if (!layout.number.empty() && !IsStored(layout.number, row.versions))
+    file.Fail(kNumber, layout.number + " is not stored in each version of the row");
+  for (const LayoutRow& other : layouts_) {
+    if (other.table == row.table && other.versions.Overlaps(row.versions))
+      file.Fail(kTable, "described for the same versions in a row before");
+  }
+  return row;
+}
+
+void SchemaFiles::ReadLayouts() {
+  TabbedFile file(layoutsFile_, layout_columns::kNames);
+  while (file.NextRow()) layouts_.push_back(LayoutOfRow(file));
+}
+
+SchemaFiles::ReferenceRow SchemaFiles::ReferenceOfRow(const TabbedFile& file) const {
+  using namespace reference_columns;
+  ReferenceRow row{std::string(file.Cell(kField)), {}, RangeOf(file, kFirst, kLast)};
+  SchemaReference& reference = row.reference;
+  reference.table = file.Integer(kTable);
+  reference.counts = static_cast<Counts>(file.Choice(kCounts, kCounting, kRequired));
+  reference.selector = file.Cell(kSelector);
+  if (!reference.selector.empty()) reference.selected = file.Integer(kSelected);
+  if (!IsStored(row.field, row.versions)) file.Fail(kField, "not stored in each version of the row");
+  if (!HasTable(reference.table, row.versions)) file.Fail(kTable, "no such table in each version of the row");
+  const auto tableOf = [](const std::string& id) { return id.substr(0, id.find('.')); };
+  const bool isOfRecord =
+      IsStored(reference.selector, row.versions) && tableOf(reference.selector) == tableOf(row.field);
+  if (!reference.selector.empty() && !isOfRecord)
+    file.Fail(kSelector, "not stored beside the field in each version of the row");
+  const auto hasNumber = [&](const LayoutRow& layout) {
+    return layout.table == reference.table && !layout.layout.number.empty();
+  };
+  if (reference.IsByNumber() && std::ranges::none_of(layouts_, hasNumber))
+    file.Fail(kCounts, "the table has no number in " + layoutsFile_);
+  return row;
+}
+
+void SchemaFiles::ReadReferences() {
+  TabbedFile file(referencesFile_, reference_columns::kNames);
+  while (file.NextRow()) references_.push_back(ReferenceOfRow(file));
+}
+
 std::shared_ptr<const SchemaFiles> SchemaFiles::Read(const std::string& folder) {
   auto files = std::make_shared<SchemaFiles>();
   files->tablesFile_ = System::PathIn(folder, "tables.tsv");
   files->fieldsFile_ = System::PathIn(folder, "fields.tsv");
   files->wordsFile_ = System::PathIn(folder, "words.tsv");
+  files->layoutsFile_ = System::PathIn(folder, "layouts.tsv");
+  files->referencesFile_ = System::PathIn(folder, "references.tsv");
   files->ReadTables();
   files->ReadFields();
   files->ReadWords();
+  files->ReadLayouts();
+  files->ReadReferences();
   return files;
 }
 
@@ -368,5 +459,19 @@ std::shared_ptr<const Schema> SchemaFiles::Make(const VersionName& version) cons
     }
     table.fieldCount = fields.size() - table.firstField;
   }
+  Link(version.number, tables, fields);
   return std::make_shared<const Schema>(version, std::move(tables), std::move(fields));
+}
+
+void SchemaFiles::Link(std::int32_t version, std::vector<SchemaTable>& tables,
+                       std::vector<SchemaField>& fields) const {
+  for (const LayoutRow& row : layouts_) {
+    if (!row.versions.Holds(version)) continue;
+    std::ranges::find(tables, row.table, &SchemaTable::number)->layout = row.layout;
+  }
+  std::unordered_map<std::string_view, SchemaField*> fieldOf;
+  for (SchemaField& field : fields) fieldOf.emplace(field.id, &field);
+  for (const ReferenceRow& row : references_) {
+    if (row.versions.Holds(version)) fieldOf.at(row.field)->references.push_back(row.reference);
+  }
 }

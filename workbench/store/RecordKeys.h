@@ -13,6 +13,7 @@
 
 class Provider;
 struct SchemaField;
+struct SchemaReference;
 struct SchemaTable;
 
 /// A personality in the two shapes that a comparison needs.
@@ -43,8 +44,9 @@ class RecordKeys {
   /// What a stored pointer points at, "None" for nothing; no value for a field that is no pointer there.
   std::optional<std::string> Target(const SchemaField& field, RecordNr record);
 
-  /// Whether the stored field is a pointer to records of the table, whatever another field says.
-  static bool PointsAt(std::string_view fieldId, std::int32_t table);
+  /// As what the stored field points in this record; null where it points at nothing.
+  static const SchemaReference* ReferenceIn(const Provider& stored, const SchemaField& field,
+                                            RecordNr record);
 
   /// Every save lays the table out anew, from what other records hold (the codes that they point at) or from
   /// what is the same for all radios. It holds nothing of its own.
@@ -53,8 +55,8 @@ class RecordKeys {
   static bool IsFilledByFirstSave(const SchemaTable& table);
   /// Such a table has its records, and all of them are still as new ones are.
   static bool AwaitsFirstSave(const Provider& stored, const SchemaTable& table);
-  /// How many records the table needs for those that it keeps step with (a network's, a Selcall system's); no
-  /// value for a table that keeps step with none, or by a save alone.
+  /// How many records the table needs for its owner's (a network's, a Selcall system's); no value for a table
+  /// that is not laid out by an owner's records, or need not be.
   static std::optional<RecordNr> NeededRecords(const Provider& stored, const SchemaTable& table);
 
  private:

@@ -66,7 +66,7 @@ class RandomPersonality {
     if (!field.IsRaw() || field.type != FieldType::Integer || field.transform != 0) return false;
     for (const std::int32_t table :
          {5, 16, 18, 21, 24, 29, 30, 37, 48, 50, 51, 53, 61, 63, 64, 65, 72, 75, 80}) {
-      if (RecordKeys::PointsAt(field.id, table)) return false;
+      if (field.PointsInto(table)) return false;
     }
     return field.minimum < field.maximum && !field.isIdentity;
   }

@@ -15,13 +15,18 @@ constexpr const char* kFieldHeader =
     "table\tfield\tuiid\tkind\ttype\tdefault\tminimum\tmaximum\tscale\tunits\ttransform\tscope\tvalidation"
     "\twidth\tfirst\tlast\ttwin\n";
 constexpr const char* kWordsHeader = "field\twords\tfirst\tlast\n";
+constexpr const char* kLayoutHeader = "table\towner\teach\townerless\tkey\tnumber\tupkeep\tfirst\tlast\n";
+constexpr const char* kReferenceHeader = "field\ttable\tcounts\tselector\tselected\tfirst\tlast\n";
 constexpr const char* kTables = "5\tChannels\traw\t0\t100\t0029\t0094\n7\tOthers\tform\t1\t1\t0029\t0094\n";
 
 struct SchemaFolder {
-  SchemaFolder(const std::string& tables, const std::string& fields, const std::string& words = "") {
+  SchemaFolder(const std::string& tables, const std::string& fields, const std::string& words = "",
+               const std::string& layouts = "", const std::string& references = "") {
     folder.Write("tables.tsv", kTableHeader + tables);
     folder.Write("fields.tsv", kFieldHeader + fields);
     folder.Write("words.tsv", kWordsHeader + words);
+    folder.Write("layouts.tsv", kLayoutHeader + layouts);
+    folder.Write("references.tsv", kReferenceHeader + references);
   }
   std::shared_ptr<const Schema> At(std::string_view version) const {
     return SchemaFiles::Read(folder.Path())->At(version);
@@ -130,6 +135,28 @@ TEST(Schema, DamagedFilesAreRefusedWithLineAndColumn) {
   };
   for (const auto& [tables, fields, expected] : cases) {
     const SchemaFolder files(tables, fields);
+    EXPECT_THAT(RefusalOf([&] { SchemaFiles::Read(files.folder.Path()); }), HasSubstr(expected));
+  }
+  const std::string rows =
+      "5\tA\t\traw\tinteger\n5\tShown\t\tform\tinteger\n5\tNew\t\traw\tinteger\t\t\t\t\t\t\t\t\t\t0090\n"
+      "6\tB\t\traw\tinteger\n";
+  const std::tuple<std::string, std::string, const char*> links[] = {
+      {"5\t\t1\n", "", "layouts.tsv:2: each: of no owner's record: \"1\""},
+      {"5\t9\t1\n", "", "layouts.tsv:2: owner: no such table"},
+      {"5\t\t\t\tA|Shown\n", "", "layouts.tsv:2: key: 5.Shown is not stored"},
+      {"5\t\t\t\t\tNew\n", "", "layouts.tsv:2: number: 5.New is not stored in each version"},
+      {"5\t\t\t\t\t\tever\n", "", "layouts.tsv:2: upkeep: not one of"},
+      {"5\t\t\t\tA\n5\t\t\t\tA\t\t\t0090\n", "", "layouts.tsv:3: table: described for the same versions"},
+      {"", "5.Shown\t6\tfrom-0\n", "references.tsv:2: field: not stored in each version"},
+      {"", "5.New\t6\tfrom-0\t\t\t0089\n", "references.tsv:2: field: not stored in each version"},
+      {"", "5.A\t7\tfrom-0\n", "references.tsv:2: table: no such table"},
+      {"", "5.A\t6\tfrom-2\n", "references.tsv:2: counts: not one of from-0"},
+      {"", "5.A\t6\tfrom-0\t6.B\t1\n", "references.tsv:2: selector: not stored beside the field"},
+      {"", "5.A\t6\tfrom-0\t5.A\tall\n", "references.tsv:2: selected: not an integer"},
+      {"5\t\t\t\t\tA\n", "5.A\t6\tnumber\n", "references.tsv:2: counts: the table has no number"},
+  };
+  for (const auto& [layouts, references, expected] : links) {
+    const SchemaFolder files("5\tA\traw\t0\t9\n6\tB\traw\t0\t9\n", rows, "", layouts, references);
     EXPECT_THAT(RefusalOf([&] { SchemaFiles::Read(files.folder.Path()); }), HasSubstr(expected));
   }
   const TemporaryFolder folder;

@@ -32,6 +32,8 @@ std::shared_ptr<const Schema> TestSchema() {
                  "16\tName\t\traw\ttext\n"
                  "30\tBurst\t\traw\tarray\n");
     folder.Write("words.tsv", "field\twords\tfirst\tlast\n");
+    folder.Write("layouts.tsv", "table\towner\teach\townerless\tkey\tnumber\tupkeep\tfirst\tlast\n");
+    folder.Write("references.tsv", "field\ttable\tcounts\tselector\tselected\tfirst\tlast\n");
     return SchemaFiles::Read(folder.Path())->At("KD4410.0094");
   }();
   return schema;
