@@ -158,7 +158,7 @@ ExitCode Carry(const Verbs& verbs, Workplace& workplace) {
   try {
     return verbs.Run(workplace);
   } catch (...) {
-    return Failure::OfCurrentException().TellAt(workplace);
+    return Failure::OfCurrentException(workplace).TellAt(workplace);
   }
 }
 

@@ -7,19 +7,33 @@
 #include "workbench/files/Printable.h"
 #include "workbench/store/TypedNames.h"
 
-Failure Failure::OfCurrentException() {
-  constexpr const char* kNotSaved = ". Nothing was saved.";
+namespace {
+
+Failure OfFile(const FileError& error) {
+  return {ExitCode::CouldNot, "file", error.what(), error.File(), error.Line(), error.Where()};
+}
+
+/// A fault of the tier on a damaged file is the file's.
+Failure OfTier(const Workplace& workplace, const std::string& fault) {
+  if (workplace.damaged == nullptr) return {ExitCode::Fault, "tier", fault + ". Nothing was saved."};
+  const FileError& damage = *workplace.damaged;
+  return OfFile({damage.File(), damage.Line(), damage.Where(),
+                 damage.Reason() + "; the tier can not work on it: " + fault});
+}
+
+}  // namespace
+
+Failure Failure::OfCurrentException(const Workplace& workplace) {
   try {
     throw;
   } catch (const TierFault& fault) {
-    return {ExitCode::Fault, "tier", std::string("a fault of the tier: ") + fault.what() + kNotSaved};
+    return OfTier(workplace, std::string("a fault of the tier: ") + fault.what());
   } catch (const Error& error) {
-    return {ExitCode::Fault, "tier",
-            "error " + std::to_string(error.Number()) + ": " + error.what() + kNotSaved};
+    return OfTier(workplace, "error " + std::to_string(error.Number()) + ": " + error.what());
   } catch (const BusyFile& error) {
     return {ExitCode::CouldNot, "busy", error.what(), error.File()};
   } catch (const FileError& error) {
-    return {ExitCode::CouldNot, "file", error.what(), error.File(), error.Line(), error.Where()};
+    return OfFile(error);
   } catch (const std::exception& error) {
     return OfUsage(error.what());
   }

@@ -14,8 +14,8 @@ struct Failure {
   int line = 0;           ///< of the file, from 1; 0 for none
   std::string path = {};  ///< where in the file: "tables.5[3].ChannelRxFreq", a column, the step that failed
 
-  /// Of the exception that is being handled.
-  static Failure OfCurrentException();
+  /// Of the exception that is being handled by a command.
+  static Failure OfCurrentException(const Workplace& workplace);
   static Failure OfUsage(std::string message) { return {ExitCode::CouldNot, "usage", std::move(message)}; }
 
   /// The same of one of many files, which it names.

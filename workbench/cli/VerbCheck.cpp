@@ -13,10 +13,13 @@
 #include "workbench/cli/Failure.h"
 #include "workbench/cli/Report.h"
 #include "workbench/cli/Verb.h"
+#include "workbench/files/FileError.h"
 #include "workbench/files/Printable.h"
+#include "workbench/jobs/Integrity.h"
 #include "workbench/jobs/PersonalityCheck.h"
 #include "workbench/jobs/Session.h"
 #include "workbench/jobs/Wording.h"
+#include "workbench/store/Provider.h"
 #include "workbench/store/TypedNames.h"
 #include "workbench/store/ValueText.h"
 
@@ -39,6 +42,11 @@ Json JsonOf(const Session& session, const Finding& finding) {
   }
   json["text"] = Report::LinesOf(finding.text);
   if (!finding.answer.empty()) json["answer"] = finding.answer;
+  if (!finding.path.empty()) {
+    json["line"] = finding.line;
+    json["path"] = finding.path;
+    json["consequence"] = finding.consequence;
+  }
   return json;
 }
 
@@ -58,22 +66,30 @@ void PrintText(const std::string& text, std::ostream& out) {
   }
 }
 
-void PrintPlace(const Session& session, const Finding& finding, std::ostream& out) {
-  out << "  - " << finding.label;
-  if (finding.table >= 0) {
-    out << ", table " << finding.table << " record " << finding.record;
+void PrintPlace(const Session& session, const std::string& file, const Finding& finding, std::ostream& out) {
+  out << "  - ";
+  if (!finding.path.empty()) {
+    out << Printable::Text(file) << ':' << finding.line << ": " << finding.path;
     if (!finding.identity.empty()) out << " (number " << finding.identity << ")";
+  } else {
+    out << finding.label;
+    if (finding.table >= 0) {
+      out << ", table " << finding.table << " record " << finding.record;
+      if (!finding.identity.empty()) out << " (number " << finding.identity << ")";
+    }
   }
   if (finding.field != nullptr) {
     out << ": " << Printable::Quoted(WordOf(session, finding).value_or(ValueText::Of(finding.value)));
   }
   out << " [" << finding.rule << "]";
   if (!finding.answer.empty()) out << ", answered " << finding.answer;
+  if (!finding.consequence.empty()) out << "; " << finding.consequence;
   out << '\n';
 }
 
 /// Findings of the same text stand together under it, in the order in which they came first.
-void Print(const Session& session, const std::vector<Finding>& findings, std::ostream& out) {
+void Print(const Session& session, const std::string& file, const std::vector<Finding>& findings,
+           std::ostream& out) {
   std::vector<std::vector<const Finding*>> groups;
   std::map<std::pair<FindingKind, std::string_view>, std::size_t> groupOf;
   for (const Finding& finding : findings) {
@@ -84,7 +100,7 @@ void Print(const Session& session, const std::vector<Finding>& findings, std::os
   for (const auto& group : groups) {
     out << NameOf(group.front()->kind) << ":\n";
     PrintText(group.front()->text, out);
-    for (const Finding* finding : group) PrintPlace(session, *finding, out);
+    for (const Finding* finding : group) PrintPlace(session, file, *finding, out);
     out << '\n';
   }
   out << findings.size() << (findings.size() == 1 ? " finding\n" : " findings\n");
@@ -95,55 +111,95 @@ struct CheckArguments {
   std::string list;
 };
 
-/// What the check of a file has found, told with the words of its session.
+/// What a save would make of the damages.
+void TrySave(std::vector<Damage>& damages, const Provider& stored, Session& session) {
+  const auto sayAll = [&](const std::string& consequence) {
+    for (Damage& damage : damages) damage.consequence = consequence;
+  };
+  try {
+    sayAll("it can not be saved");
+    const std::shared_ptr<Provider> saved = session.ConvertedToRaw();
+    for (Damage& damage : damages) damage.consequence = ConsequenceOf(damage, stored, *saved);
+  } catch (const FileError& error) {
+    sayAll("it can not be saved: " + error.Where() + ": " + error.Reason());
+  }
+}
+
+/// Shows the file on its forms. What is damaged is told first, whether that can be done or not.
+void ShowForms(OpenedFile& opened, PersonalityCheck& check) {
+  std::vector<Damage> damages = opened.Stored().Damages();
+  if (damages.empty()) return opened.ShowForms();
+  const std::shared_ptr<Provider> stored = opened.Content().Copy();
+  check.Tell(damages);
+  for (Damage& damage : damages) damage.consequence = "the tier can not open the file";
+  try {
+    opened.ShowForms();
+    TrySave(damages, *stored, opened.GetSession());
+  } catch (...) {
+    check.TellConsequences(damages);
+    throw;
+  }
+  check.TellConsequences(damages);
+}
+
+/// The check of a file, told with the words of its session.
 class Checked {
  public:
   Checked(std::string file, Workplace& workplace)
       : file_(std::move(file)),
         messenger_(std::make_shared<CheckMessenger>(workplace.GivenAnswers())),
-        opened_(workplace, file_, messenger_) {
-    PersonalityCheck check(opened_.GetSession(), *messenger_);
-    check.CheckLimits();
-    opened_.ShowForms();
-    messenger_->Clear();
-    check.RunRules();
-    findings_ = check.Findings();
-  }
+        opened_(workplace, file_, messenger_, Purpose::Read, OnDamage::Leave),
+        check_(opened_.GetSession(), *messenger_) {}
 
-  Json AsJson() { return JsonOf(opened_.GetSession(), file_, findings_); }
-  void Print(std::ostream& out) { ::Print(opened_.GetSession(), findings_, out); }
-  ExitCode Code() const { return findings_.empty() ? ExitCode::Done : ExitCode::No; }
+  /// Tells the findings, also those from before a fault.
+  template <typename Tell>
+  ExitCode Run(Tell tell) {
+    try {
+      ShowForms(opened_, check_);
+      messenger_->Clear();
+      check_.RunRules();
+    } catch (...) {
+      if (!check_.Findings().empty()) tell();
+      throw;
+    }
+    tell();
+    return check_.Findings().empty() ? ExitCode::Done : ExitCode::No;
+  }
+  Json AsJson() { return JsonOf(opened_.GetSession(), file_, check_.Findings()); }
+  void Print(std::ostream& out) { ::Print(opened_.GetSession(), file_, check_.Findings(), out); }
 
  private:
   std::string file_;
   std::shared_ptr<CheckMessenger> messenger_;
   OpenedFile opened_;
-  std::vector<Finding> findings_;
+  PersonalityCheck check_;
 };
 
 ExitCode CheckOne(const std::string& file, Workplace& workplace) {
   Checked checked(file, workplace);
-  workplace.Tell([&] { return checked.AsJson(); }, [&](std::ostream& out) { checked.Print(out); });
-  return checked.Code();
+  return checked.Run([&] {
+    workplace.Tell([&] { return checked.AsJson(); }, [&](std::ostream& out) { checked.Print(out); });
+  });
 }
 
 /// One of many. What can not be checked does not keep the others from it.
 ExitCode CheckNext(const std::string& file, Workplace& workplace) {
+  workplace.damaged = nullptr;
+  bool isTold = false;  // what has been found before it failed is
   try {
     Checked checked(file, workplace);
-    if (workplace.options.json) {
-      workplace.EmitLine(checked.AsJson());
-    } else {
+    return checked.Run([&] {
+      isTold = true;
+      if (workplace.options.json) return workplace.EmitLine(checked.AsJson());
       workplace.Tell(Json::Object, [&](std::ostream& out) {
         out << Printable::Text(file) << ":\n";
         checked.Print(out);
       });
-    }
-    return checked.Code();
+    });
   } catch (...) {
-    const Failure failure = Failure::OfCurrentException().With(file);
+    const Failure failure = Failure::OfCurrentException(workplace).With(file);
     std::cerr << workplace.prefix << failure.ForPeople() << '\n';
-    if (workplace.options.json) workplace.EmitLine(failure.AsJson());
+    if (workplace.options.json && !isTold) workplace.EmitLine(failure.AsJson());
     return failure.code;
   }
 }

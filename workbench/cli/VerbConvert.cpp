@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "workbench/cli/Report.h"
+#include "workbench/cli/StoredReport.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/files/AtomicFile.h"
@@ -31,6 +32,7 @@ struct ConvertArguments {
   std::string out;
   bool force = false;
   bool dryRun = false;
+  bool repair = false;
   bool explains = false;
   std::string explained;  // the version that FILE leads to
 };
@@ -214,21 +216,25 @@ struct Converted {
   const Conversion& conversion;
   const AtomicFile* written;
   const Session& session;  // knows the labels
+  const std::optional<Repair>& repair;
 };
 
 Json JsonOf(const Converted& converted) {
   Json hops = Json::List();
   for (const Hop& hop : converted.conversion.hops) hops.Add(JsonOf(converted.session, hop));
   const AtomicFile* written = converted.written;
-  return {{"file", converted.arguments.file},
-          {"from", converted.way.front()},
-          {"to", converted.way.back()},
-          {"written", written == nullptr ? Json(nullptr) : Json(written->Name())},
-          {"hops", std::move(hops)}};
+  Json data = {{"file", converted.arguments.file},
+               {"from", converted.way.front()},
+               {"to", converted.way.back()},
+               {"written", written == nullptr ? Json(nullptr) : Json(written->Name())},
+               {"hops", std::move(hops)}};
+  Report::AddRepair(data, converted.repair, converted.session);
+  return data;
 }
 
 void Print(const Converted& converted, std::ostream& out) {
   const std::vector<Hop>& hops = converted.conversion.hops;
+  Report::PrintRepair(converted.repair, converted.written != nullptr, converted.session, out);
   for (const Hop& hop : hops) PrintHop(converted.session, hop, out);
   if (converted.written != nullptr) {
     out << Printable::Text(converted.written->Name()) << ": written as version " << converted.way.back()
@@ -287,23 +293,25 @@ ExitCode ConvertFile(const ConvertArguments& arguments, Workplace& workplace) {
   if (!arguments.explained.empty()) throw UsageError("a second version goes with --explain alone");
   if (arguments.version.empty()) throw UsageError("--to is required");
   AtomicFile input = workplace.FileAt(arguments.file);
-  const std::string document = input.Read();
-  const std::shared_ptr<Provider> content =
-      PersonalityFile::Parse(input.Name(), document, workplace.Schemas());
+  const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
+  const StoredFile stored(workplace, input, arguments.repair ? OnDamage::Repair : OnDamage::Refuse,
+                          messenger);
+  const std::shared_ptr<Provider>& content = stored.Content();
   const std::vector<std::string> way = WayTo(arguments, content, workplace);
   std::optional<AtomicFile> output;  // that may be written is asked first
   if (!arguments.dryRun) output.emplace(NewOutput(arguments, way.back(), workplace));
-  if (output && output->Exists() && input.Exists() && input.Read() != document) {  // it may be the same file
+  if (output && output->Exists() && input.Exists() &&
+      input.Read() != stored.Document()) {  // it may be the same file
     throw FileError(input.Name(), 0, "read", "changed by someone else meanwhile");
   }
 
-  const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
   const Conversion conversion = Converter(workplace.Parts(), messenger).Convert(content, way);
   const bool isConverted = conversion.result != nullptr;
   const bool isWritten = isConverted && output;
   if (isWritten) workplace.Save(*output, PersonalityFile::Format(output->Name(), *conversion.result));
   const Session labels(workplace.Parts(), content, messenger);
-  const Converted converted{arguments, way, conversion, isWritten ? &*output : nullptr, labels};
+  const Converted converted{arguments,        way, conversion, isWritten ? &*output : nullptr, labels,
+                            stored.Repaired()};
   workplace.Tell([&] { return JsonOf(converted); }, [&](std::ostream& out) { Print(converted, out); });
   return isConverted ? ExitCode::Done : ExitCode::No;
 }
@@ -317,6 +325,7 @@ void Take(Words& words, ConvertArguments& given) {
   words.Flag("--explain", given.explains,
              "Tell what the steps between two versions do (--explain 0090 0089)");
   words.Flag("--dry-run", given.dryRun, "Do everything but write the file");
+  words.Flag("--repair", given.repair, kRepairAbout);
 }
 
 const Verb kConvert(

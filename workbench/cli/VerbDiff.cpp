@@ -11,7 +11,6 @@
 #include "workbench/files/Printable.h"
 #include "workbench/jobs/Difference.h"
 #include "workbench/jobs/Wording.h"
-#include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/RecordKeys.h"
 #include "workbench/store/ValueText.h"
@@ -171,12 +170,9 @@ Json JsonOf(const Compared& compared) {
 
 ComparedPersonality Read(const std::string& file, Workplace& workplace) {
   AtomicFile input = workplace.FileAt(file);
-  auto content = PersonalityFile::Parse(input.Name(), input.Read(), workplace.Schemas());
-  try {
-    return ForComparison(workplace.Parts(), std::move(content), workplace.Messenger());
-  } catch (const TierFault& fault) {
-    throw TierFault(Printable::Text(file) + ": " + fault.what());
-  }
+  const StoredFile stored(workplace, input, OnDamage::Warn, workplace.Messenger());
+  return stored.Opening(
+      [&] { return ForComparison(workplace.Parts(), stored.Content(), workplace.Messenger()); });
 }
 
 struct DiffArguments {

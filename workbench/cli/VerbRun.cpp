@@ -143,7 +143,7 @@ class Script {
     try {
       words = WordCutter(line).Words();
     } catch (const UsageError&) {
-      return Failure::OfCurrentException().TellAt(workplace_);
+      return Failure::OfCurrentException(workplace_).TellAt(workplace_);
     }
     if (words.empty()) return {};
     if (words.front() == "kd4410") words.erase(words.begin());

@@ -6,16 +6,14 @@
 
 #include "platform/CaseText.h"
 #include "workbench/cli/Report.h"
-#include "workbench/cli/TextTable.h"
+#include "workbench/cli/StoredReport.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/files/Printable.h"
-#include "workbench/jobs/Difference.h"
 #include "workbench/jobs/FiledEdit.h"
 #include "workbench/jobs/Forms.h"
 #include "workbench/jobs/Wording.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
-#include "workbench/store/RecordKeys.h"
 #include "workbench/store/TypedNames.h"
 #include "workbench/store/ValueText.h"
 
@@ -27,6 +25,7 @@ struct EditArguments {
   RecordNr record = 0;
   std::string value;
   bool dryRun = false;
+  bool repair = false;
 };
 
 void Take(Words& words, EditArguments& given) {
@@ -35,6 +34,7 @@ void Take(Words& words, EditArguments& given) {
   words.Required("RECORD", given.record, "Record, from 1; 1 for a field of a single-record table");
   words.Required("VALUE", given.value, "What is typed into the field");
   words.Flag("--dry-run", given.dryRun, "Do everything but save");
+  words.Flag("--repair", given.repair, kRepairAbout);
 }
 
 /// The UIID by which the field is edited: the one that was given, or the field's first.
@@ -56,10 +56,10 @@ struct Edited {
   const EditArguments& arguments;
   const SchemaField& field;
   const std::string& uiid;
+  const std::optional<Repair>& repair;
   EditResult result;
   std::optional<LostValue> lost = {};  // what a save would not keep
-  std::vector<CellDifference> stored = {};
-  std::vector<const SchemaTable*> laidOutAnew = {};
+  FiledChanges changes = {};
   Report::Filed filed = Report::Filed::No;
   bool isOther = false;  // and no box has said so
   bool IsGranted() const { return result.accepted && !isOther && !result.IsLost() && !lost; }
@@ -111,75 +111,6 @@ std::string WouldBeLost(const Edited& edited, const Session& session) {
          ReasonOf(lost, session);
 }
 
-/// Of what a person reads.
-std::optional<std::string> WordOf(const CellDifference& cell, const Session& session, const Variant& value) {
-  return Report::WordOfShown(session, *cell.field, *cell.shownAs, value);
-}
-
-Json JsonOf(const Session& session, const std::vector<CellDifference>& stored) {
-  Json list = Json::List();
-  for (const CellDifference& cell : stored) {
-    Json one = {{"table", cell.table->number},
-                {"title", cell.table->title},
-                {"record", Report::NumberOf(cell.record)},
-                {"fieldId", cell.field->id},
-                {"label", session.LabelOf(*cell.shownAs)}};
-    const auto addShown = [&](const char* name, const Variant& value) {
-      Report::AddValue(one, name, Report::JsonOf(*cell.shownAs, value), WordOf(cell, session, value));
-    };
-    const auto addStored = [&](const char* name, const Variant& value) {
-      Report::AddValue(one, name, Report::JsonOf(*cell.field, value),
-                       Wording::WordOfStored(*cell.field, value));
-    };
-    addShown("before", cell.a);
-    addShown("after", cell.b);
-    addStored("storedBefore", cell.storedA);
-    addStored("storedAfter", cell.storedB);
-    list.Add(std::move(one));
-  }
-  return list;
-}
-
-/// By its meaning, and behind it what is stored where that is something else.
-std::string TextOf(const CellDifference& cell, const Session& session) {
-  const auto text = [](const Variant& value, const std::optional<std::string>& word) {
-    return value.IsEmpty() ? "(no record)" : word.value_or(ValueText::Of(value));
-  };
-  const auto meant = [&](const Variant& value) { return text(value, WordOf(cell, session, value)); };
-  const auto stored = [&](const Variant& value) {
-    return text(value, Wording::WordOfStored(*cell.field, value));
-  };
-  const std::string change = meant(cell.a) + " -> " + meant(cell.b);
-  const std::string storedChange = stored(cell.storedA) + " -> " + stored(cell.storedB);
-  const bool isSame = SameCell(cell.a, cell.storedA) && SameCell(cell.b, cell.storedB);
-  const bool tellsMore = !isSame && storedChange != change && stored(cell.storedA) != stored(cell.storedB);
-  return tellsMore ? change + " (stored: " + storedChange + ")" : change;
-}
-
-void PrintLaidOutAnew(const Edited& edited, std::ostream& out) {
-  for (const SchemaTable* table : edited.laidOutAnew) {
-    const bool isEvery = RecordKeys::IsLaidOutAnew(*table);
-    out << (edited.filed == Report::Filed::Saved ? "Laid out anew" : "Would be laid out anew")
-        << (isEvery ? ", as by every save: table " : ", as by the first save: table ") << table->number
-        << " (" << table->title << ")\n";
-  }
-}
-
-void PrintStored(const Edited& edited, const Session& session, std::ostream& out) {
-  if (edited.stored.empty()) {
-    out << "The file holds the same values as before.\n";
-    return;
-  }
-  out << (edited.filed == Report::Filed::Saved ? "Changed in the file:\n" : "Would change in the file:\n");
-  TextTable table({{""}, {""}, {""}, {""}});
-  for (const CellDifference& cell : edited.stored) {
-    const std::string label = session.LabelOf(*cell.shownAs);
-    table.Add({cell.field->id, label == cell.field->id ? "" : label, cell.table->title + " " + cell.record,
-               TextOf(cell, session)});
-  }
-  table.Print(out, 2);
-}
-
 Json JsonOf(const Edited& edited, const Session& session, const std::vector<Shown>& boxes) {
   const EditResult& result = edited.result;
   Json data = {{"accepted", edited.IsGranted()},
@@ -198,10 +129,8 @@ Json JsonOf(const Edited& edited, const Session& session, const std::vector<Show
   if (edited.isOther || result.IsLost()) data["refusal"] = NotHeld(edited, session);
   if (edited.lost) data["refusal"] = WouldBeLost(edited, session);
   Report::AddTo(data, edited.Outcome(), session, boxes);
-  data["stored"] = JsonOf(session, edited.stored);
-  Json anew = Json::List();
-  for (const SchemaTable* table : edited.laidOutAnew) anew.Add(table->number);
-  data["laidOutAnew"] = std::move(anew);
+  Report::AddFiled(data, edited.changes, session);
+  Report::AddRepair(data, edited.repair, session);
   return data;
 }
 
@@ -224,8 +153,9 @@ void Print(const Edited& edited, const Session& session, std::ostream& out) {
   }
   Report::Print(edited.Outcome(), session, out);
   if (!edited.IsGranted()) return;
-  PrintStored(edited, session, out);
-  PrintLaidOutAnew(edited, out);
+  const bool saved = edited.filed == Report::Filed::Saved;
+  Report::PrintFiled(edited.changes, saved, session, out);
+  Report::PrintRepair(edited.repair, saved, session, out);
 }
 
 /// What the edit makes of the file, and the save unless something would be lost.
@@ -236,15 +166,16 @@ void FileAndSave(Edited& edited, OpenedFile& opened, const ComparedPersonality& 
                         after};
   edited.lost = LostValueOf(filed);
   if (edited.lost) return;
-  edited.stored = StoredChanges(filed);
-  edited.laidOutAnew = LaidOutAnew(filed);
+  edited.changes = ChangesInFile(before, after, &opened.Content().GetSchema().TableOf(edited.field),
+                                 edited.arguments.record);
   if (edited.arguments.dryRun) return;
   edited.filed = Report::FiledBy(opened.Save(document));
 }
 
 ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
   const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
-  OpenedFile opened(workplace, arguments.file, messenger, arguments.dryRun ? Purpose::Read : Purpose::Save);
+  OpenedFile opened(workplace, arguments.file, messenger, arguments.dryRun ? Purpose::Read : Purpose::Save,
+                    arguments.repair ? OnDamage::Repair : OnDamage::Refuse);
   Session& session = opened.GetSession();
   const SchemaField& named = TypedNames::FieldNamed(opened.Content().GetSchema(), arguments.name);
   const std::string& uiid = EditedName(named, arguments.name);
@@ -259,7 +190,8 @@ ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
   before.forms = opened.Content().Copy();
 
   messenger->Clear();
-  Edited edited{arguments, field, uiid, session.Edit(field, uiid, arguments.record, arguments.value)};
+  Edited edited{arguments, field, uiid, opened.Stored().Repaired(),
+                session.Edit(field, uiid, arguments.record, arguments.value)};
   const std::vector<Shown> boxes = messenger->Boxes();
   edited.isOther = boxes.empty() && edited.result.IsOther(field);
   if (edited.IsGranted()) FileAndSave(edited, opened, before);

@@ -1,9 +1,12 @@
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <vector>
 
 #include "workbench/cli/Report.h"
+#include "workbench/cli/StoredReport.h"
 #include "workbench/cli/Verb.h"
+#include "workbench/jobs/FiledEdit.h"
 #include "workbench/jobs/RecordEdits.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
@@ -22,6 +25,7 @@ struct RecordArguments {
   std::string grid;
   RecordNr record = 0;  // to be deleted, or to insert before
   bool dryRun = false;
+  bool repair = false;
   std::int64_t count = 1;  // to be added
   RecordNr from = 0;       // whose values they take
 };
@@ -31,7 +35,9 @@ struct Edited {
   Action action;
   const Grid& grid;
   const SchemaTable& table;
+  const std::optional<Repair>& repair;
   RecordResult result;
+  FiledChanges changes = {};
   Report::Filed filed = Report::Filed::No;
   const SchemaField* Identity(const Session& session) const {
     return result.identity.IsEmpty() ? nullptr : session.Content().GetSchema().IdentityOf(table);
@@ -63,6 +69,10 @@ void Print(const Edited& edited, const Session& session, std::ostream& out) {
   }
   out << ": " << (result.accepted ? kDone[static_cast<std::size_t>(edited.action)] : result.refusal) << '\n';
   Report::Print(edited.Outcome(), session, out);
+  if (!result.accepted) return;
+  const bool saved = edited.filed == Report::Filed::Saved;
+  Report::PrintFiled(edited.changes, saved, session, out);
+  Report::PrintRepair(edited.repair, saved, session, out);
 }
 
 Json JsonOf(const Edited& edited, const Session& session, const std::vector<Shown>& boxes) {
@@ -85,6 +95,8 @@ Json JsonOf(const Edited& edited, const Session& session, const std::vector<Show
     data["refusal"] = result.refusal;
   }
   Report::AddTo(data, edited.Outcome(), session, boxes);
+  Report::AddFiled(data, edited.changes, session);
+  Report::AddRepair(data, edited.repair, session);
   return data;
 }
 
@@ -100,20 +112,29 @@ RecordResult Carried(RecordEdits& edits, Action action, const RecordArguments& a
   return edits.Delete(arguments.record);
 }
 
+/// What the edit makes of the file, and the save.
+void FileAndSave(Edited& edited, bool isDryRun, OpenedFile& opened, const ComparedPersonality& before) {
+  const std::string document = opened.Document();
+  edited.changes = ChangesInFile(before, opened.Reopened(document));
+  if (isDryRun) return;
+  edited.filed = Report::FiledBy(opened.Save(document));
+}
+
 ExitCode Carry(Action action, const RecordArguments& arguments, Workplace& workplace) {
   const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
-  OpenedFile opened(workplace, arguments.file, messenger, arguments.dryRun ? Purpose::Read : Purpose::Save);
+  OpenedFile opened(workplace, arguments.file, messenger, arguments.dryRun ? Purpose::Read : Purpose::Save,
+                    arguments.repair ? OnDamage::Repair : OnDamage::Refuse);
   Session& session = opened.GetSession();
   const Grid& grid = Grids::Named(opened.Content().GetSchema(), arguments.grid);
+  ComparedPersonality before{opened.Content().Copy(), nullptr};
   opened.ShowForms();
+  before.forms = opened.Content().Copy();
 
   messenger->Clear();
   RecordEdits edits(session, grid);
-  Edited edited{action, grid, edits.Table(), Carried(edits, action, arguments)};
+  Edited edited{action, grid, edits.Table(), opened.Stored().Repaired(), Carried(edits, action, arguments)};
   const std::vector<Shown> boxes = messenger->Boxes();
-  if (edited.result.accepted && !arguments.dryRun) {
-    edited.filed = Report::FiledBy(opened.Save());
-  }
+  if (edited.result.accepted) FileAndSave(edited, arguments.dryRun, opened, before);
   workplace.Tell([&] { return JsonOf(edited, session, boxes); },
                  [&](std::ostream& out) { Print(edited, session, out); });
   return edited.result.accepted ? ExitCode::Done : ExitCode::No;
@@ -130,6 +151,7 @@ void Take(Words& words, RecordArguments& given) {
     words.RecordOption("--from", given.from, "Of channels: with the values of this record");
   }
   words.Flag("--dry-run", given.dryRun, "Do everything but save");
+  words.Flag("--repair", given.repair, kRepairAbout);
 }
 
 template <Action action>

@@ -18,15 +18,7 @@
 #include "workbench/store/TypedNames.h"
 
 namespace {
-
 constexpr int kJsonFormat = 1;  // counts up when a member goes or means something else
-
-std::shared_ptr<Provider> ReadContent(AtomicFile& file, const SchemaFiles& schemas, bool factoryMode) {
-  auto content = PersonalityFile::Parse(file.Name(), file.Read(), schemas);
-  content->SetFactoryMode(factoryMode);
-  return content;
-}
-
 }  // namespace
 
 void Workplace::Emit(Json data) {
@@ -104,12 +96,12 @@ std::shared_ptr<RecordingMessenger> Workplace::Messenger() {
 }
 
 OpenedFile::OpenedFile(Workplace& workplace, const std::string& path,
-                       std::shared_ptr<RecordingMessenger> messenger, Purpose purpose)
+                       std::shared_ptr<RecordingMessenger> messenger, Purpose purpose, OnDamage onDamage)
     : workplace_(workplace),
       schemas_(workplace.Parts().schemas),
       file_(purpose == Purpose::Save ? workplace.FileToSave(path) : workplace.FileAt(path)),
-      session_(workplace.Parts(), ReadContent(file_, *schemas_, workplace.options.factory),
-               std::move(messenger)) {
+      stored_(workplace, file_, onDamage, messenger),
+      session_(workplace.Parts(), stored_.Content(), std::move(messenger)) {
   session_.SetFileName(file_.Name());
 }
 
@@ -118,12 +110,13 @@ OpenedFile::OpenedFile(Workplace& workplace, AtomicFile file, std::shared_ptr<Pr
     : workplace_(workplace),
       schemas_(workplace.Parts().schemas),
       file_(std::move(file)),
-      session_(workplace.Parts(), std::move(content), std::move(messenger)) {
+      stored_(std::move(content)),
+      session_(workplace.Parts(), stored_.Content(), std::move(messenger)) {
   session_.SetFileName(file_.Name());
 }
 
 void OpenedFile::ShowForms() {
-  session_.ConvertToForms();
+  stored_.Opening([&] { session_.ConvertToForms(); });
   const Session::NotTaken& leftOut = session_.LeftOut();
   if (leftOut.first != 0) {
     std::cerr << workplace_.prefix << FileError(file_.Name(), 0, leftOut.where, leftOut.reason).what()

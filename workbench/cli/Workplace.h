@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "workbench/cli/Json.h"
+#include "workbench/cli/StoredFile.h"
 #include "workbench/files/AtomicFile.h"
 #include "workbench/host/Messengers.h"
 #include "workbench/jobs/Session.h"
@@ -44,6 +45,9 @@ class Workplace {
 
   Options options;
   std::string prefix;  ///< of each message on standard error
+  /// The first damage of a file that the command in hand has read; null for none. A fault of the tier is then
+  /// the file's.
+  std::shared_ptr<const FileError> damaged;
 
   /// Data for people. With --json a command calls Emit instead, once.
   std::ostream& Out() const { return *out_; }
@@ -53,7 +57,10 @@ class Workplace {
   void EmitLine(Json data);
   /// Whether the command under way has printed its object; one that starts has not.
   bool HasEmitted() const { return hasEmitted_; }
-  void StartCommand() { hasEmitted_ = false; }
+  void StartCommand() {
+    hasEmitted_ = false;
+    damaged = nullptr;
+  }
   /// The data as the user wants them: what `makeJson` returns, or what `print` writes to the stream that it
   /// is handed, of which no control character comes out but line breaks.
   template <typename MakeJson, typename Print>
@@ -122,7 +129,7 @@ class OpenedFile {
  public:
   /// Reads the file; the content is as the file holds it until it is converted for the forms.
   OpenedFile(Workplace& workplace, const std::string& path, std::shared_ptr<RecordingMessenger> messenger,
-             Purpose purpose = Purpose::Read);
+             Purpose purpose = Purpose::Read, OnDamage onDamage = OnDamage::Warn);
   /// Content that is to go into the file.
   OpenedFile(Workplace& workplace, AtomicFile file, std::shared_ptr<Provider> content,
              std::shared_ptr<RecordingMessenger> messenger);
@@ -137,9 +144,10 @@ class OpenedFile {
 
   /// What follows the opening: the content as the forms show it, turned to the records that the options name.
   /// What the forms did not take of the file is told on standard error. A UsageError for a record that is not
-  /// there.
+  /// there. A file that the tier fails on is a FileError.
   void ShowForms();
 
+  const StoredFile& Stored() const { return stored_; }
   Session& GetSession() { return session_; }
   Provider& Content() { return session_.Content(); }
 
@@ -147,5 +155,6 @@ class OpenedFile {
   Workplace& workplace_;
   std::shared_ptr<const SchemaFiles> schemas_;
   AtomicFile file_;
+  StoredFile stored_;
   Session session_;
 };

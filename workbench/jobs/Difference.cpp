@@ -114,12 +114,15 @@ class Comparison {
     const std::optional<std::string> targetA = keysA_.Target(field, pair.a);
     const std::optional<std::string> targetB = keysB_.Target(otherField, pair.b);
     const bool arePointers = targetA && targetB;
-    if (arePointers ? *targetA == *targetB : SameCell(a, b)) return;
+    if (SameCell(a, b) && (!arePointers || *targetA == *targetB)) return;
+    const bool hasMoved = arePointers && *targetA == *targetB;
     const SchemaTable& table = schemaA_.TableOf(field);
-    CellDifference& cell = result_.cells.emplace_back(CellDifference{
-        &table, &field, ShownAs(schemaA_, field), keysA_.Of(table)[static_cast<std::size_t>(pair.a - 1)], a,
-        b, targetA ? Variant(*targetA) : a, targetB ? Variant(*targetB) : b});
-    ShowAsOnForms(cell, pair);
+    CellDifference& cell =
+        (hasMoved ? result_.moved : result_.cells)
+            .emplace_back(CellDifference{&table, &field, ShownAs(schemaA_, field),
+                                         keysA_.Of(table)[static_cast<std::size_t>(pair.a - 1)], a, b,
+                                         targetA ? Variant(*targetA) : a, targetB ? Variant(*targetB) : b});
+    if (!hasMoved) ShowAsOnForms(cell, pair);
   }
 
   /// Shows the form's values, where they tell the difference.

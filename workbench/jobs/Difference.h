@@ -40,6 +40,8 @@ struct Difference {
   std::vector<RecordDifference> onlyInA, onlyInB;
   std::vector<CellDifference> cells;
   std::vector<ExtraValue> extraInA, extraInB;
+  /// Pointers to the same record, which stands elsewhere. That alone is no difference.
+  std::vector<CellDifference> moved;
   /// Whose common records stand in another order. That alone is no difference.
   std::vector<const SchemaTable*> reordered;
 

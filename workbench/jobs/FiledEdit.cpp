@@ -16,15 +16,20 @@ class Changes {
   Changes(const ComparedPersonality& before, const ComparedPersonality& after)
       : before_(before), after_(after), keysBefore_(before), keysAfter_(after) {}
 
-  std::vector<CellDifference> ByKey() {
+  FiledChanges ByKey() {
     Difference difference = Compare(before_, after_);
     cells_ = std::move(difference.cells);
-    for (const auto& [table, key] : difference.onlyInA) AddRecord(*table, keysBefore_.Find(*table, key), 0);
-    for (const auto& [table, key] : difference.onlyInB) AddRecord(*table, 0, keysAfter_.Find(*table, key));
-    return std::move(cells_);
+    for (const SchemaTable& table : before_.stored->GetSchema().Tables()) {
+      if (!table.IsRaw() || RecordKeys::IsLaidOutAnew(table)) continue;
+      for (const std::string& key : keysBefore_.Of(table))
+        if (keysAfter_.Find(table, key) == 0) AddRecord(table, keysBefore_.Find(table, key), 0);
+      for (const std::string& key : keysAfter_.Of(table))
+        if (keysBefore_.Find(table, key) == 0) AddRecord(table, 0, keysAfter_.Find(table, key));
+    }
+    return {std::move(cells_), std::move(difference.moved), {}};
   }
 
-  std::vector<CellDifference> ByPlace() {
+  FiledChanges ByPlace() {
     for (const SchemaTable& table : before_.stored->GetSchema().Tables()) {
       if (!table.IsRaw() || RecordKeys::IsLaidOutAnew(table)) continue;
       const RecordNr lastBefore = before_.stored->Count(table);
@@ -33,7 +38,7 @@ class Changes {
         AddRecord(table, record > lastBefore ? 0 : record, record > lastAfter ? 0 : record);
       }
     }
-    return std::move(cells_);
+    return {std::move(cells_), {}, {}};
   }
 
   /// Whether the record stays where it is, but is known by another key.
@@ -115,33 +120,32 @@ std::optional<LostValue> ChangedByNobody(const FiledEdit& edit) {
 }
 
 /// The save gives a table the records, or what they hold, that the file did not have.
-bool IsCompleted(const FiledEdit& edit, const SchemaTable& table) {
+bool IsCompleted(const Provider& before, const Provider& after, const SchemaTable& table) {
   return RecordKeys::IsFilledByFirstSave(table) &&
-         (edit.before.stored->Count(table) < edit.after.stored->Count(table) ||
-          RecordKeys::AwaitsFirstSave(*edit.before.stored, table));
+         (before.Count(table) < after.Count(table) || RecordKeys::AwaitsFirstSave(before, table));
 }
 
 }  // namespace
 
-std::vector<CellDifference> StoredChanges(const FiledEdit& edit) {
-  Changes changes(edit.before, edit.after);
+FiledChanges ChangesInFile(const ComparedPersonality& before, const ComparedPersonality& after,
+                           const SchemaTable* edited, RecordNr record) {
+  Changes changes(before, after);
   // What is known by the number of a renamed record has another key, too, and keeps its place.
-  const SchemaTable& table = edit.before.stored->GetSchema().TableOf(edit.field);
-  std::vector<CellDifference> cells =
-      changes.IsRenamed(table, edit.record) ? changes.ByPlace() : changes.ByKey();
-  std::erase_if(cells, [&](const CellDifference& cell) {
-    return RecordKeys::AwaitsFirstSave(*edit.before.stored, *cell.table) ||
-           (cell.storedA.IsEmpty() && IsCompleted(edit, *cell.table));
+  const bool isRenamed = edited != nullptr && changes.IsRenamed(*edited, record);
+  FiledChanges filed = isRenamed ? changes.ByPlace() : changes.ByKey();
+  std::erase_if(filed.cells, [&](const CellDifference& cell) {
+    return RecordKeys::AwaitsFirstSave(*before.stored, *cell.table) ||
+           (cell.storedA.IsEmpty() && IsCompleted(*before.stored, *after.stored, *cell.table));
   });
-  return cells;
+  filed.laidOutAnew = LaidOutAnew(*before.stored, *after.stored);
+  return filed;
 }
 
-std::vector<const SchemaTable*> LaidOutAnew(const FiledEdit& edit) {
+std::vector<const SchemaTable*> LaidOutAnew(const Provider& before, const Provider& after) {
   std::vector<const SchemaTable*> tables;
-  for (const SchemaTable& table : edit.before.stored->GetSchema().Tables()) {
-    const bool isLaidOut = RecordKeys::IsLaidOutAnew(table) || IsCompleted(edit, table);
-    const bool isOther = isLaidOut && !IsSame(table, *edit.before.stored, *edit.after.stored);
-    if (isOther) tables.push_back(&table);
+  for (const SchemaTable& table : before.GetSchema().Tables()) {
+    const bool isLaidOut = RecordKeys::IsLaidOutAnew(table) || IsCompleted(before, after, table);
+    if (isLaidOut && !IsSame(table, before, after)) tables.push_back(&table);
   }
   return tables;
 }

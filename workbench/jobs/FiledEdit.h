@@ -17,13 +17,21 @@ struct FiledEdit {
   const ComparedPersonality& after;
 };
 
-/// The stored values that an edit changes, as a comparison tells them. A record that is new or gone is told
-/// by each of its values; it has none (Empty) on the other side. Tables that are laid out anew are left out.
-std::vector<CellDifference> StoredChanges(const FiledEdit& edit);
-
-/// The tables that every save, or the first one, lays out anew and that come out another way than they were.
-/// That is nobody's edit: some follow the channels, some were not there yet.
-std::vector<const SchemaTable*> LaidOutAnew(const FiledEdit& edit);
+/// What an edit makes of the file, as a comparison tells it.
+struct FiledChanges {
+  /// A record that is new or gone is told by each of its values; it has none (Empty) on the other side.
+  /// Tables that are laid out anew are left out.
+  std::vector<CellDifference> cells;
+  /// Pointers that are stored anew because what they point at has moved.
+  std::vector<CellDifference> followed;
+  /// The tables that every save, or the first one, lays out anew and that come out another way than they
+  /// were. That is nobody's edit: some follow the channels, some were not there yet.
+  std::vector<const SchemaTable*> laidOutAnew;
+};
+/// `edited` is a table of which a record may have got another number and kept its place; null for none.
+FiledChanges ChangesInFile(const ComparedPersonality& before, const ComparedPersonality& after,
+                           const SchemaTable* edited = nullptr, RecordNr record = 0);
+std::vector<const SchemaTable*> LaidOutAnew(const Provider& before, const Provider& after);
 
 /// A value on the forms that does not come back from the file.
 struct LostValue {

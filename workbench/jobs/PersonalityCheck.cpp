@@ -1,17 +1,19 @@
 #include "workbench/jobs/PersonalityCheck.h"
 
 #include <algorithm>
+#include <cctype>
 #include <iterator>
 
 #include "host/IfinalRules.h"
 #include "platform/Conversions.h"
 #include "workbench/jobs/BurstSlots.h"
 #include "workbench/jobs/Control.h"
+#include "workbench/jobs/Difference.h"
 #include "workbench/jobs/Forms.h"
+#include "workbench/jobs/Integrity.h"
 #include "workbench/jobs/Session.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
-#include "workbench/store/RecordKeys.h"
 #include "workbench/store/ValueLists.h"
 #include "workbench/store/ValueText.h"
 
@@ -50,115 +52,30 @@ std::string_view NameOf(FindingKind kind) {
   return "question";
 }
 
-void PersonalityCheck::CheckLimits() {
-  for (const SchemaField& field : session_.Content().GetSchema().Fields()) CheckLimits(field);
-  CheckRings();
-  CheckPresets();
-  CheckCompanions();
-}
-
-void PersonalityCheck::CheckRings() {
-  const Provider& content = session_.Content();
-  const SchemaField& owner = content.FieldOf("18.GroupRecordNumber");
-  const SchemaField& next = content.FieldOf("18.GroupNextMemberRecordNum");
-  const SchemaField& first = content.FieldOf("16.FirstGroupMember");
-  for (RecordNr group = 1; group <= content.Count(first.table); ++group) {
-    std::vector<RecordNr> members;
-    for (RecordNr member = 1; member <= content.Count(owner.table); ++member) {
-      if (SameValue(content.Get(owner, member), group - 1)) members.push_back(member);
-    }
-    CheckMembers(group, members);
-    bool isRing = members.empty() || SameValue(content.Get(first, group), members.front() - 1);
-    for (std::size_t i = 0; i < members.size(); ++i) {
-      isRing = isRing && SameValue(content.Get(next, members[i]), members[(i + 1) % members.size()] - 1);
-    }
-    if (isRing) continue;
-    Finding finding = Origin(first, "chain", session_.LabelOf(first), group, content.Get(first, group));
-    finding.kind = FindingKind::Warning;
-    finding.text =
-        "The members of the group are linked in another order than they stand; a save links them anew.";
-    Add(std::move(finding));
-  }
-}
-
-void PersonalityCheck::CheckCompanions() {
-  const Provider& content = session_.Content();
-  for (const SchemaTable& table : content.GetSchema().Tables()) {
-    const std::optional<RecordNr> needed = RecordKeys::NeededRecords(content, table);
-    const RecordNr count = content.Count(table);
-    if (!needed || count == *needed) continue;
+void PersonalityCheck::Tell(const std::vector<Damage>& damages) {
+  constexpr DamageKind kMended[] = {DamageKind::Companions, DamageKind::Chain, DamageKind::Presets};
+  for (const Damage& damage : damages) {
+    const PersonalityFile::Place& place = damage.place;
     Finding finding;
-    finding.rule = "companions";
-    finding.label = table.title;
-    finding.table = table.number;
-    finding.record = std::min(count, *needed) + 1;
-    finding.kind = FindingKind::Warning;
-    finding.text = "Records of the table: " + CStr(count) + ", needed: " + CStr(*needed) + "; " +
-                   (count < *needed ? "those that lack are taken as new ones."
-                                    : "those behind are not read, and go when one is added.");
-    Add(std::move(finding));
+    finding.kind = std::ranges::count(kMended, damage.kind) > 0 ? FindingKind::Warning : FindingKind::Error;
+    finding.rule = NameOf(damage.kind);
+    finding.label = place.field == nullptr
+                        ? place.table->title
+                        : session_.LabelOf(*ShownAs(session_.Content().GetSchema(), *place.field));
+    finding.table = place.table->number;
+    // Of a table that is too short: the first that lacks.
+    finding.record = place.record > 0 ? place.record : session_.Content().Count(*place.table) + 1;
+    if (place.field != nullptr) finding.value = ValueText::Of(damage.value);
+    finding.text = damage.text + ".";
+    finding.text.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(finding.text.front())));
+    finding.line = damage.line;
+    finding.path = place.Path();
+    findings_.push_back(std::move(finding));
   }
 }
 
-void PersonalityCheck::CheckPresets() {
-  constexpr std::int32_t kPerSystem = 10;
-  const Provider& content = session_.Content();
-  const SchemaField& system = content.FieldOf("64.DTMFNetworkSigSystemID");
-  const SchemaField& owner = content.FieldOf("65.DTMFChannelPresetSeqSigSysID");
-  const RecordNr presets = content.Count(owner.table);
-  for (RecordNr record = 1; record <= content.Count(system.table); ++record) {
-    std::int32_t own = 0;
-    for (RecordNr preset = 2; preset <= presets; ++preset) {  // the first belongs to no system
-      own += SameValue(content.Get(owner, preset), content.Get(system, record)) ? 1 : 0;
-    }
-    if (own == kPerSystem) continue;
-    Finding finding =
-        Origin(system, "presets", session_.LabelOf(system), record, content.Get(system, record));
-    finding.kind = FindingKind::Warning;
-    finding.text =
-        "The system has presets in another number than " + CStr(kPerSystem) + ": " + CStr(own) + ".";
-    Add(std::move(finding));
-  }
-  const SchemaField& pointer = content.FieldOf("5.DTMFPresetCallPointer");
-  for (RecordNr channel = 1; channel <= content.Count(pointer.table); ++channel) {
-    const Variant& index = content.Get(pointer, channel);
-    if (!IsAbove(index, std::max(presets, 1) - 1)) continue;
-    Finding finding = Origin(pointer, "presets", session_.LabelOf("DTMFPresetCallSequence"), channel, index);
-    finding.kind = FindingKind::Warning;
-    finding.text = "The preset of the channel is not there; the forms show none.";
-    Add(std::move(finding));
-  }
-}
-
-void PersonalityCheck::CheckLimits(const SchemaField& field) {
-  const Provider& content = session_.Content();
-  const Limits limits = LimitsOf(field);
-  const RecordNr count = content.Count(content.GetSchema().TableOf(field));
-  for (RecordNr record = 1; record <= count; ++record) {
-    const Variant& value = content.Get(field, record);
-    if (IsWithinLimits(field, value)) continue;
-    Finding finding = Origin(field, "range", session_.LabelOf(field), record, value);
-    finding.text = field.id + " is outside " + CStr(limits.lowest) + " to " + CStr(limits.highest) + ".";
-    Add(std::move(finding));
-  }
-}
-
-void PersonalityCheck::CheckMembers(RecordNr group, const std::vector<RecordNr>& members) {
-  const Provider& content = session_.Content();
-  const SchemaField& index = content.FieldOf("18.GroupChannelRecordNum");
-  const SchemaField& first = content.FieldOf("16.FirstGroupMember");
-  std::set<std::int32_t> channels;
-  for (const RecordNr member : members) {
-    const std::int32_t channel = CLng(content.Get(index, member));
-    const bool isThere = channel >= 0 && channel < content.Count(Forms::kChannels);
-    if (isThere && channels.insert(channel).second) continue;
-    Finding finding = Origin(first, "chain", session_.LabelOf(index), group, content.Get(index, member));
-    finding.kind = FindingKind::Warning;
-    finding.text = isThere
-                       ? "The group has a channel as a member more than once."
-                       : "A member of the group is no channel; the forms show the first one in its place.";
-    Add(std::move(finding));
-  }
+void PersonalityCheck::TellConsequences(const std::vector<Damage>& damages) {
+  for (std::size_t i = 0; i < damages.size(); ++i) findings_[i].consequence = damages[i].consequence;
 }
 
 void PersonalityCheck::CheckNumbers() {

@@ -18,6 +18,7 @@ struct Form;
 namespace Forms {
 struct Current;
 }
+struct Damage;
 struct FinalOutcome;
 struct SchemaField;
 struct SchemaTable;
@@ -29,10 +30,8 @@ FindingKind KindOf(const Shown& box);
 /// What is wrong, or worth a word, in a personality.
 struct Finding {
   FindingKind kind = FindingKind::Error;
-  /// The UIID whose rule spoke, "range" for the schema's limits, "number" for one that is in use, "chain" for
-  /// the members of a group and how they are linked, "presets" for those of DTMF, "companions" for a table
-  /// that does not keep step with its owners', "forms" for what the forms did not take, "form NAME" for the
-  /// check of a form, "final NAME" for a rule of a save.
+  /// The UIID whose rule spoke, the kind of a damage (DamageKind), "number" for one that is in use, "forms"
+  /// for what the forms did not take, "form NAME" for the check of a form, "final NAME" for a rule of a save.
   std::string rule;
   std::string label;
   std::int32_t table = -1;  // -1: no single record
@@ -42,6 +41,10 @@ struct Finding {
   Variant value;
   std::string text;
   std::string answer;  // to a question: "Yes", "No", "Cancel"
+  // Of a damage alone.
+  int line = 0;             // of the file
+  std::string path;         // "tables.5[12].ChannelNetworkId"
+  std::string consequence;  // what a save makes of it
 };
 
 /// Keeps the messages of the rules while a check runs. Questions are answered as told, else Yes: a check
@@ -63,9 +66,11 @@ class PersonalityCheck {
  public:
   PersonalityCheck(Session& session, CheckMessenger& messenger) : session_(session), messenger_(messenger) {}
 
-  /// The stored values against the limits of the schema. To be run on what the file holds, before the
-  /// conversion for the forms.
-  void CheckLimits();
+  /// What was found in the file: before all that the rules find, and before the tier is asked for anything
+  /// that it may end by.
+  void Tell(const std::vector<Damage>& damages);
+  /// What came of trying to save these.
+  void TellConsequences(const std::vector<Damage>& damages);
   /// The rule of each UIID, by what the forms turn to and its records, then the check of each form with each
   /// record that it can show, then the rules of a save. To be run on the forms.
   void RunRules();
@@ -73,14 +78,6 @@ class PersonalityCheck {
   const std::vector<Finding>& Findings() const { return findings_; }
 
  private:
-  void CheckLimits(const SchemaField& field);
-  /// The ring of each group, which the radio follows, against the order of its members, which counts.
-  void CheckRings();
-  /// Tables that keep step with another one.
-  void CheckCompanions();
-  /// Of the DTMF systems, and what channels point at among them.
-  void CheckPresets();
-  void CheckMembers(RecordNr group, const std::vector<RecordNr>& members);
   /// Numbers that channels and groups share.
   void CheckNumbers();
   /// What can not be judged, for the forms did not take it.

@@ -1,6 +1,7 @@
 #include "workbench/jobs/Session.h"
 
 #include <algorithm>
+#include <cmath>
 #include <set>
 
 #include "platform/Conversions.h"
@@ -114,11 +115,19 @@ Limits LimitsOf(const SchemaField& field) {
   return {static_cast<double>(field.minimum), static_cast<double>(field.maximum)};
 }
 
+Limits StoredLimitsOf(const SchemaField& field) {
+  const Limits shown = LimitsOf(field);
+  const auto scale = static_cast<double>(field.scale.tenThousandths);
+  constexpr double kUnscaled = 10000;
+  // What is shown as a limit may be stored as the whole number beside it.
+  return {std::floor(shown.lowest * scale / kUnscaled), std::ceil(shown.highest * scale / kUnscaled)};
+}
+
 bool IsWithinLimits(const SchemaField& field, const Variant& stored) {
   const bool isNumber = field.type == FieldType::Integer || field.type == FieldType::Number;
-  if (!field.IsRaw() || !isNumber || !field.IsUnscaled()) return true;
+  if (!field.IsRaw() || !isNumber) return true;
   // The default of an identity lies outside its limits on purpose: the record has not got one yet.
-  return LimitsOf(field).Hold(CDbl(stored)) || (field.isIdentity && SameCell(stored, field.standard));
+  return StoredLimitsOf(field).Hold(CDbl(stored)) || (field.isIdentity && SameCell(stored, field.standard));
 }
 
 bool HasConversion(const Provider& content, const SchemaField& field, RecordNr record) {
@@ -301,8 +310,8 @@ void Session::RequireConverted(const Status& status, const SchemaField& field, R
   try {
     host_.Require(status);
   } catch (const TierFault& fault) {
-    throw TierFault((fileName_.empty() ? "" : fileName_ + ": ") + field.id + ", record " +
-                    std::to_string(record) + ", " + way + ": " + fault.what());
+    throw ConversionFault(fileName_, {&provider_->GetSchema().TableOf(field), record, &field},
+                          field.id + ", record " + std::to_string(record) + ", " + way + ": " + fault.what());
   }
 }
 

@@ -7,6 +7,7 @@
 
 #include "platform/Conversions.h"
 #include "workbench/host/TierHost.h"
+#include "workbench/personality/PersonalityFile.h"
 #include "workbench/store/Journal.h"
 
 class Provider;
@@ -19,8 +20,10 @@ struct Limits {
 };
 Limits LimitsOf(const SchemaField& field);
 
-/// Whether the schema lets the field hold what is stored in it. It says nothing of texts and arrays, nor of a
-/// field that is converted in place: the radio stores it in other units than its limits have.
+/// The same of what is stored, which has the unit of the radio.
+Limits StoredLimitsOf(const SchemaField& field);
+
+/// Whether the schema lets the field hold what is stored in it. It says nothing of texts and arrays.
 bool IsWithinLimits(const SchemaField& field, const Variant& stored);
 
 /// Whether a conversion of the field is called on the record: on each of its table, or on record 1 when it
@@ -47,6 +50,20 @@ struct EditResult {
   bool IsOther(const SchemaField& field) const;
   /// What else changed; after a refusal, what the rule had written before it refused.
   std::vector<Change> others;
+};
+
+/// The tier failed in the conversion of a field.
+class ConversionFault : public TierFault {
+ public:
+  ConversionFault(const std::string& file, PersonalityFile::Place place, const std::string& reason)
+      : TierFault(file.empty() ? reason : file + ": " + reason), place_(place), reason_(reason) {}
+  const PersonalityFile::Place& Where() const { return place_; }
+  /// What failed, without the name of the file.
+  const std::string& Reason() const { return reason_; }
+
+ private:
+  PersonalityFile::Place place_;
+  std::string reason_;
 };
 
 /// An open personality as a host keeps it: converted for the forms, edited there, and converted back to be

@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <charconv>
+#include <map>
 #include <nlohmann/json.hpp>
+#include <tuple>
 #include <vector>
 
 #include "platform/XArrayDBObject.h"
@@ -12,6 +14,10 @@
 #include "workbench/store/Provider.h"
 
 namespace {
+
+/// Where tables, records and cells begin in a document: the number of the table, the record, the name of the
+/// field.
+using PlaceLines = std::map<std::tuple<std::int32_t, RecordNr, std::string>, int>;
 
 /// Takes the parser's events and fills a provider. Every level of the document opens only where the format
 /// has it, so that a nesting deeper than the format's ends the reading at once.
@@ -27,6 +33,9 @@ class Reader {
                               this);
     return provider_;
   }
+
+  /// Has the reading note in which lines these places stand, which `lines` has as keys.
+  void Note(PlaceLines& lines) { lines_ = &lines; }
 
   // The events; each is true to go on. A refusal leaves by an exception.
 
@@ -185,6 +194,7 @@ class Reader {
     tableSeen_[table->index] = true;
     table_ = table;
     record_ = 0;
+    if (lines_ != nullptr) NoteLine("");
   }
 
   void StartRecord() {
@@ -197,6 +207,12 @@ class Reader {
                 false);
     nextField_ = 0;
     level_ = Level::Record;
+    if (lines_ != nullptr) NoteLine("");
+  }
+
+  void NoteLine(const std::string& field) {
+    const auto wanted = lines_->find({table_->number, record_, field});
+    if (wanted != lines_->end()) wanted->second = LineReached(document_, reached_);
   }
 
   /// Fields mostly come in the schema's order, so the search starts behind the last one.
@@ -214,6 +230,7 @@ class Reader {
     fieldSeen_[found->index] = true;
     nextField_ = found->index - table_->firstField + 1;
     field_ = found;
+    if (lines_ != nullptr) NoteLine(key_);
   }
 
   bool Integer(std::int64_t value, bool outside) {
@@ -288,6 +305,7 @@ class Reader {
   std::string_view document_;
   const SchemaFiles& schemas_;
   const char* reached_;
+  PlaceLines* lines_ = nullptr;
   std::shared_ptr<Provider> provider_;
   Level level_ = Level::Start;
   std::string key_;
@@ -306,4 +324,26 @@ class Reader {
 std::shared_ptr<Provider> PersonalityFile::Parse(const std::string& file, std::string_view document,
                                                  const SchemaFiles& schemas) {
   return Reader(file, document, schemas).Read();
+}
+
+std::vector<int> PersonalityFile::LinesOf(const std::string& file, std::string_view document,
+                                          const SchemaFiles& schemas, std::span<const Place> places) {
+  PlaceLines lines;
+  for (const Place& place : places) {
+    lines[{place.table->number, 0, ""}] = 0;
+    lines[{place.table->number, place.record, ""}] = 0;
+    if (place.field != nullptr)
+      lines[{place.table->number, place.record, std::string(place.field->Name())}] = 0;
+  }
+  Reader reader(file, document, schemas);
+  reader.Note(lines);
+  reader.Read();
+  std::vector<int> found;
+  for (const Place& place : places) {
+    const std::string field(place.field == nullptr ? "" : place.field->Name());
+    int line = lines[{place.table->number, place.record, field}];
+    if (line == 0) line = lines[{place.table->number, place.record, ""}];
+    found.push_back(line == 0 ? lines[{place.table->number, 0, ""}] : line);
+  }
+  return found;
 }

@@ -125,10 +125,8 @@ class Writer {
   }
 
   [[noreturn]] void Refuse(const SchemaField& field, RecordNr record, const std::string& reason) const {
-    throw FileError(file_, 0,
-                    "tables." + std::to_string(field.table) + "[" + std::to_string(record) + "]." +
-                        std::string(field.Name()),
-                    "can not be saved: " + reason);
+    const PersonalityFile::Place place{&provider_.GetSchema().TableOf(field), record, &field};
+    throw FileError(file_, 0, place.Path(), "can not be saved: " + reason);
   }
 
   const std::string& file_;
@@ -137,6 +135,12 @@ class Writer {
 };
 
 }  // namespace
+
+std::string PersonalityFile::Place::Path() const {
+  std::string path = "tables." + std::to_string(table->number);
+  if (record > 0) path += "[" + std::to_string(record) + "]";
+  return field == nullptr ? path : path + "." + std::string(field->Name());
+}
 
 std::string PersonalityFile::Format(const std::string& file, const Provider& provider) {
   return Writer(file, provider).Document();

@@ -217,7 +217,8 @@ class Schema {
   std::vector<FieldNames> fieldsOfTable_;  // by their own names, in the order of the tables
 };
 
-/// The schema files of all versions: tables.tsv, fields.tsv, words.tsv, layouts.tsv and references.tsv of one folder.
+/// The schema files of all versions: tables.tsv, fields.tsv, words.tsv, layouts.tsv and references.tsv of one
+/// folder.
 class SchemaFiles {
  public:
   /// Reads the files. Throws a FileError for a file that is missing or damaged, and for rows that

@@ -109,3 +109,21 @@ void Journal::Rollback() {
   state_->autoUpdate = autoUpdate_;
   state_->factoryMode = factoryMode_;
 }
+
+std::vector<Change> ChangedCells(const Provider& before, const Provider& now) {
+  std::vector<Change> changes;
+  for (const SchemaField& field : now.GetSchema().Fields()) {
+    const SchemaTable& table = now.GetSchema().TableOf(field);
+    const RecordNr last = field.IsRaw() ? std::max(before.Count(table), now.Count(table)) : 0;
+    for (RecordNr record = 1; record <= last; ++record) {
+      Change change(table);
+      change.field = &field;
+      change.record = record;
+      if (record <= before.Count(table)) change.before = before.Get(field, record);
+      if (record <= now.Count(table)) change.now = now.Get(field, record);
+      const bool isThere = record <= std::min(before.Count(table), now.Count(table));
+      if (!isThere || !SameCell(change.before, change.now)) changes.push_back(std::move(change));
+    }
+  }
+  return changes;
+}

@@ -65,3 +65,7 @@ class Journal final : private WriteListener {
 /// Equality of two values of one field as a person sees it, and as a file keeps it; arrays by their rows
 /// from 1.
 bool SameCell(const Variant& a, const Variant& b);
+
+/// The stored cells that differ between two personalities of one version, place by place, in schema order. A
+/// record that one of them does not have is told by each of its cells, with Empty on that side.
+std::vector<Change> ChangedCells(const Provider& before, const Provider& now);

@@ -58,8 +58,8 @@ TEST_F(CommandLine, TellsByItsExitCodeHowItEnded) {
       {{"form", file}, 2, "FILE and FORM"},
       {{"form", file, "Channels", "--record", "20"}, 2, "record 20 is outside 1..19"},
       {{"form", file, "PTT", "--record", "1"}, 2, "does not show one record"},
-      {{"check", faulty}, 3, "a fault of the tier"},
-      {{"set", faulty, "TxFreq_k6k", "1", "440.5"}, 3, "Nothing was saved"},
+      {{"check", faulty}, 2, "the tier can not open the file"},
+      {{"set", faulty, "TxFreq_k6k", "1", "440.5"}, 2, "the tier can not open the file"},
   };
   for (const auto& [words, code, message] : cases) {
     const Outcome outcome = Run(words);

@@ -97,8 +97,9 @@ TEST_F(IOCommands, ALineOfNoPinIsRefusedWithItsPlace) {
     document["tables"][damage.table][damage.index][damage.field] = damage.pin;
     const std::string damaged = folder.Write("damaged.json", document.dump());
     EXPECT_EQ(Run({"check", damaged}), ExitCode::CouldNot) << damage.field << damage.pin;
-    const std::string place = "damaged.json: " + std::string(damage.table) + "." + damage.field + ", record ";
-    EXPECT_THAT(messages, HasSubstr(place + std::to_string(damage.index + 1))) << damage.pin;
+    const std::string place =
+        "tables." + std::string(damage.table) + "[" + std::to_string(damage.index + 1) + "].";
+    EXPECT_THAT(messages, HasSubstr("damaged.json:1: " + place + damage.field)) << damage.pin;
   }
 }
 }  // namespace

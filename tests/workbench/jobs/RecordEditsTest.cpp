@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <iterator>
 #include <nlohmann/json.hpp>
 
 #include "platform/Conversions.h"
@@ -156,6 +158,43 @@ TEST_F(RecordCommands, AChannelAndAStatusAreInsertedBeforeAnother) {
   EXPECT_THAT(messages, HasSubstr("must not exceed 100"));
 }
 
+TEST_F(RecordCommands, EachValueThatTheFileHoldsThenIsTold) {
+  const std::string path = CopyOf("city-fleet");
+  const auto told = [&](std::vector<std::string> words) {
+    words.insert(words.begin() + 1, path);
+    words.push_back("--json");
+    std::vector<std::string> dry = words;
+    dry.push_back("--dry-run");
+    EXPECT_EQ(Run(dry), ExitCode::Done) << messages;
+    const json before = json::parse(out.str());
+    EXPECT_EQ(Run(words), ExitCode::Done) << messages;
+    const json after = json::parse(out.str());
+    EXPECT_EQ(before["stored"], after["stored"]);
+    return after;
+  };
+  const auto of = [](const json& list, const char* field) {
+    json cells = json::array();
+    std::ranges::copy_if(list, std::back_inserter(cells),
+                         [&](const json& one) { return one["fieldId"] == field; });
+    return cells;
+  };
+  const json added = told({"add", "network"});
+  EXPECT_EQ(of(added["stored"], "21.NetworkPointer").size(), 1U);
+  const json positions =
+      of(added["stored"], "69.GPSNetworkSendPosOnPTT");  // which a conversion alone makes longer
+  ASSERT_EQ(positions.size(), 1U);
+  EXPECT_EQ(positions[0]["after"], json({0, 2, 0, 0, 0}));
+  EXPECT_EQ(of(added["stored"], "51.CallAlertID").size(), 6U);  // of companions each
+  const json inserted = told({"insert", "channel", "3"});
+  for (const json& member : of(inserted["followed"], "18.GroupChannelRecordNum"))
+    EXPECT_EQ(member["storedAfter"], member["storedBefore"].get<int>() + 1);
+  EXPECT_FALSE(of(inserted["followed"], "18.GroupChannelRecordNum").empty());
+  EXPECT_EQ(Run({"delete", path, "network", "5"}), ExitCode::Done) << messages;
+  EXPECT_THAT(out.str(),
+              AllOf(HasSubstr("[0, 2, 0, 0, 0] -> [0, 2, 0, 0]"), HasSubstr("record 5 gone, 60 values"),
+                    HasSubstr("records 5/1 to 5/6 gone, 36 values")));
+}
+
 /// A table that keeps step with another is one short or long, or as short as a file lets it be.
 TEST_F(RecordCommands, ADamagedCompanionTableIsToldAndMendedByTheNextRecord) {
   using nlohmann::ordered_json;  // of a file, whose version comes first
@@ -177,6 +216,7 @@ TEST_F(RecordCommands, ADamagedCompanionTableIsToldAndMendedByTheNextRecord) {
           folder.Write("damaged.json", damaged.dump());
           words.insert(words.begin() + 1, path);
           words.insert(words.end(), {"--answer", "yes"});
+          if (words.front() != "check") words.push_back("--repair");
           const ExitCode code = Run(std::move(words));
           EXPECT_NE(code, ExitCode::Fault) << messages;
           return code;

@@ -74,7 +74,7 @@ TEST_F(TraceCommands, ARecordedCommandActsAsUsualAndIsReplayedWithoutDifference)
       {{"combo", fleet, "TxPower_k6k", "1"}, ExitCode::Done},
       {{"versions"}, ExitCode::Done},
       {{"run", script}, ExitCode::Done},
-      {{"check", faulty}, ExitCode::Fault},
+      {{"check", faulty}, ExitCode::CouldNot},
       {{"--data", SCHEMA_FOLDER "/..", "bands"}, ExitCode::Fault},  // no data files of the tier there
       {{"get", file, "Nonsense"}, ExitCode::CouldNot},
       {{"check", folder.PathOf("missing")}, ExitCode::CouldNot},
