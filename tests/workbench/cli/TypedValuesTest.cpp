@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <random>
+#include <set>
 
 #include "platform/CaseText.h"
 #include "platform/Conversions.h"
@@ -69,24 +70,27 @@ class TypedValues : public InProcessCommand, public testing::WithParamInterface<
     if (EditCount() > 0) edits.resize(static_cast<std::size_t>(EditCount()));
     return edits;
   }
-  /// Whether the field reads as what was typed, by its spelling, as a number, or by the entry of its list.
-  bool Reads(const TypedEdit& edit, const json& now) {
-    const std::string text = now.is_string() ? now.get<std::string>() : now.dump();
+  /// Whether the field reads as what was typed, by its spelling, as a number, or by the word of its code.
+  static bool Reads(const TypedEdit& edit, const json& told) {
+    const std::string text = told["now"].is_string() ? told["now"].get<std::string>() : told["now"].dump();
     const std::string typed(Trim(edit.value));
-    if (EqualsIgnoringCase(text, typed)) return true;
-    if (IsNumericText(text) && IsNumericText(typed) && *ParseNumber(text) == *ParseNumber(typed)) return true;
-    const bool isNone = EqualsIgnoringCase(typed, "None") || EqualsIgnoringCase(typed, "Undefined");
-    return (isNone && text.empty()) || IsWord(edit, text, typed);
+    if (IsNumericText(text) && IsNumericText(typed)) return *ParseNumber(text) == *ParseNumber(typed);
+    std::set<std::string> meant = {UpperCase(text), UpperCase(told.value("nowWord", text))};
+    if (meant.contains("YES")) meant.insert({"ON", "TRUE"});
+    if (meant.contains("NO")) meant.insert({"OFF", "FALSE"});
+    if (meant.contains("")) meant.insert({"NONE", "UNDEFINED"});
+    return meant.contains(UpperCase(typed));
   }
-  /// Whether the list of the field has the text as an entry that stands for the code.
-  bool IsWord(const TypedEdit& edit, const std::string& code, const std::string& word) {
-    Run({"combo", path, edit.uiid, std::to_string(edit.record), "--json"});
-    std::size_t row = 0;
-    for (const json& item : json::parse(out.str())["items"]) {
-      const std::string own = item.contains("code") ? item["code"].dump() : std::to_string(row++);
-      if (own == code && EqualsIgnoringCase(item["item"].get<std::string>(), word)) return true;
+  /// The tables whose records stand elsewhere: laid out anew, with pointers that follow them, or with records
+  /// that come or go.
+  static std::set<std::string> MovedTables(const json& told) {
+    std::set<std::string> tables;
+    for (const json& table : told["laidOutAnew"]) tables.insert(table.dump());
+    for (const json& one : told["followed"]) tables.insert(one["table"].dump());
+    for (const json& one : told["stored"]) {
+      if (one["storedBefore"].is_null() || one["storedAfter"].is_null()) tables.insert(one["table"].dump());
     }
-    return false;
+    return tables;
   }
   void Try(const TypedEdit& edit) {
     const ExitCode code = Run({"set", "--json", "--answer", edit.answer, "--", path, edit.uiid,
@@ -94,7 +98,9 @@ class TypedValues : public InProcessCommand, public testing::WithParamInterface<
     const std::string after = ContentOf(path);
     const json told = json::parse(out.str());
     if (code == ExitCode::Done) {
-      EXPECT_TRUE(Reads(edit, told["now"]) || !told["messages"].empty()) << told["now"];
+      EXPECT_TRUE(Reads(edit, told) || !told["messages"].empty()) << told["now"];
+      const std::set<std::string> moved = MovedTables(told);
+      EXPECT_EQ(StoredChanges(told["stored"], moved), StoredChanges(before, after, moved));
     } else {
       EXPECT_EQ(code, ExitCode::No) << messages;
       EXPECT_TRUE(after == before);
