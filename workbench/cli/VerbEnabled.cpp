@@ -56,11 +56,9 @@ bool IsEnabled(const TierHost& host, const std::string& uiid, RecordNr record) {
 std::string_view StateOf(bool enabled) { return enabled ? "enabled" : "disabled"; }
 
 EnablementReason ReasonOf(const TierHost& host, const std::string& uiid, RecordNr record) {
-  auto* reasons = dynamic_cast<IenablementReasons*>(&host.Validator());
-  if (reasons == nullptr) throw UsageError("this tier does not tell why a control is enabled or disabled");
-  EnablementReason reason;
-  host.Require(reasons->ReasonByUIID(uiid, record, reason));
-  return reason;
+  auto reason = host.ReasonOf(uiid, record);
+  if (!reason) throw UsageError("this tier does not tell why a control is enabled or disabled");
+  return std::move(*reason);
 }
 
 /// Null where the version does not have the field.

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/CaseText.h"
+#include "workbench/cli/FieldSheet.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Verb.h"
 #include "workbench/files/Printable.h"
@@ -59,7 +60,8 @@ struct FieldsArguments {
 };
 
 void Take(Words& words, FieldsArguments& given) {
-  words.Optional("FILTER", given.filter, "Only fields with this in UIID or label; case does not count");
+  words.Optional("UIID", given.filter,
+                 "All of one field; else the fields with this in UIID or label; case does not count");
   words.Option("--version", given.version, "VERSION", "Database version (else the latest of the KD4410)");
   words.Flag("--names", given.names, "The UIIDs alone, one a line");
 }
@@ -80,12 +82,29 @@ ExitCode ListNames(const Schema& schema, const std::string& upperFilter, Workpla
   return ExitCode::Done;
 }
 
+/// The field of the forms that the word names as a whole, by a UIID or its FieldId; null for none.
+const SchemaField* Named(const Schema& schema, const std::string& word) {
+  const SchemaField* field = word.empty() ? nullptr : schema.Find(word);
+  return field == nullptr || field->uiids.empty() ? nullptr : field;
+}
+
+/// The UIID that was given, or the first one of a field that was named otherwise.
+const std::string& UiidOf(const SchemaField& field, const std::string& word) {
+  const auto given = std::ranges::find_if(
+      field.uiids, [&](const std::string& uiid) { return EqualsIgnoringCase(uiid, word); });
+  return given == field.uiids.end() ? field.uiids.front() : *given;
+}
+
 ExitCode ListFields(const FieldsArguments& arguments, Workplace& workplace) {
   const auto& [filter, version, names] = arguments;
   const std::shared_ptr<const Schema> schema =
       workplace.Schemas().At(version.empty() ? SchemaFiles::VersionsOf("KD4410").back().Text() : version);
   const std::string upperFilter = UpperCase(filter);
   if (names) return ListNames(*schema, upperFilter, workplace);
+  if (const SchemaField* field = Named(*schema, filter)) {
+    TellField(*field, UiidOf(*field, filter), schema->Version(), workplace);
+    return ExitCode::Done;
+  }
   const TierHost host(workplace.Parts(), nullptr, workplace.Messenger());
   TextTable table({{"UIID"},
                    {"Label"},
@@ -126,8 +145,9 @@ ExitCode ListFields(const FieldsArguments& arguments, Workplace& workplace) {
 }
 
 const Verb kFields({.name = "fields",
-                    .about = "List the fields of the forms as their metadata tells",
-                    .examples = {{"The fields with a word in UIID or label", "kd4410 fields frequency"},
+                    .about = "Describe a field of the forms, or list them as their metadata tells",
+                    .examples = {{"What a field takes, and when it is enabled", "kd4410 fields TxPower_k6k"},
+                                 {"The fields with a word in UIID or label", "kd4410 fields frequency"},
                                  {"The UIIDs of an older version",
                                   "kd4410 fields --names --version KD4410.0089"}}},
                    Take, ListFields);

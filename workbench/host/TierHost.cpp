@@ -69,3 +69,11 @@ void TierHost::Fail(const Status& status) const {
   }
   throw TierFault("error " + std::to_string(fault.number) + " of " + fault.source + ": " + fault.description);
 }
+
+std::optional<EnablementReason> TierHost::ReasonOf(std::string_view uiid, RecordNr record) const {
+  auto* reasons = dynamic_cast<IenablementReasons*>(validator_.get());
+  if (reasons == nullptr) return {};
+  EnablementReason reason;
+  Require(reasons->ReasonByUIID(uiid, record, reason));
+  return reason;
+}

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
+#include "host/IenablementReasons.h"
 #include "host/IproviderOwner.h"
 #include "host/ItierSchema.h"
 #include "host/ItierUserInterface.h"
@@ -59,6 +62,9 @@ class TierHost {
   ItierUserInterface& UserInterface() const { return *userInterface_; }
   Itier& Tier() const { return *tier_; }
   ApplicationServices& Services() const { return *services_; }
+
+  /// Why a control is enabled or disabled; no value from a tier that does not tell.
+  std::optional<EnablementReason> ReasonOf(std::string_view uiid, RecordNr record) const;
 
   /// Raises a TierFault for a failed status, and for a tier that has asked to end the application; an
   /// UnsupportedByTier for an operation that the tier does not have.

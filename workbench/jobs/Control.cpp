@@ -58,9 +58,9 @@ std::string TextRefusal(std::string_view typed) {
          UpperCase(std::string_view(code, end)) + ")";
 }
 
-/// A sequence of tones takes a word for no tones, too.
+constexpr std::int32_t kToneSequence = 521;  // the conversion, which reads words for no tones, too
+
 bool IsWordForNone(const SchemaField& field, std::string_view typed) {
-  constexpr std::int32_t kToneSequence = 521;  // the conversion that reads the words
   return field.transform == kToneSequence && Forms::ViewedBy(field.table) == nullptr &&
          (EqualsIgnoringCase(typed, "None") || EqualsIgnoringCase(typed, "Undefined"));
 }
@@ -243,7 +243,24 @@ bool HasDirection(const Provider& content, RecordNr row) {
 /// What a pin without direction does is nothing, and may be typed.
 bool NamesAnAction(std::string_view typed) { return !EqualsIgnoringCase(typed, "No Action"); }
 
+/// Of a text that only takes some characters.
+std::string_view TextKindOf(const SchemaField& field) {
+  if (field.validation == "0123456789ABCDEF" && field.transform != kToneSequence) return "hexadecimal";
+  return field.validation.empty() ? "text" : "tones";
+}
+
 }  // namespace
+
+std::string_view ControlKindOf(const SchemaField& field, const CodeWords& words, bool hasList) {
+  constexpr std::int32_t kFrequencies[] = {501, 502};  // the conversions of hertz to megahertz
+  if (field.isIdentity) return "identity";
+  if (hasList) return "list";
+  if (words.IsTick() || field.type == FieldType::Flag) return "tick";
+  if (!words.Entries().empty()) return "choice";
+  if (std::ranges::find(kFrequencies, field.transform) != std::end(kFrequencies)) return "frequency";
+  if (field.type == FieldType::Integer) return "whole number";
+  return field.type == FieldType::Number ? "number" : TextKindOf(field);
+}
 
 Entry EnteredIn(Session& session, const SchemaField& field, std::string_view uiid, RecordNr record,
                 std::string_view given) {

@@ -5,6 +5,7 @@
 
 #include "platform/Types.h"
 
+class CodeWords;
 class Session;
 struct SchemaField;
 
@@ -15,6 +16,10 @@ struct Entry {
   /// What is handed on: the number, or the text as the list of the field spells it.
   std::string value;
 };
+
+/// What kind of control the field has, in a word or two: "tick", "choice", "list", "whole number",
+/// "frequency".
+std::string_view ControlKindOf(const SchemaField& field, const CodeWords& words, bool hasList);
 
 /// Judges a typed value before the tier sees it, which takes what it is handed: an identity is free, a value
 /// of a list is an entry of it, a number is whole or plain and within its limits, a text is of the characters
