@@ -2,17 +2,24 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <charconv>
 #include <iterator>
+#include <optional>
 #include <utility>
 
+#include "workbench/files/Printable.h"
+#include "workbench/files/TabbedFile.h"
+
 namespace {
-/// Why the text is no record; empty when it may be one. What is no number at all is refused when it is
-/// converted.
+/// Why the text is no whole number; empty when it is one.
+std::string NoNumber(const std::string& text) {
+  if (ParseInteger(text)) return {};
+  return Printable::Quoted(text) + " is no whole number";
+}
+
+/// Why the text is no record; empty when it may be one.
 std::string NoRecord(const std::string& text) {
-  RecordNr record = 1;
-  std::from_chars(text.data(), text.data() + text.size(), record);
-  return record < 1 ? "records count from 1" : "";
+  const std::optional<RecordNr> record = ParseInteger(text);
+  return record && *record < 1 ? "records count from 1" : NoNumber(text);
 }
 }  // namespace
 
@@ -28,7 +35,7 @@ void Words::Required(const char* name, std::string& word, const char* about) {
 }
 
 void Words::Required(const char* name, RecordNr& number, const char* about) {
-  command_.add_option(name, number, about)->required();
+  command_.add_option(name, number, about)->required()->check(NoNumber);
   Note({.name = name, .about = about, .isRequired = true});
 }
 

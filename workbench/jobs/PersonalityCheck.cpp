@@ -65,7 +65,8 @@ void PersonalityCheck::Tell(const std::vector<Damage>& damages) {
     finding.table = place.table->number;
     // Of a table that is too short: the first that lacks.
     finding.record = place.record > 0 ? place.record : session_.Content().Count(*place.table) + 1;
-    if (place.field != nullptr) finding.value = ValueText::Of(damage.value);
+    finding.field = place.field;
+    finding.value = damage.value;
     finding.text = damage.text + ".";
     finding.text.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(finding.text.front())));
     finding.line = damage.line;

@@ -83,11 +83,14 @@ std::vector<VersionName> AllVersions() {
 }
 
 [[noreturn]] void RaiseUnknownVersion(std::string_view text) {
-  std::string known;
+  std::string known, meant;
   for (const VersionName& version : SchemaFiles::Versions()) {
     known += (known.empty() ? "" : ", ") + version.Text();
+    if (version.IsMeantBy(text)) meant += (meant.empty() ? "" : ", ") + version.Text();
   }
-  throw FileError("", 0, "version", Printable::Quoted(text) + " is none of " + known);
+  throw FileError("", 0, "version",
+                  Printable::Quoted(text) + (meant.empty() ? " is none of " + known
+                                                           : " names no model; did you mean " + meant + "?"));
 }
 
 /// A sequence of codes that blanks separate. Row 0 is not used: the one of no codes has that row alone.
