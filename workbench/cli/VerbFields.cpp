@@ -147,9 +147,8 @@ ExitCode ListFields(const FieldsArguments& arguments, Workplace& workplace) {
 const Verb kFields({.name = "fields",
                     .about = "Describe a field of the forms, or list them as their metadata tells",
                     .examples = {{"What a field takes, and when it is enabled", "kd4410 fields TxPower_k6k"},
-                                 {"The fields with a word in UIID or label", "kd4410 fields frequency"},
-                                 {"The UIIDs of an older version",
-                                  "kd4410 fields --names --version KD4410.0089"}}},
+                                 {"The fields of an older version with a word in UIID or label",
+                                  "kd4410 fields frequency --version KD4410.0089"}}},
                    Take, ListFields);
 
 }  // namespace

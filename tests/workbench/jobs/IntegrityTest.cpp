@@ -92,6 +92,7 @@ TEST_F(DamagedFiles, EachDamageIsToldWithItsPlaceAndWithWhatASaveMakesOfIt) {
     EXPECT_EQ((*found)["rule"], one.rule);
     EXPECT_THAT(std::string((*found)["text"]), HasSubstr(one.text));
     EXPECT_THAT(std::string((*found)["consequence"]), HasSubstr(one.consequence));
+    EXPECT_EQ((*found)["value"], one.value);
     EXPECT_THAT(LineOf(ContentOf(path), (*found)["line"]), HasSubstr("\"" + std::string(one.field) + "\": "));
   }
 }
