@@ -42,36 +42,36 @@ std::string ActionFor(const Manual& manual, const Word& word) {
 }
 
 /// "'--out[About]:FILE:_files'", of an option with two names one for each.
-std::string OptionSpecs(const Manual& manual, const Word& option) {
+std::string OptionArguments(const Manual& manual, const Word& option) {
   const std::string about = "[" + Completion::Escaped(option.about, "[]\\", "\\") + "]";
   const std::string value = option.value.empty() ? ""
                                                  : ":" + Completion::Escaped(option.value, ":\\", "\\") +
                                                        ":" + ActionFor(manual, option);
-  std::string specs;
+  std::string arguments;
   for (const std::string& name : Completion::NamesOf(option)) {
-    std::string spec = option.isRepeated ? "*" : "";
-    spec.append(name).append(about).append(value);
-    specs += "    " + Completion::Quoted(spec) + '\n';
+    std::string argument = option.isRepeated ? "*" : "";
+    argument.append(name).append(about).append(value);
+    arguments += "    " + Completion::Quoted(argument) + '\n';
   }
-  return specs;
+  return arguments;
 }
 
 /// "'2::RECORD: '"
-std::string PlaceSpec(const Manual& manual, const Word& word, int place) {
+std::string PlaceArgument(const Manual& manual, const Word& word, int place) {
   const std::string head = word.isRepeated ? "*" : std::to_string(place);
   const std::string colons = Completion::IsNested(word) ? ":::" : word.isRequired ? ":" : "::";
-  const std::string spec = head + (word.isRepeated && !Completion::IsNested(word) ? ":" : colons) +
-                           Completion::Escaped(word.name, ":\\", "\\") + ":" + ActionFor(manual, word);
-  return "    " + Completion::Quoted(spec) + '\n';
+  const std::string argument = head + (word.isRepeated && !Completion::IsNested(word) ? ":" : colons) +
+                               Completion::Escaped(word.name, ":\\", "\\") + ":" + ActionFor(manual, word);
+  return "    " + Completion::Quoted(argument) + '\n';
 }
 
-std::string Specs(const Manual& manual, const std::vector<Word>& words) {
-  std::string specs;
+std::string ArgumentsOf(const Manual& manual, const std::vector<Word>& words) {
+  std::string arguments;
   int place = 0;
   for (const Word& word : words) {
-    specs += word.IsOption() ? OptionSpecs(manual, word) : PlaceSpec(manual, word, ++place);
+    arguments += word.IsOption() ? OptionArguments(manual, word) : PlaceArgument(manual, word, ++place);
   }
-  return specs;
+  return arguments;
 }
 
 }  // namespace
@@ -87,15 +87,15 @@ std::string Completion::ForZsh(const Manual& manual) {
   script +=
       "# A command with its words, the first of the line.\n_kd4410_line() {\n"
       "  if ((CURRENT == 1)); then\n    _kd4410_commands\n    return\n  fi\n"
-      "  local -a specs common\n  common=($_kd4410_common)\n  case $words[1] in\n";
+      "  local -a arguments common\n  common=($_kd4410_common)\n  case $words[1] in\n";
   for (const Manual::Command& command : manual.commands) {
     script += "  " + std::string(command.text.name) + ")\n";
     for (const Word& option : manual.common) {
       if (command.Redefines(option)) script += "    common=(${common:#" + option.name + "\\[*})\n";
     }
-    script += "    specs=(\n" + Specs(manual, command.words) + "    ) ;;\n";
+    script += "    arguments=(\n" + ArgumentsOf(manual, command.words) + "    ) ;;\n";
   }
-  script += "  esac\n  _arguments -S $common $specs\n}\n\n";
-  script += "typeset -ga _kd4410_common\n_kd4410_common=(\n" + Specs(manual, manual.common) + ")\n";
+  script += "  esac\n  _arguments -S $common $arguments\n}\n\n";
+  script += "typeset -ga _kd4410_common\n_kd4410_common=(\n" + ArgumentsOf(manual, manual.common) + ")\n";
   return script + std::string(kTail);
 }
