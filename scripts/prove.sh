@@ -22,7 +22,7 @@ done
 "$ROOT/tests/kill_during_save.sh" "$kd4410" "$ROOT/build/lib/kd4410/libkd4410tier.so" "$ROOT/samples/city-fleet.json" 10000
 KD4410_WALK_STEPS=2000 "$ROOT/build/tests/kd4410_tests" --gtest_filter='*GridWalk*'
 KD4410_LAW_COUNT=200 "$ROOT/build/tests/kd4410_tests" --gtest_filter='ConversionLaws*'
-KD4410_TYPED_COUNT=0 "$ROOT/build/tests/kd4410_tests" --gtest_filter='*TypedValues*'
+TEST_TMPDIR=/dev/shm KD4410_TYPED_COUNT=0 "$ROOT/build/tests/kd4410_tests" --gtest_filter='*TypedValues*'
 "$ROOT/bench.sh"
 "$ROOT/scripts/sanitize.sh"
 "$ROOT/build-sanitize/bin/kd4410" conform --level 9 --patience 7200

@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <random>
@@ -43,6 +44,7 @@ struct TypedEdit {
   RecordNr record;
   std::string value;
   const char* answer;
+  const SchemaField* field;
 };
 
 class TypedValues : public InProcessCommand, public testing::WithParamInterface<const char*> {
@@ -62,7 +64,7 @@ class TypedValues : public InProcessCommand, public testing::WithParamInterface<
       for (const std::string& uiid : field.uiids) {
         for (const std::string& value : ValuesFor(field)) {
           edits.push_back({uiid, 1 + static_cast<RecordNr>(edits.size()) % count, value,
-                           edits.size() % 2 == 0 ? "yes" : "no"});
+                           edits.size() % 2 == 0 ? "yes" : "no", &field});
         }
       }
     }
@@ -79,7 +81,14 @@ class TypedValues : public InProcessCommand, public testing::WithParamInterface<
     if (meant.contains("YES")) meant.insert({"ON", "TRUE"});
     if (meant.contains("NO")) meant.insert({"OFF", "FALSE"});
     if (meant.contains("")) meant.insert({"NONE", "UNDEFINED"});
-    return meant.contains(UpperCase(typed));
+    return meant.contains(UpperCase(typed)) || IsSpelledAnew(*edit.field, text, UpperCase(typed));
+  }
+  /// A number in hexadecimal gets zeros at its head; among tones "G" is the group tone of the system.
+  static bool IsSpelledAnew(const SchemaField& field, const std::string& text, const std::string& typed) {
+    const std::size_t zeros = text.size() - std::min(text.size(), typed.size());
+    if (field.validation == "0123456789ABCDEF" && zeros > 0) return text == std::string(zeros, '0') + typed;
+    return field.validation.find('G') != std::string::npos &&
+           std::ranges::equal(text, typed, [](char a, char b) { return a == b || a == 'G'; });
   }
   /// The tables whose records stand elsewhere: laid out anew, with pointers that follow them, or with records
   /// that come or go.
