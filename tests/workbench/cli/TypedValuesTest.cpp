@@ -63,8 +63,8 @@ class TypedValues : public InProcessCommand, public testing::WithParamInterface<
       if (count == 0) continue;
       for (const std::string& uiid : field.uiids) {
         for (const std::string& value : ValuesFor(field)) {
-          edits.push_back({uiid, 1 + static_cast<RecordNr>(edits.size()) % count, value,
-                           edits.size() % 2 == 0 ? "yes" : "no", &field});
+          const RecordNr record = 1 + static_cast<RecordNr>(edits.size() / 2) % count;
+          for (const char* answer : {"yes", "no"}) edits.push_back({uiid, record, value, answer, &field});
         }
       }
     }
