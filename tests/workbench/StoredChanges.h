@@ -44,6 +44,7 @@ inline std::multiset<std::string> StoredChanges(const nlohmann::json& told,
   std::multiset<std::string> changes;
   for (const nlohmann::json& one : told) {
     if (without.contains(std::to_string(one["table"].get<int>()))) continue;
+    if (one["storedBefore"] == one["storedAfter"]) continue;  // it points at the same place, which is another
     changes.insert(StoredChange(one["fieldId"], one["storedBefore"], one["storedAfter"]));
   }
   return changes;
