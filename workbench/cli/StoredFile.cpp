@@ -2,14 +2,12 @@
 
 #include <algorithm>
 #include <iostream>
-#include <string_view>
 
 #include "workbench/cli/Workplace.h"
 #include "workbench/files/AtomicFile.h"
+#include "workbench/files/FileError.h"
 #include "workbench/files/Printable.h"
-#include "workbench/files/TabbedFile.h"
 #include "workbench/jobs/FiledEdit.h"
-#include "workbench/jobs/Session.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/schema/Schema.h"
 #include "workbench/store/Provider.h"
@@ -97,15 +95,9 @@ void StoredFile::RaiseNotOpened(const TierFault& fault) const {
   throw ErrorOf(name_, near == damages_.end() ? damages_.front() : *near, "; " + reason);
 }
 
-void StoredFile::RaiseLocated(const FileError& error) const {
-  constexpr std::string_view kMark = ", record ";
-  const std::size_t mark = error.Where().find(kMark);
-  if (document_.empty() || error.Line() != 0 || mark == std::string::npos) throw error;
-  const SchemaField* field = content_->GetSchema().Find(std::string_view(error.Where()).substr(0, mark));
-  const auto record = ParseInteger(std::string_view(error.Where()).substr(mark + kMark.size()));
-  if (field == nullptr || !field->IsRaw() || !record) throw error;
-  const PersonalityFile::Place place{&content_->GetSchema().TableOf(*field), *record, field};
-  throw FileError(name_, LineOf(place), place.Path(), error.Reason());
+void StoredFile::RaiseLocated(const ValueError& error) const {
+  if (document_.empty() || !error.Place().field->IsRaw()) throw error;
+  throw FileError(name_, LineOf(error.Place()), error.Place().Path(), error.Reason());
 }
 
 int StoredFile::LineOf(const PersonalityFile::Place& place) const {

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "workbench/files/FileError.h"
 #include "workbench/host/TierHost.h"
 #include "workbench/jobs/Integrity.h"
+#include "workbench/jobs/Session.h"
 #include "workbench/store/Journal.h"
 
 class AtomicFile;
@@ -62,15 +62,15 @@ class StoredFile {
     } catch (const TierFault& fault) {
       if (document_.empty()) throw;
       RaiseNotOpened(fault);
-    } catch (const FileError& error) {
+    } catch (const ValueError& error) {
       RaiseLocated(error);
     }
   }
 
  private:
   [[noreturn]] void RaiseNotOpened(const TierFault& fault) const;
-  /// With line and path where it names a stored field and its record.
-  [[noreturn]] void RaiseLocated(const FileError& error) const;
+  /// With line and path where the value is one of the file.
+  [[noreturn]] void RaiseLocated(const ValueError& error) const;
   int LineOf(const PersonalityFile::Place& place) const;
   [[noreturn]] void Refuse() const;
   void Locate();

@@ -121,6 +121,7 @@ Json JsonOfCells(const std::vector<CellDifference>& cells, const Session& sessio
   return list;
 }
 
+/// What stands beside a FieldId: nothing where it is the label, too.
 std::string LabelBeside(const Session& session, const SchemaField& field) {
   const std::string label = session.LabelOf(field);
   return label == field.id ? "" : label;
@@ -172,8 +173,7 @@ void Report::PrintFiled(const FiledChanges& filed, bool saved, const Session& se
     const bool isTold = !IsWhole(cell.storedA, cell.storedB) ||
                         whole[{cell.table, cell.storedA.IsEmpty()}].values <= kToldByValue;
     if (!isTold) continue;
-    const std::string label = session.LabelOf(*cell.shownAs);
-    table.Add({cell.field->id, label == cell.field->id ? "" : label, cell.table->title + " " + cell.record,
+    table.Add({cell.field->id, LabelBeside(session, *cell.shownAs), cell.table->title + " " + cell.record,
                TextOf(cell, session)});
   }
   PrintWhole(whole, table);

@@ -58,9 +58,9 @@ std::string TextRefusal(std::string_view typed) {
          UpperCase(std::string_view(code, end)) + ")";
 }
 
-constexpr std::int32_t kToneSequence = 521;  // the conversion, which reads words for no tones, too
-
+/// A sequence of tones takes a word for no tones, too.
 bool IsWordForNone(const SchemaField& field, std::string_view typed) {
+  constexpr std::int32_t kToneSequence = 521;  // the conversion that reads the words
   return field.transform == kToneSequence && Forms::ViewedBy(field.table) == nullptr &&
          (EqualsIgnoringCase(typed, "None") || EqualsIgnoringCase(typed, "Undefined"));
 }
@@ -243,9 +243,8 @@ bool HasDirection(const Provider& content, RecordNr row) {
 /// What a pin without direction does is nothing, and may be typed.
 bool NamesAnAction(std::string_view typed) { return !EqualsIgnoringCase(typed, "No Action"); }
 
-/// Of a text that only takes some characters.
 std::string_view TextKindOf(const SchemaField& field) {
-  if (field.validation == "0123456789ABCDEF" && field.transform != kToneSequence) return "hexadecimal";
+  if (field.IsHexadecimal()) return "hexadecimal";
   return field.validation.empty() ? "text" : "tones";
 }
 

@@ -23,15 +23,19 @@ bool ComesBack(const Provider& content, const SchemaField& field, RecordNr recor
   return IsNumeric(value) && LimitsOf(field).Hold(CDbl(value));
 }
 
+PersonalityFile::Place PlaceOf(const Provider& content, const SchemaField& field, RecordNr record) {
+  return {&content.GetSchema().TableOf(field), record, &field};
+}
+
 void RequireConvertible(const Provider& content, const std::string& fileName) {
   for (const std::string_view name : kNotAllComeBack) {
     const SchemaField& field = content.FieldOf(name);
     for (RecordNr record = 1; record <= content.Count(field.table); ++record) {
       if (ComesBack(content, field, record)) continue;
-      throw FileError(fileName, 0, field.CommonName() + ", record " + std::to_string(record),
-                      Printable::Quoted(CStr(content.Get(field, record))) +
-                          " is shown but can not be saved, which takes " + CStr(field.minimum) + " to " +
-                          CStr(field.maximum));
+      throw ValueError(fileName, field.CommonName(), PlaceOf(content, field, record),
+                       Printable::Quoted(CStr(content.Get(field, record))) +
+                           " is shown but can not be saved, which takes " + CStr(field.minimum) + " to " +
+                           CStr(field.maximum));
     }
   }
 }
@@ -58,8 +62,8 @@ void RequirePins(const Provider& content, const std::string& fileName) {
       const Variant& id = content.Get(pin, record);
       const bool isPin = IsNumeric(id) && CDbl(id) >= line.firstPin && CDbl(id) <= kLastPin;
       if (isPin || IsCode(content.Get(use, record), 0)) continue;
-      throw FileError(fileName, 0, pin.id + ", record " + std::to_string(record),
-                      Printable::Quoted(CStr(id)) + " " + line.refusal);
+      throw ValueError(fileName, pin.id, PlaceOf(content, pin, record),
+                       Printable::Quoted(CStr(id)) + " " + line.refusal);
     }
   }
 }
@@ -260,8 +264,9 @@ std::shared_ptr<Provider> Session::FormsOf(const Provider& stored) {
 std::shared_ptr<Provider> Session::ConvertedToRaw() {
   RequireConvertible(*provider_, fileName_);
   if (leftOut_.first != 0) {
-    throw FileError(fileName_, 0, leftOut_.where,
-                    leftOut_.reason + ", so that a save would lose what is left out");
+    const SchemaField& system = provider_->FieldOf("32.SignalSystemId");
+    throw ValueError(fileName_, system.id, PlaceOf(*provider_, system, leftOut_.first),
+                     leftOut_.reason + ", so that a save would lose what is left out");
   }
   std::shared_ptr<Provider> copy = provider_->Copy();
   copy->SetMonitor(provider_->SharedMonitor());  // a save is part of the session
@@ -310,7 +315,7 @@ void Session::RequireConverted(const Status& status, const SchemaField& field, R
   try {
     host_.Require(status);
   } catch (const TierFault& fault) {
-    throw ConversionFault(fileName_, {&provider_->GetSchema().TableOf(field), record, &field},
+    throw ConversionFault(fileName_, PlaceOf(*provider_, field, record),
                           field.id + ", record " + std::to_string(record) + ", " + way + ": " + fault.what());
   }
 }

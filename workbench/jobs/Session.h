@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/Conversions.h"
+#include "workbench/files/FileError.h"
 #include "workbench/host/TierHost.h"
 #include "workbench/personality/PersonalityFile.h"
 #include "workbench/store/Journal.h"
@@ -50,6 +51,19 @@ struct EditResult {
   bool IsOther(const SchemaField& field) const;
   /// What else changed; after a refusal, what the rule had written before it refused.
   std::vector<Change> others;
+};
+
+/// A stored value with which a session can not be opened or saved.
+class ValueError : public FileError {
+ public:
+  /// `name` is what the message calls the field.
+  ValueError(const std::string& file, const std::string& name, PersonalityFile::Place place,
+             const std::string& reason)
+      : FileError(file, 0, name + ", record " + std::to_string(place.record), reason), place_(place) {}
+  const PersonalityFile::Place& Place() const { return place_; }
+
+ private:
+  PersonalityFile::Place place_;
 };
 
 /// The tier failed in the conversion of a field.

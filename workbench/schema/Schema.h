@@ -112,6 +112,8 @@ struct SchemaField {
   std::vector<SchemaReference> references;
 
   bool IsRaw() const { return kind == StorageKind::Raw; }
+  /// Whether its text is a number in hexadecimal; the characters of tones are others.
+  bool IsHexadecimal() const { return width > 0 && validation == "0123456789ABCDEF"; }
   /// The name without the table number.
   std::string_view Name() const { return std::string_view(id).substr(id.find('.') + 1); }
   /// By which the command line calls it: the first of its UIIDs, else the FieldId.

@@ -37,8 +37,7 @@ std::string At(const Provider& content, std::string_view name, RecordNr record) 
 
 bool ReadsTheSame(const SchemaField& field, const Variant& a, const Variant& b) {
   if (field.validation.empty()) return SameCell(a, b);
-  const bool isHexadecimal = field.width > 0 && field.validation == "0123456789ABCDEF";
-  if (isHexadecimal) return EqualsIgnoringCase(WithoutZeros(CStr(a)), WithoutZeros(CStr(b)));
+  if (field.IsHexadecimal()) return EqualsIgnoringCase(WithoutZeros(CStr(a)), WithoutZeros(CStr(b)));
   return CStr(a) == CStr(b);  // tones: "012" is not "12"
 }
 

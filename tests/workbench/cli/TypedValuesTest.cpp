@@ -87,7 +87,7 @@ class TypedValues : public InProcessCommand, public testing::WithParamInterface<
   /// A number in hexadecimal gets zeros at its head; among tones "G" is the group tone of the system.
   static bool IsSpelledAnew(const SchemaField& field, const std::string& text, const std::string& typed) {
     const std::size_t zeros = text.size() - std::min(text.size(), typed.size());
-    if (field.validation == "0123456789ABCDEF" && zeros > 0) return text == std::string(zeros, '0') + typed;
+    if (field.IsHexadecimal() && zeros > 0) return text == std::string(zeros, '0') + typed;
     return field.validation.find('G') != std::string::npos &&
            std::ranges::equal(text, typed, [](char a, char b) { return a == b || a == 'G'; });
   }
