@@ -42,12 +42,16 @@ fuzz() {
   (cd "$WORK" && "$FUZZ_BUILD/fuzz/fuzz$target" "${options[@]}" "$@") >"$WORK/$target.log" 2>&1
 }
 
-# failed TARGET: tells of the crash in the target's log.
+# failed TARGET: tells of the crash in the target's log, with the input and what the target says of it: the log of
+# another machine may be gone.
 failed() {
   local input
   input=$(sed -n 's/.*Test unit written to //p' "$WORK/$1.log" | tail -n 1)
   echo "$1: CRASH on ${input:-no input}; the log is $WORK/$1.log"
   echo "  reproduce: $FUZZ_BUILD/fuzz/fuzz$1 $input"
+  [ -f "$input" ] || return
+  echo "  input in base64: $(base64 -w 0 "$input")"
+  timeout 60 "$FUZZ_BUILD/fuzz/fuzz$1" "$input" 2>&1 | tail -n 25 | cut -c 1-400 | sed 's/^/  /'
 }
 
 # replay TARGET: each committed input once.

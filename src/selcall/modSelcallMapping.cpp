@@ -201,8 +201,9 @@ bool ShowInGrid(const ProviderRef& provider, std::string_view fieldId, RecordNr 
       kBurstFields, [&](const BurstFields& fields) { return EqualsIgnoringCase(fields.sequence, fieldId); });
   if (grid == kBurstFields.end()) return false;
   const auto kind = static_cast<Burst>(grid - kBurstFields.begin());
-  const RecordNr burst = BurstLayoutOf(provider).OffsetOf(kind) + row + 1;
   const FieldRef bursts = provider.Field("30.UGBurstSeq");
+  if (row > bursts.RecordCount()) return true;  // nor is there one behind the slots before
+  const RecordNr burst = BurstLayoutOf(provider).OffsetOf(kind) + row + 1;
   if (!bursts.HasRecord(burst)) return true;
   provider.Field(grid->sequence).SetValue(row, bursts.Value(burst));
   provider.Field(grid->number).SetValue(row, row);

@@ -10,11 +10,15 @@
 namespace Conform {
 namespace {
 
-void CallEach(CheckRun& run, std::string_view personality, const Provider& stored, Subject subject) {
-  Bench bench(run.Parts(), stored);
-  for (const Call& call : CallsOn(bench, subject)) {
+void CallAll(CheckRun& run, std::string_view personality, Bench& bench, const std::vector<Call>& calls) {
+  for (const Call& call : calls) {
     run.Judge(std::string(personality) + ": " + call.Text(), TroubleOf(call, bench.Try(call)));
   }
+}
+
+void CallEach(CheckRun& run, std::string_view personality, const Provider& stored, Subject subject) {
+  Bench bench(run.Parts(), stored);
+  CallAll(run, personality, bench, CallsOn(bench, subject));
 }
 
 template <Subject subject>
@@ -34,6 +38,14 @@ void CallVersionPairs(CheckRun& run) {
   }
 }
 
+/// Where the tier reckons with the number of a record, none may be too large or too small for it.
+void CallStrays(CheckRun& run) {
+  for (const Personality& personality : run.Personalities()) {
+    Bench bench(run.Parts(), *personality.stored);
+    CallAll(run, personality.name, bench, StrayCallsOn(bench));
+  }
+}
+
 // clang-format off
 constexpr Check kCallChecks[] = {
     {"field-rules",     3, "every field rule answers",                 CallEach<Subject::FieldRule>},
@@ -44,6 +56,7 @@ constexpr Check kCallChecks[] = {
     {"transformations", 3, "every field is converted in both directions", CallEach<Subject::Transformation>},
     {"combo-lists",     3, "every combo has its list or none",         CallEach<Subject::ComboList>},
     {"version-pairs",   3, "neighbouring versions are converted in both directions", CallVersionPairs},
+    {"stray-records",   3, "records that no table has are answered in good order", CallStrays},
     {"whole",           3, "what concerns a personality as a whole is answered",     CallEach<Subject::Whole>},
 };
 // clang-format on

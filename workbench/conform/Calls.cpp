@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "platform/XArrayDBObject.h"
+#include "workbench/conform/Choices.h"
 #include "workbench/conform/Operations.h"
 #include "workbench/jobs/Conversion.h"
 #include "workbench/jobs/Forms.h"
@@ -296,6 +297,18 @@ std::vector<Call> AllCallsOn(Bench& bench) {
     all.insert(all.end(), calls.begin(), calls.end());
   }
   return all;
+}
+
+std::vector<Call> StrayCallsOn(Bench& bench) {
+  std::vector<Call> strays;
+  for (const Call& call : AllCallsOn(bench)) {
+    // What the host does before some calls needs a record.
+    if (call.record != 1 || call.operation->prepare != nullptr) continue;
+    for (const RecordNr record : kOddRecords) {
+      strays.push_back({call.operation, call.name, record, call.value, false});
+    }
+  }
+  return strays;
 }
 
 std::string TroubleOf(const Call& call, const Answer& answer) {

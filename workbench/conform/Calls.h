@@ -109,6 +109,8 @@ class Bench {
 /// their steps.
 std::vector<Call> CallsOn(Bench& bench, Subject subject);
 std::vector<Call> AllCallsOn(Bench& bench);
+/// Each of those that names a record, for records that no table has. None of them is legal.
+std::vector<Call> StrayCallsOn(Bench& bench);
 
 /// What is wrong with the answer to a call on which nothing failed; empty for nothing.
 std::string TroubleOf(const Call& call, const Answer& answer);

@@ -18,9 +18,7 @@ constexpr std::string_view kOddTexts[] = {
     "ControlStatus6000",
 };
 // clang-format on
-constexpr std::size_t kLongText = 5000;  // characters
-constexpr RecordNr kOddRecords[] = {0, -1, std::numeric_limits<RecordNr>::max(),
-                                    std::numeric_limits<RecordNr>::min(), 5000};
+constexpr std::size_t kLongText = 5000;   // characters
 constexpr std::size_t kNumbers = 65'536;  // two bytes of an input
 }  // namespace
 

@@ -3,12 +3,17 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <limits>
 #include <random>
 #include <span>
 #include <string>
 
 #include "platform/Types.h"
 #include "platform/Variant.h"
+
+/// No table has them, and few a record 5000.
+inline constexpr RecordNr kOddRecords[] = {0, -1, std::numeric_limits<RecordNr>::max(),
+                                           std::numeric_limits<RecordNr>::min(), 5000};
 
 /// A source of choices: a generator that never ends, or the bytes of an input until they run out. The same
 /// seed or input makes the same choices everywhere.
@@ -39,7 +44,7 @@ class Choices {
 
   std::string OddText();
   Variant OddValue();
-  /// Of a table with so many records: the next one, or one that no table has. Few tables have a record 5000.
+  /// Of a table with so many records: the next one, or an odd one.
   RecordNr OddRecord(RecordNr count);
   /// The name, or the same in capitals.
   std::string InAnyCase(std::string name);

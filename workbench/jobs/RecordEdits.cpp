@@ -336,6 +336,7 @@ bool RecordEdits::DeleteCompleted(RecordResult& result) const {
 
 bool RecordEdits::IsKept(RecordResult& result) const {
   const Schema& schema = session_.Content().GetSchema();
+  if (table_.number == Forms::kChannels) session_.IndexChannels();
   if (const Forms::Current* shown = Forms::ViewedBy(table_.number)) Forms::FillViews(session_, *shown);
   const SchemaTable& behind = *schema.FindTable(Forms::TableBehind(table_.number));
   return (session_.KeepsRecords(table_) && session_.KeepsRecords(behind)) ||

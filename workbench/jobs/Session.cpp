@@ -208,6 +208,13 @@ void Session::Store(const SchemaField& field, RecordNr record, Variant value) {
   ShowAgain(field, record);
 }
 
+void Session::IndexChannels() {
+  const SchemaField& number = provider_->FieldOf("5.ChannelIDTracker");
+  for (RecordNr channel = 1; channel <= provider_->Count(number.table); ++channel) {
+    ConvertToRaw(provider_, number, channel);
+  }
+}
+
 void Session::ConvertWritten(const std::vector<Change>& changes) {
   for (const SchemaField* field : provider_->GetSchema().ConvertedToRadio()) {
     std::set<RecordNr> records;

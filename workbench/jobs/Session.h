@@ -95,6 +95,9 @@ class Session {
   EditResult Edit(const SchemaField& field, std::string_view uiid, RecordNr record, std::string_view typed);
   /// Stores a form value and its conversion without asking the rules.
   void Store(const SchemaField& field, RecordNr record, Variant value);
+  /// To be called when channels have come or gone. The radio's index of them takes one more record with each
+  /// channel that is brought to the radio, so that all must be, in their order, before one can be alone.
+  void IndexChannels();
 
   /// The content as the radio holds it, for the file: made on a copy, the forms stay as they are. A FileError
   /// names a value that the tier takes to the forms but not back; no conversion has begun by then.

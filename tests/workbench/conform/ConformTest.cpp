@@ -81,6 +81,7 @@ TEST_F(Conformance, EveryCheckCatchesATierThatIsBrokenForIt) {
       {"transformations", "fails in a conversion", "failed", "TransformFromUI"},
       {"combo-lists", "answers no flag", "failed", "7 is no flag"},
       {"version-pairs", "leaves the process", "ended", "without a result"},
+      {"stray-records", "crashes", "crashed", "Aborted"},
       {"whole", "fails before a save", "failed", "RunFinalValidation"},
       {"auto-update", "does not restore", "failed", "leaves AutoUpdate changed"},
       {"silent-conversions", "writes aloud", "failed", "writes while AutoUpdate is on"},

@@ -281,4 +281,27 @@ TEST_F(RecordEditsTest, AFaultOnTheWayIsNoRefusal) {
     EXPECT_THROW(Edits("Network").Add(), TierFault) << call;
   }
 }
+
+/// A host that has added and deleted records may bring any field of any record to the radio before it saves.
+TEST(RecordEdits, LeaveTablesInWhichAFieldIsConvertedByItself) {
+  for (const char* sample : {"minimal", "city-fleet"}) {
+    for (const Grid& grid : Grids::All()) {
+      for (const bool isAdding : {true, false}) {
+        SCOPED_TRACE(testing::Message() << sample << ' ' << grid.name << (isAdding ? " +" : " -"));
+        const auto content = PersonalityFile::Parse(sample, ContentOf(Sample(sample)), *ProjectSchemas());
+        Session session(ProjectParts(), content, std::make_shared<ScriptedMessenger>());
+        session.ConvertToForms();
+        RecordEdits edits(session, grid);
+        if (content->Count(grid.table) == 0 && !isAdding) continue;
+        static_cast<void>(isAdding ? edits.Add(2) : edits.Delete(1));
+        for (const SchemaField* field : content->GetSchema().ConvertedToRadio()) {
+          const RecordNr last = content->Count(field->table);
+          if (last == 0 || field->isInPlace) continue;
+          const Journal journal(*content);
+          EXPECT_NO_THROW(session.Store(*field, last, Variant(content->Get(*field, last)))) << field->id;
+        }
+      }
+    }
+  }
+}
 }  // namespace
