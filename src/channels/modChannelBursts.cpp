@@ -36,7 +36,7 @@ std::string BurstText(const ProviderRef& provider, std::int32_t index) {
   const RecordNr burst = index + 1;
   const BurstLayout& layout = BurstLayoutOf(provider);
   if (layout.KindOf(layout.SlotOf(burst)) == Burst::Status) return BurstToForm(provider, layout, burst);
-  return MapBurstToUI(provider, layout.SystemOf(burst), NumarrayToString(bursts.Value(burst)));
+  return std::string(MapBurstToUI(provider, layout.SystemOf(burst), NumarrayToString(bursts.Value(burst))));
 }
 
 /// The record of table 5 that the field's record belongs to; table 76 names it by its record number.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -20,10 +21,12 @@ class GroupMembers {
   bool AreAllChannels(RecordNr group) const;
 
  private:
-  /// What table 18 holds of the group, in order. A group whose number is none has nothing.
-  const std::vector<Variant>& Of(RecordNr group) const;
+  /// The places in table 18 of the group's members, in order. A group whose number is none has nobody.
+  const std::vector<std::size_t>& Of(RecordNr group) const;
+  const Variant& ChannelOf(std::size_t member) const;
 
   ProviderRef provider_;
-  mutable std::optional<std::map<double, std::vector<Variant>>> members_;  // by the number of the group
-  mutable std::optional<std::vector<Variant>> channels_;                   // the numbers of all
+  mutable std::optional<std::map<double, std::vector<std::size_t>>> members_;  // by the number of the group
+  mutable std::optional<std::vector<Variant>> channels_;                       // of the members
+  mutable std::optional<std::vector<Variant>> allChannels_;                    // the numbers of all
 };

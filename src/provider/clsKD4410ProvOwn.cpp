@@ -117,7 +117,7 @@ Status clsKD4410ProvOwn::TransformFromUI(std::shared_ptr<Iprovider> provider, st
                                          RecordNr record, Boolean& out) {
   return Call([&](Itier*) {
     out = ToBoolean(Procedure("TransformFromUI", true, [&] {
-      return Transform(ProviderRef(provider), fieldId, record, &Transformation::fromUI);
+      return Transform(ProviderRef(std::move(provider)), fieldId, record, &Transformation::fromUI);
     }));
   });
 }
@@ -126,7 +126,7 @@ Status clsKD4410ProvOwn::TransformToUI(std::shared_ptr<Iprovider> provider, std:
                                        RecordNr record, Boolean& out) {
   return Call([&](Itier*) {
     out = ToBoolean(Procedure("TransformToUI", true, [&] {
-      return Transform(ProviderRef(provider), fieldId, record, &Transformation::toUI);
+      return Transform(ProviderRef(std::move(provider)), fieldId, record, &Transformation::toUI);
     }));
   });
 }

@@ -119,8 +119,8 @@ std::int32_t FormatCode(std::string_view letter, std::int32_t before) {
 // Sequences
 
 /// The tones of a status of one tone, a decimal number on the form: "12" is "C".
-std::string StatusTones(const std::string& number) { return modCommonGlobals::Hex(CLng(number)); }
-std::string StatusNumber(const std::string& tones) { return std::to_string(CLng("&H" + tones)); }
+std::string StatusTones(std::string_view number) { return modCommonGlobals::Hex(CLng(std::string(number))); }
+std::string StatusNumber(std::string_view tones) { return std::to_string(CLng("&H" + std::string(tones))); }
 
 bool HasOneStatusTone(std::string_view format) { return std::ranges::count(format, 'S') == 1; }
 
@@ -138,17 +138,18 @@ std::string FreeStatusFromForm(const Variant& twoDigits, const std::string& text
 }
 
 /// The tones of a burst's form text. Whatever its slot, "V" is two tones where the format has them.
-std::string BurstFromForm(const ProviderRef& provider, RecordNr burst, const std::string& shown) {
+std::string BurstFromForm(const ProviderRef& provider, RecordNr burst, std::string_view shown) {
   const BurstLayout& layout = BurstLayoutOf(provider);
   const RecordNr system = layout.SystemOf(burst);
-  std::string text = MapBurstFromUI(provider, system, shown);
-  if (text.empty()) return text;
+  const std::string_view text = MapBurstFromUI(provider, system, shown);
+  if (text.empty()) return {};
   const bool isStatus = layout.KindOf(layout.SlotOf(burst)) == Burst::Status;
   if (text != kVariable) {
-    return isStatus && HasOneStatusTone(TxFormatOf(provider, system)) ? StatusTones(text) : text;
+    const bool isNumber = isStatus && HasOneStatusTone(TxFormatOf(provider, system));
+    return isNumber ? StatusTones(text) : std::string(text);
   }
   const bool hasTwoTones = TxFormatOf(provider, system).find("SS") != std::string::npos;
-  return hasTwoTones ? std::string(kVariableOfTwoDigits) : text;
+  return std::string(hasTwoTones ? kVariableOfTwoDigits : text);
 }
 
 enum class Tones { Plain, Burst, FreeStatus };
@@ -232,7 +233,8 @@ void NameSlots(const ProviderRef& provider) {
 
 std::string SequenceText(const Variant& shown) {
   std::string text = CStr(shown);
-  return EqualsIgnoringCase(text, kNone) || EqualsIgnoringCase(text, kUndefined) ? std::string() : text;
+  if (EqualsIgnoringCase(text, kNone) || EqualsIgnoringCase(text, kUndefined)) text.clear();
+  return text;
 }
 
 ArrayObject StringToNumarray(std::string_view text) {
@@ -241,8 +243,9 @@ ArrayObject StringToNumarray(std::string_view text) {
 }
 
 std::string NumarrayToString(const Variant& sequence) {
-  return Procedure("NumarrayToString", std::string(),
-                   [&](std::string& text) { Decode(sequence, text, AppendTone); });
+  std::string text;
+  Procedure("NumarrayToString", [&] { Decode(sequence, text, AppendTone); });
+  return text;
 }
 
 ArrayObject FormatCodes(std::string_view format) {
@@ -256,11 +259,11 @@ std::string FormatText(const Variant& codes) {
   return text;
 }
 
-std::string MapBurstToUI(const ProviderRef&, RecordNr system, const std::string& text) {
-  return system == 0 ? std::string() : text;
+std::string_view MapBurstToUI(const ProviderRef&, RecordNr system, std::string_view text) {
+  return system == 0 ? std::string_view() : text;
 }
 
-std::string MapBurstFromUI(const ProviderRef& provider, RecordNr system, const std::string& text) {
+std::string_view MapBurstFromUI(const ProviderRef& provider, RecordNr system, std::string_view text) {
   return MapBurstToUI(provider, system, text);
 }
 
@@ -277,13 +280,13 @@ std::string TxFormatOf(const ProviderRef& provider, RecordNr system) {
 
 std::string BurstToForm(const ProviderRef& provider, const BurstLayout& layout, RecordNr burst) {
   const RecordNr system = layout.SystemOf(burst);
-  std::string text = NumarrayToString(provider.Field("30.FixedFormatBurstSeq").Value(burst));
-  text = MapBurstToUI(provider, system, text);
+  const std::string tones = NumarrayToString(provider.Field("30.FixedFormatBurstSeq").Value(burst));
+  const std::string_view text = MapBurstToUI(provider, system, tones);
   if (text == kVariableOfTwoDigits) return std::string(kVariable);
   const bool isStatus = layout.KindOf(layout.SlotOf(burst)) == Burst::Status;
   const bool isNumber =
       isStatus && !text.empty() && text != kVariable && HasOneStatusTone(TxFormatOf(provider, system));
-  return isNumber ? StatusNumber(text) : text;
+  return isNumber ? StatusNumber(text) : std::string(text);
 }
 
 void GetSelcallFormat(const ProviderRef& provider, std::string_view fieldId, RecordNr record) {

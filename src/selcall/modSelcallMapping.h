@@ -26,9 +26,9 @@ ArrayObject FormatCodes(std::string_view format);
 /// The letters of a format; a code that is none is told and left out.
 std::string FormatText(const Variant& codes);
 
-/// A burst of system 0 has no text.
-std::string MapBurstToUI(const ProviderRef& provider, RecordNr system, const std::string& text);
-std::string MapBurstFromUI(const ProviderRef& provider, RecordNr system, const std::string& text);
+/// A burst of system 0 has no text; of any other it is `text` itself.
+std::string_view MapBurstToUI(const ProviderRef& provider, RecordNr system, std::string_view text);
+std::string_view MapBurstFromUI(const ProviderRef& provider, RecordNr system, std::string_view text);
 
 /// The length of a tone or a gap in ms: of its code, 1 to 7. Any other number is a length already.
 std::int32_t PeriodMs(const Variant& period);

@@ -228,7 +228,7 @@ class Reader {
     if (!found->IsRaw()) Refuse("the field is one of the forms and is not stored");
     if (fieldSeen_[found->index]) Refuse("given twice");
     fieldSeen_[found->index] = true;
-    nextField_ = found->index - table_->firstField + 1;
+    nextField_ = found->column + 1;
     field_ = found;
     if (lines_ != nullptr) NoteLine(key_);
   }

@@ -99,24 +99,13 @@ bool SchemaField::PointsInto(std::int32_t target) const {
   });
 }
 
-FieldNames::FieldNames(std::size_t capacity) : places_(std::bit_ceil(2 * capacity + 1)) {}
-
-std::size_t FieldNames::Place(std::string_view name) const {
-  const std::size_t mask = places_.size() - 1;
-  std::size_t place = NameHash()(name) & mask;
-  while (!places_[place].name.empty() && !NameEqual()(places_[place].name, name)) place = (place + 1) & mask;
-  return place;
-}
+FieldNames::FieldNames(std::size_t capacity)
+    : places_(std::bit_ceil(2 * capacity + 1)), mask_(places_.size() - 1) {}
 
 FieldNames::Entry& FieldNames::Add(std::string_view name, const SchemaField* field) {
   Entry& entry = places_[Place(name)];
   if (entry.name.empty()) entry = {name, field};
   return entry;
-}
-
-const FieldNames::Entry* FieldNames::Find(std::string_view name) const {
-  const Entry& entry = places_[Place(name)];
-  return entry.name.empty() ? nullptr : &entry;
 }
 
 std::string VersionName::Digits() const {

@@ -85,6 +85,7 @@ struct SchemaTable {
 struct SchemaField {
   std::size_t index = 0;       // its place in Schema::Fields
   std::size_t tableIndex = 0;  // the place of its table in Schema::Tables
+  std::size_t column = 0;      // its place among the fields of its table
   std::int32_t table = 0;
   std::string id;                  // the FieldId: "5.ChannelTxFreq"
   std::vector<std::string> uiids;  // the plain names bound to it, as the schema file spells them
@@ -157,13 +158,23 @@ class FieldNames {
   /// The entry of the name: the one that stands, else the new one.
   Entry& Add(std::string_view name, const SchemaField* field);
   /// Null for a name that was not added.
-  const Entry* Find(std::string_view name) const;
+  const Entry* Find(std::string_view name) const {
+    const Entry& entry = places_[Place(name)];
+    return entry.name.empty() ? nullptr : &entry;
+  }
 
  private:
   /// The place of the name, or the free one where it belongs.
-  std::size_t Place(std::string_view name) const;
+  std::size_t Place(std::string_view name) const {
+    std::size_t place = NameHash()(name) & mask_;
+    while (!places_[place].name.empty() && !NameEqual()(places_[place].name, name)) {
+      place = (place + 1) & mask_;
+    }
+    return place;
+  }
 
   std::vector<Entry> places_;  // at least half of them free: no name
+  std::size_t mask_;           // of the number of places, a power of two
 };
 
 /// The tables and fields of one database version of one model. Does not change after it was made.

@@ -456,6 +456,7 @@ std::shared_ptr<const Schema> SchemaFiles::Make(const VersionName& version) cons
       SchemaField& field = fields.emplace_back(fieldRow->field);
       field.index = fields.size() - 1;
       field.tableIndex = table.index;
+      field.column = field.index - table.firstField;
       for (const WordsRow& words : fieldRow->words) {
         if (words.versions.Holds(version.number)) field.words = WordsFor(field, words.words);
       }

@@ -60,8 +60,7 @@ std::map<std::size_t, TableContent> Journal::TouchedTables() const {
     const SchemaTable& table = records.GetSchema().TableOf(*cell.field);
     const auto [content, isNew] = touched.try_emplace(table.index);
     if (isNew) content->second = records.ContentOf(table);
-    content->second.columns[records.ColumnOf(*cell.field)][static_cast<std::size_t>(cell.record - 1)] =
-        cell.before;
+    content->second.columns[cell.field->column][static_cast<std::size_t>(cell.record - 1)] = cell.before;
   }
   return touched;
 }
@@ -76,7 +75,7 @@ void Journal::AddChanges(const SchemaTable& table, const TableContent& before,
     return;
   }
   for (const SchemaField& field : records.GetSchema().FieldsOf(table)) {
-    const auto& old = before.columns[records.ColumnOf(field)];
+    const auto& old = before.columns[field.column];
     const auto& now = records.Values(field);
     for (std::size_t i = 0; i < now.size(); ++i) {
       if (SameCell(old[i], now[i])) continue;

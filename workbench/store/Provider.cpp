@@ -12,9 +12,11 @@ constexpr std::int32_t kNoTransformation = -1;
 }  // namespace
 
 Provider::Provider(std::shared_ptr<const Schema> schema)
-    : state_(std::make_shared<ProviderState>(std::move(schema))) {}
+    : state_(std::make_shared<ProviderState>(std::move(schema))) {
+  state_->held = state_;
+}
 
-Provider::~Provider() = default;
+Provider::~Provider() { state_->held.reset(); }
 
 template <typename Describe, typename Work>
 Status Provider::Call(CallGroup group, Describe describe, Work work) {

@@ -146,7 +146,7 @@ Status FieldsObject::Item(std::string_view name, std::shared_ptr<Ifield>& out) {
     state_.monitor->Enter(CallGroup::Lookup, [&] { return CallName("Ifields.Item", name); });
     const SchemaField* field = Find(name);
     if (field == nullptr) RaiseUnknown("field", std::to_string(table_.number) + "." + std::string(name));
-    out = {state_.shared_from_this(), &state_.fields[field->index]};
+    out = {state_.Shared(), &state_.fields[field->index]};
   });
 }
 
@@ -156,7 +156,7 @@ Status FieldsObject::NewEnum(std::vector<std::shared_ptr<Ifield>>& out) {
                           [&] { return CallName("Ifields.NewEnum", std::to_string(table_.number)); });
     std::vector<std::shared_ptr<Ifield>> all;
     for (const SchemaField& field : state_.GetSchema().FieldsOf(table_)) {
-      all.emplace_back(state_.shared_from_this(), &state_.fields[field.index]);
+      all.emplace_back(state_.Shared(), &state_.fields[field.index]);
     }
     out = std::move(all);
   });
@@ -184,7 +184,7 @@ Status TableObject::MaxRecords(RecordNr& out) {
 }
 
 Status TableObject::Fields(std::shared_ptr<Ifields>& out) {
-  return Call("Itable.Fields", [&] { out = {state_.shared_from_this(), &fields_}; });
+  return Call("Itable.Fields", [&] { out = {state_.Shared(), &fields_}; });
 }
 
 std::vector<const SchemaField*> TableObject::SortKeys(std::string_view key) const {
@@ -242,13 +242,13 @@ Status TablesObject::FieldExists(std::string_view name, Boolean& out) {
 Status TablesObject::Field(std::string_view name, std::shared_ptr<Ifield>& out) {
   return Border([&] {
     state_.monitor->Enter(CallGroup::Lookup, [&] { return CallName("Itables.Field", name); });
-    out = {state_.shared_from_this(), &state_.fields[state_.FieldOf(name).index]};
+    out = {state_.Shared(), &state_.fields[state_.FieldOf(name).index]};
   });
 }
 
 Status TablesObject::Table(std::string_view tableId, std::shared_ptr<Itable>& out) {
   return Border([&] {
     state_.monitor->Enter(CallGroup::Lookup, [&] { return CallName("Itables.Table", tableId); });
-    out = {state_.shared_from_this(), &state_.tables[state_.TableOf(tableId).index]};
+    out = {state_.Shared(), &state_.tables[state_.TableOf(tableId).index]};
   });
 }

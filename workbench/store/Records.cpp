@@ -90,7 +90,7 @@ Variant& Records::Cell(const SchemaField& field, RecordNr record) const {
     if (record < 1 || record > content.count) RaiseNoRecord(field.id, record, content.count);
     content.CloseUp();
   }
-  return content.columns[ColumnOf(field)][static_cast<std::size_t>(record - 1)];
+  return content.columns[field.column][static_cast<std::size_t>(record - 1)];
 }
 
 const Variant& Records::Get(const SchemaField& field, RecordNr record) const { return Cell(field, record); }
@@ -130,7 +130,7 @@ void Records::Insert(const SchemaTable& table, RecordNr record) {
   CheckCapacity(table, newCount);
   TableContent& content = ContentToChange(table);
   for (const SchemaField& field : schema_->FieldsOf(table)) {
-    auto& values = content.columns[ColumnOf(field)];
+    auto& values = content.columns[field.column];
     values.insert(values.begin() + (record - 1), NewValueOf(field));
   }
   content.count = content.inPlace = newCount;
@@ -155,7 +155,7 @@ void Records::SetCount(const SchemaTable& table, RecordNr count) {
   CheckCapacity(table, count);
   TableContent& content = ContentToChange(table);
   for (const SchemaField& field : schema_->FieldsOf(table)) {
-    content.columns[ColumnOf(field)].resize(static_cast<std::size_t>(count), NewValueOf(field));
+    content.columns[field.column].resize(static_cast<std::size_t>(count), NewValueOf(field));
   }
   content.count = content.inPlace = count;
 }

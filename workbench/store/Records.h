@@ -48,7 +48,7 @@ class Records {
   RecordNr Count(const SchemaTable& table) const { return tables_[table.index].count; }
   /// By record, from index 0.
   const std::vector<Variant>& Values(const SchemaField& field) const {
-    return Closed(field.tableIndex).columns[ColumnOf(field)];
+    return Closed(field.tableIndex).columns[field.column];
   }
   const Variant& Get(const SchemaField& field, RecordNr record) const;
   void Set(const SchemaField& field, RecordNr record, Variant value);
@@ -72,10 +72,6 @@ class Records {
   void SetListener(WriteListener* listener) { listener_ = listener; }
 
   const TableContent& ContentOf(const SchemaTable& table) const { return Closed(table.index); }
-  /// The place of the field's values among the columns of its table.
-  std::size_t ColumnOf(const SchemaField& field) const {
-    return field.index - schema_->TableOf(field).firstField;
-  }
 
   /// Whether the content is in the shape of the forms: new records take defaults in the shown unit.
   bool IsOnForms() const { return isOnForms_; }
