@@ -2,7 +2,8 @@
 # Fuzzes with libFuzzer under the sanitizers: scripts/fuzz.sh [SECONDS [TARGET...]], 20 seconds for each of all
 # targets unless told; scripts/fuzz.sh 14400 runs for hours. Replays the committed corpora first. What it finds goes
 # into build-sanitize/fuzz-work. With --merge first of all it does nothing but take over what earlier runs found into
-# the committed corpora, minimised. Exit code 1: a crash.
+# the committed corpora, minimised. With FUZZ_SEED set the search goes the same way in each run, as far as the time
+# reaches; else another one each time. Exit code 1: a crash.
 set -u
 ROOT=$(cd "$(dirname "$0")/.." && pwd)
 . "$ROOT/scripts/setup.sh"
@@ -29,7 +30,8 @@ targets=("$@")
 # options_of TARGET: how the target is run, with the lines of fuzz/TARGET.options, which win. What the target prints
 # is not kept: a tier in a session shows many boxes.
 options_of() {
-  printf '%s\n' -close_fd_mask=3 -max_len=$MOST_BYTES -timeout=30 -rss_limit_mb=4096 "-artifact_prefix=$WORK/$1-"
+  printf '%s\n' -close_fd_mask=3 -max_len=$MOST_BYTES -timeout=30 -rss_limit_mb=4096 "-artifact_prefix=$WORK/$1-" \
+    "-seed=${FUZZ_SEED:-0}"
   [ ! -f "$ROOT/fuzz/$1.dict" ] || echo "-dict=$ROOT/fuzz/$1.dict"
   [ ! -f "$ROOT/fuzz/$1.options" ] || cat "$ROOT/fuzz/$1.options"
 }

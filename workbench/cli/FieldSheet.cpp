@@ -1,5 +1,7 @@
 #include "workbench/cli/FieldSheet.h"
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -10,6 +12,7 @@
 #include "workbench/cli/Report.h"
 #include "workbench/cli/TextTable.h"
 #include "workbench/cli/Workplace.h"
+#include "workbench/files/TabbedFile.h"
 #include "workbench/jobs/ComboList.h"
 #include "workbench/jobs/Control.h"
 #include "workbench/jobs/Forms.h"
@@ -110,8 +113,24 @@ class FieldSheet {
     if (items.empty()) return;
     out << (list_ ? "  Its list in a new personality (see: kd4410 combo FILE UIID):\n" : "  Its codes:\n");
     TextTable table({{"", TextTable::Align::Right}, {""}});
-    for (const ComboItem& item : items) table.Add({item.code ? CStr(*item.code) : "", item.text});
+    for (auto item = items.begin(); item != items.end();) {
+      const auto end = EndOfRun(item, items.end());
+      const bool isRun = end - item > 1;
+      table.Add({item->code ? CStr(*item->code) : "",
+                 isRun ? item->text + " to " + std::prev(end)->text : item->text});
+      item = end;
+    }
     table.Print(out, 4);
+  }
+  using Item = std::vector<ComboItem>::const_iterator;
+  /// Behind the numbers, one above the other, that begin with the item and have no codes; behind the item
+  /// where that are none.
+  static Item EndOfRun(Item item, Item last) {
+    const auto number = [](const ComboItem& of) { return of.code ? std::nullopt : ParseInteger(of.text); };
+    const Item end = std::adjacent_find(item, last, [&](const ComboItem& one, const ComboItem& next) {
+      return !number(one) || number(next) != std::int64_t{*number(one)} + 1;
+    });
+    return end == last ? last : std::next(end);
   }
 
   const SchemaField& field_;

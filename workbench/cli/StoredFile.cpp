@@ -42,7 +42,7 @@ StoredFile::StoredFile(Workplace& workplace, AtomicFile& file, OnDamage onDamage
   if (damages_.empty()) return;
   Locate();
   workplace.damaged = std::make_shared<const FileError>(ErrorOf(name_, damages_.front(), ""));
-  if (onDamage == OnDamage::Warn) std::cerr << workplace.prefix << WarningText() << '\n';
+  if (onDamage == OnDamage::Warn) std::cerr << workplace.prefix << WarningText(file.Word()) << '\n';
   if (onDamage == OnDamage::Refuse) Refuse();
   if (onDamage == OnDamage::Repair) RepairBy(workplace, messenger);
 }
@@ -54,11 +54,11 @@ void StoredFile::Locate() {
   for (std::size_t i = 0; i < lines.size(); ++i) damages_[i].line = lines[i];
 }
 
-std::string StoredFile::WarningText() const {
+std::string StoredFile::WarningText(const std::string& word) const {
   const Damage& first = damages_.front();
-  const std::string name = Printable::Text(name_);
-  return name + ": damaged: " + CountOf(damages_.size()) + ", the first at line " +
-         std::to_string(first.line) + ", " + first.place.Path() + "; see kd4410 check " + name;
+  return Printable::Text(name_) + ": damaged: " + CountOf(damages_.size()) + ", the first at line " +
+         std::to_string(first.line) + ", " + first.place.Path() + "; see kd4410 check " +
+         Printable::Text(word);
 }
 
 void StoredFile::Refuse() const {
@@ -72,8 +72,8 @@ void StoredFile::Refuse() const {
   throw ErrorOf(
       name_, damages_.front(),
       more +
-          "; a save would write what opening makes of it: --repair has it do so and lists it, kd4410 "
-          "check tells it before");
+          "; a save writes what opening makes of such a file: --repair has it do so and lists what that "
+          "mends and what stays damaged, as kd4410 check tells before");
 }
 
 void StoredFile::RaiseNotOpened(const TierFault& fault) const {

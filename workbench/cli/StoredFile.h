@@ -74,7 +74,7 @@ class StoredFile {
   int LineOf(const PersonalityFile::Place& place) const;
   [[noreturn]] void Refuse() const;
   void Locate();
-  std::string WarningText() const;
+  std::string WarningText(const std::string& word) const;
   void RepairBy(Workplace& workplace, const std::shared_ptr<RecordingMessenger>& messenger);
 
   std::string name_;

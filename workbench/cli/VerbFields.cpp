@@ -66,12 +66,17 @@ void Take(Words& words, FieldsArguments& given) {
   words.Flag("--names", given.names, "The UIIDs alone, one a line");
 }
 
-ExitCode ListNames(const Schema& schema, const std::string& upperFilter, Workplace& workplace) {
+std::vector<std::string> UiidsWith(const Schema& schema, const std::string& upperFilter) {
   std::vector<std::string> names;
   for (const SchemaField& field : schema.Fields()) {
     std::ranges::copy_if(field.uiids, std::back_inserter(names),
                          [&](const std::string& uiid) { return Contains(uiid, upperFilter); });
   }
+  return names;
+}
+
+ExitCode ListNames(const Schema& schema, const std::string& upperFilter, Workplace& workplace) {
+  const std::vector<std::string> names = UiidsWith(schema, upperFilter);
   workplace.Tell(
       [&] {
         return Json({{"names", names}});
@@ -134,7 +139,7 @@ ExitCode ListFields(const FieldsArguments& arguments, Workplace& workplace) {
   }
   if (list.IsEmpty()) {
     throw UsageError("no field of version " + schema->Version() + " has " + Printable::Quoted(filter) +
-                     " in it");
+                     " in it" + TypedNames::Suggestion(filter, UiidsWith(*schema, "")));
   }
   workplace.Tell(
       [&] {

@@ -172,6 +172,17 @@ void FileAndSave(Edited& edited, OpenedFile& opened, const ComparedPersonality& 
   edited.filed = Report::FiledBy(opened.Save(document));
 }
 
+EditResult EditedIn(Session& session, const SchemaField& field, const std::string& uiid,
+                    const EditArguments& arguments) {
+  const Forms::Current* shown = Forms::PointedOutBy(field);
+  if (shown == nullptr) return session.Edit(field, uiid, arguments.record, arguments.value);
+  EditResult result;
+  result.before = result.now = session.Content().Get(field, arguments.record);
+  result.refusal = "it says which record the forms show, and no file holds it; --" +
+                   std::string(shown->word) + " N shows another one";
+  return result;
+}
+
 ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
   const std::shared_ptr<RecordingMessenger> messenger = workplace.Messenger();
   OpenedFile opened(workplace, arguments.file, messenger, arguments.dryRun ? Purpose::Read : Purpose::Save,
@@ -191,7 +202,7 @@ ExitCode Set(const EditArguments& arguments, Workplace& workplace) {
 
   messenger->Clear();
   Edited edited{arguments, field, uiid, opened.Stored().Repaired(),
-                session.Edit(field, uiid, arguments.record, arguments.value)};
+                EditedIn(session, field, uiid, arguments)};
   const std::vector<Shown> boxes = messenger->Boxes();
   edited.isOther = boxes.empty() && edited.result.IsOther(field);
   if (edited.IsGranted()) FileAndSave(edited, opened, before);

@@ -40,6 +40,8 @@ class AtomicFile {
 
   /// As given on construction; "standard input" for "-".
   const std::string& Name() const { return name_; }
+  /// The word that stands for it on a command line.
+  const std::string& Word() const { return IsStandardInput(path_) ? path_ : name_; }
   static bool IsStandardInput(std::string_view path) { return path == "-"; }
   bool Exists() const;
   std::string Read();

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "platform/Conversions.h"
-#include "workbench/jobs/Forms.h"
 #include "workbench/schema/Schema.h"
+#include "workbench/store/LastingOrder.h"
 #include "workbench/store/Provider.h"
 #include "workbench/store/ValueText.h"
 
@@ -82,16 +82,18 @@ bool IsSame(const SchemaTable& table, const Provider& a, const Provider& b) {
 
 bool IsOnForms(const SchemaField& field) { return !field.IsRaw() || !field.uiids.empty(); }
 
-/// Empty for a record that is not there.
-Variant ValueIn(const Provider& content, const SchemaField& field, RecordNr record) {
-  return record > content.Count(field.table) ? Variant() : content.Get(field, record);
+/// What the content holds where the forms have the record; Empty where it has none.
+Variant ValueIn(const Provider& content, const FiledEdit& edit, const SchemaField& field, RecordNr record) {
+  const SchemaTable& table = content.GetSchema().TableOf(field);
+  const RecordNr place = LastingOrder::SamePlace(edit.forms, record, content, table);
+  return place == 0 ? Variant() : content.Get(field, place);
 }
 
 /// No value for one that comes back.
 std::optional<LostValue> LostIn(const FiledEdit& edit, const SchemaField& field, RecordNr record) {
   if (record > edit.forms.Count(field.table)) return {};  // the edit has deleted it
-  LostValue value{&field, record, ValueIn(*edit.before.forms, field, record), edit.forms.Get(field, record),
-                  ValueIn(*edit.after.forms, field, record)};
+  LostValue value{&field, record, ValueIn(*edit.before.forms, edit, field, record),
+                  edit.forms.Get(field, record), ValueIn(*edit.after.forms, edit, field, record)};
   if (!value.back.IsEmpty() && ValueText::ReadsTheSame(field, value.now, value.back)) return {};
   return value;
 }
@@ -151,10 +153,6 @@ std::vector<const SchemaTable*> LaidOutAnew(const Provider& before, const Provid
 }
 
 std::optional<LostValue> LostValueOf(const FiledEdit& edit) {
-  if (Forms::IsPointer(edit.field)) {  // no file holds what the forms show
-    const Variant& before = edit.before.forms->Get(edit.field, edit.record);
-    return LostValue{&edit.field, edit.record, before, edit.forms.Get(edit.field, edit.record), before};
-  }
   if (auto lost = LostIn(edit, edit.field, edit.record)) return lost;
   for (const Change& change : edit.others) {
     if (change.field == nullptr || !IsOnForms(*change.field)) continue;

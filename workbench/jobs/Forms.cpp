@@ -163,9 +163,10 @@ const Form* FormOf(const Control& control) {
 
 std::span<const Current> Currents() { return kCurrents; }
 
-bool IsPointer(const SchemaField& field) {
-  return std::ranges::any_of(kCurrents,
-                             [&](const Current& one) { return EqualsIgnoringCase(one.field, field.Name()); });
+const Current* PointedOutBy(const SchemaField& field) {
+  const auto* current = std::ranges::find_if(
+      kCurrents, [&](const Current& one) { return EqualsIgnoringCase(one.field, field.Name()); });
+  return current == std::end(kCurrents) ? nullptr : current;
 }
 
 const Current* ViewedBy(std::int32_t table) {

@@ -6,6 +6,7 @@
 
 #include "platform/Conversions.h"
 #include "platform/XArrayDBObject.h"
+#include "workbench/store/LastingOrder.h"
 #include "workbench/store/ProviderObjects.h"
 
 namespace {
@@ -74,16 +75,23 @@ void Journal::AddChanges(const SchemaTable& table, const TableContent& before,
     change.now = records.Count(table);
     return;
   }
+  std::vector<std::size_t> oldPlaces, places;
+  if (const SchemaField* grouping = LastingOrder::GroupingOf(records.GetSchema(), table)) {
+    oldPlaces = LastingOrder::Of(before.columns[grouping->column]);
+    places = LastingOrder::Of(records.Values(*grouping));
+  }
   for (const SchemaField& field : records.GetSchema().FieldsOf(table)) {
     const auto& old = before.columns[field.column];
     const auto& now = records.Values(field);
     for (std::size_t i = 0; i < now.size(); ++i) {
-      if (SameCell(old[i], now[i])) continue;
+      const std::size_t oldPlace = oldPlaces.empty() ? i : oldPlaces[i];
+      const std::size_t place = places.empty() ? i : places[i];
+      if (SameCell(old[oldPlace], now[place])) continue;
       Change& change = changes.emplace_back(table);
       change.field = &field;
-      change.record = static_cast<RecordNr>(i + 1);
-      change.before = old[i];
-      change.now = now[i];
+      change.record = static_cast<RecordNr>(place + 1);
+      change.before = old[oldPlace];
+      change.now = now[place];
     }
   }
 }

@@ -26,10 +26,19 @@ std::size_t Distance(std::string_view a, std::string_view b) {
   return row.back();
 }
 
+/// Without the ending that most names have and a person leaves out.
+std::string_view StemOf(std::string_view name) {
+  constexpr std::string_view kEnding = "_k6k";
+  const std::size_t end = name.size() - std::min(name.size(), kEnding.size());
+  return EqualsIgnoringCase(name.substr(end), kEnding) ? name.substr(0, end) : name;
+}
+
+std::size_t DistanceOfStems(std::string_view a, std::string_view b) { return Distance(StemOf(a), StemOf(b)); }
+
 bool IsLike(std::string_view known, std::string_view typed) {
   if (typed.size() >= 2 && FindIgnoringCase(known, typed) != std::string_view::npos) return true;
-  const std::size_t most = 1 + typed.size() / 4;
-  return typed.size() <= known.size() + most && Distance(known, typed) <= most;
+  const std::size_t most = 1 + StemOf(typed).size() / 4;
+  return StemOf(typed).size() <= known.size() + most && DistanceOfStems(known, typed) <= most;
 }
 
 /// All names by which a field of the schema can be called.
@@ -49,7 +58,7 @@ namespace TypedNames {
 std::string Suggestion(std::string_view typed, std::vector<std::string> names) {
   constexpr std::size_t kMost = 5;
   std::erase_if(names, [&](const std::string& name) { return !IsLike(name, typed); });
-  std::ranges::stable_sort(names, {}, [&](const std::string& name) { return Distance(name, typed); });
+  std::ranges::stable_sort(names, {}, [&](const std::string& name) { return DistanceOfStems(name, typed); });
   // Names that differ by their case alone are equally near.
   names.erase(std::unique(names.begin(), names.end(), EqualsIgnoringCase), names.end());
   if (names.size() > kMost) names.resize(kMost);

@@ -99,11 +99,9 @@ TEST_F(CommandLine, ARefusalOrADryRunLeavesTheFileAndTellsSo) {
 }
 
 TEST_F(CommandLine, AnEditThatASaveWouldLoseIsRefused) {
-  for (const char* uiid : {"FreeFormSequence5", "CurrentNetworkNr"}) {
-    const Outcome outcome = Run({"set", Sample("city-fleet"), uiid, "1", "2", "--dry-run"});
-    EXPECT_EQ(outcome.code, 1) << uiid;
-    EXPECT_THAT(outcome.out, HasSubstr("a save would lose the value")) << uiid;
-  }
+  const Outcome outcome = Run({"set", Sample("city-fleet"), "FreeFormSequence5", "1", "2", "--dry-run"});
+  EXPECT_EQ(outcome.code, 1);
+  EXPECT_THAT(outcome.out, HasSubstr("a save would lose the value"));
 }
 
 TEST_F(CommandLine, CheckListsAllFindingsEachOnce) {

@@ -59,6 +59,8 @@ TEST_F(HelpTest, WhatIsMisspelledIsGuessed) {
       {{"--jsn"}, "there is no option --jsn; did you mean --json?"},
       {{"set", file, "TxPower_k6k", "1", "-x"}, "goes behind \"--\""},
       {{"info", file, "more"}, "info takes no word \"more\""},
+      {{"fields", "chanelid"}, "has \"chanelid\" in it; did you mean ChannelID_k6k?"},
+      {{"set", file, "TxPowr", "1", "0"}, "did you mean TxPower_k6k?"},
       {{"add", file, "chanel"}, "did you mean channel"},
       {{"show", file, "chanels"}, "; did you mean channels"},
       {{"show", file, "net works"}, "; did you mean networks"},

@@ -45,7 +45,6 @@ TEST_F(SelcallCommands, WhatIsRefusedLeavesTheFile) {
       {"BurstSequence2_k6k", "9", "35E99", "yes", "the repeat tone 'E'"},
       {"BurstSequence2_k6k", "9", "35101", "yes", "must be unique"},
       {"BurstSequence3_k6k", "12", "100", "yes", "between 0 and 99 or V"},
-      {"CurrentSelcallNumber", "1", "1", "yes", ""},
       {"BurstSequence2_k6k", "9",
        "3\xC3\xA4"
        "999",
@@ -63,6 +62,22 @@ TEST_F(SelcallCommands, WhatIsRefusedLeavesTheFile) {
   }
   EXPECT_EQ(Run({"set", file, "BurstSequence5_k6k", "6", "123"}), ExitCode::CouldNot);
   EXPECT_THAT(messages, HasSubstr("record 6 is outside 1..5, the records of table 1106"));
+  EXPECT_EQ(Run({"set", file, "CurrentSelcallNumber", "1", "1"}), ExitCode::No);
+  EXPECT_THAT(out.str(), HasSubstr("no file holds it; --selcall N shows another one\nThe file is as"));
+}
+
+TEST_F(SelcallCommands, TheOrderInWhichSystemsWereShownIsNoChange) {
+  // Each of the four systems has statuses, and a burst of any kind in slot 3.
+  for (const char* system : {"1", "2", "3", "4"}) {
+    EXPECT_EQ(Run({"set", Sample("full"), "BurstSequence5_k6k", "3", "15", "--selcall", system, "--dry-run"}),
+              ExitCode::Done);
+    EXPECT_THAT(out.str(), testing::Not(HasSubstr("1111."))) << system;
+    EXPECT_EQ(Run({"set", Sample("full"), "ControlStatusType", "1", "3", "--selcall", system, "--answer",
+                   "yes", "--dry-run"}),
+              ExitCode::Done)
+        << out.str();
+    EXPECT_THAT(out.str(), AllOf(HasSubstr("15 -> 3\n"), HasSubstr("3 -> 15\n"))) << system;
+  }
 }
 
 TEST_F(SelcallCommands, CapitalsAreMadeOfSmallTonesAndAWordForNoneEmptiesASequence) {

@@ -48,6 +48,7 @@ TEST_F(WordCommands, EveryVerbTellsACodeByItsWord) {
        "/field/enabledWhen",
        R"("Signalling On PTT Release is Auto Over Beep")"},
       {{"fields", "EmChannel"}, "Control  list\n", "/field/entries", "[]"},
+      {{"fields", "ChannelID_k6k"}, ":\n      1 to 999\n", "/field/entries/998", R"({"item": "999"})"},
       {{"enabled", city, "EmCalloutNumber", "2", "--why"},
        "Callout Type is Fixed Number                    2  Disabled  no\n",
        "/why/readings/2/word",

@@ -100,7 +100,8 @@ class GridWalk : public testing::TestWithParam<const char*> {
     const auto controls = Forms::Controls(open->session);
     const Control& control = controls[static_cast<std::size_t>(Below(static_cast<int>(controls.size())))];
     const RecordNr count = open->content->Count(control.field.table);
-    if (count == 0 || Forms::IsPointer(control.field) || IsShownAlone(control.uiid)) return false;
+    if (count == 0 || Forms::PointedOutBy(control.field) != nullptr || IsShownAlone(control.uiid))
+      return false;
     const RecordNr record = AnyOf(count);
     const std::string typed =
         Below(2) == 0 ? CStr(Below(20)) : CStr(open->content->Get(control.field, AnyOf(count)));
