@@ -72,7 +72,8 @@ struct Current {
 /// The table that a save keeps in place of a view that no conversion takes back; of any other table itself.
 std::int32_t TableBehind(std::int32_t table);
 std::span<const Current> Currents();
-/// What the forms show by the number that the field holds; null for a field of another kind. No file holds it.
+/// What the forms show by the number that the field holds; null for a field of another kind. No file holds
+/// it.
 const Current* PointedOutBy(const SchemaField& field);
 /// What the forms turn to for a record of the table, or for the rows of a view; null for a table that they
 /// show as a whole.
